@@ -1,0 +1,31 @@
+# Flags shared by the program's own targets.
+add_library(orvelle_flags INTERFACE)
+target_compile_options(orvelle_flags INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)
+
+# Generated QML code shadows names; the views' own code is still checked for everything else.
+add_library(orvelle_qml_flags INTERFACE)
+target_compile_options(orvelle_qml_flags INTERFACE -Wall -Wextra -Werror)
+
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    foreach(flags orvelle_flags orvelle_qml_flags)
+        target_compile_options(${flags} INTERFACE -fstack-protector-strong -D_FORTIFY_SOURCE=2
+            -fcf-protection -ffunction-sections -fdata-sections)
+        target_link_options(${flags} INTERFACE -Wl,-z,relro,-z,now -Wl,--gc-sections -Wl,--as-needed)
+    endforeach()
+endif()
+if(ORVELLE_SANITIZE)
+    add_compile_options(-fsanitize=${ORVELLE_SANITIZE} -fno-omit-frame-pointer
+        -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${ORVELLE_SANITIZE})
+endif()
+if(ORVELLE_COVERAGE)
+    add_compile_options(--coverage)
+    add_link_options(--coverage)
+endif()
+
+# orvelle_layer(NAME SOURCES... ): one layer of the program as a static library.
+function(orvelle_layer name)
+    add_library(${name} STATIC ${ARGN})
+    target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+    target_link_libraries(${name} PRIVATE orvelle_flags)
+endfunction()

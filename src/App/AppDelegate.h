@@ -1,0 +1,94 @@
+#pragma once
+
+#include "Core/HoverLayoutManager.h"
+#include "Core/NotchEnvironment.h"
+#include "Core/NotchWindow/NotchWindowController.h"
+#include "Core/PanelOrderManager.h"
+#include "Core/PluginRegistry.h"
+#include "Core/ViewHost.h"
+#include "Features/Battery/BatteryManager.h"
+#include "Features/Calendar/CalendarManager.h"
+#include "Features/Clipboard/ClipboardManager.h"
+#include "Features/FileShelf/FileShelfManager.h"
+#include "Features/HUD/HUDManager.h"
+#include "Features/Media/MediaManager.h"
+#include "Features/Mirror/MirrorManager.h"
+#include "Features/Notes/NotesManager.h"
+#include "Features/Pomodoro/PomodoroManager.h"
+#include "Features/StockTicker/StockTickerManager.h"
+#include "Features/SystemMonitor/SystemMonitorManager.h"
+#include "Features/Theme/ThemeManager.h"
+#include "Features/Time/TimeManager.h"
+#include "Features/Todo/TodoManager.h"
+#include "Features/UpdateChecker/UpdateChecker.h"
+#include "Features/Weather/WeatherManager.h"
+#include "Models/NotchState.h"
+#include "Platform/Application.h"
+#include "Platform/Log.h"
+#include "Platform/Platform.h"
+
+#include <memory>
+
+namespace orvelle {
+
+/// Owns every long-lived object of the process, and starts and stops all of it.
+class AppDelegate {
+public:
+    explicit AppDelegate(ViewHost& views, Platform& platform = Platform::shared());
+
+private:
+    ViewHost& views_;
+    Platform& platform_;
+    Logger log_;
+
+public:
+    // Built in this order, once, for the life of the process.
+    NotchState notchState;
+    UpdateChecker updateChecker;
+    MediaManager mediaManager;
+    FileShelfManager fileShelfManager;
+    HUDManager hudManager; ///< without a notch state: its level display stays off the panel
+    CalendarManager calendarManager;
+    BatteryManager batteryManager;
+    ClipboardManager clipboardManager;
+    SystemMonitorManager systemMonitorManager;
+    WeatherManager weatherManager;
+    PomodoroManager pomodoroManager;
+    TodoManager todoManager;
+    NotesManager notesManager;
+    StockTickerManager stockTickerManager;
+    TimeManager timeManager;
+    ThemeManager themeManager;
+    MirrorManager mirrorManager;
+    HoverLayoutManager hoverLayoutManager;
+    PanelOrderManager panelOrderManager;
+    PluginRegistry pluginRegistry;
+
+    std::unique_ptr<NotchWindowController> notchWindowController;
+
+    void applicationDidFinishLaunching();
+    void applicationWillTerminate();
+
+    /// Opens the panel, as a second start of the program asks the first to.
+    void showNotch();
+
+    NotchEnvironment environment();
+
+private:
+    void setupStatusBar();
+    void showOnboarding();
+    void onboardingCompleted(bool setupIsDue);
+    void completeSetup();
+    void setupNotchWindow();
+    void applyFeatureDefaults();
+    void startAllFeatures();
+    void stopFeatures();
+    void observeRequireRealNotch();
+    void followRequireRealNotch();
+    void showNoScreenAlert();
+
+    Subscription requireRealNotchObserver_;
+    Lifetime lifetime_;
+};
+
+} // namespace orvelle

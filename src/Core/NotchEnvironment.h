@@ -1,0 +1,47 @@
+#pragma once
+
+namespace orvelle {
+
+class BatteryManager;
+class CalendarManager;
+class ClipboardManager;
+class FileShelfManager;
+class HoverLayoutManager;
+class HUDManager;
+class MediaManager;
+class MirrorManager;
+class NotchState;
+class NotesManager;
+class PanelOrderManager;
+class PomodoroManager;
+class StockTickerManager;
+class SystemMonitorManager;
+class ThemeManager;
+class TimeManager;
+class TodoManager;
+class WeatherManager;
+
+/// What the notch's window and views share. The application owns all of it for the life of the
+/// process.
+struct NotchEnvironment {
+    NotchState& notchState;
+    MediaManager& mediaManager;
+    FileShelfManager& fileShelfManager;
+    HUDManager& hudManager;
+    CalendarManager& calendarManager;
+    BatteryManager& batteryManager;
+    ClipboardManager& clipboardManager;
+    SystemMonitorManager& systemMonitorManager;
+    WeatherManager& weatherManager;
+    PomodoroManager& pomodoroManager;
+    TodoManager& todoManager;
+    NotesManager& notesManager;
+    StockTickerManager& stockTickerManager;
+    TimeManager& timeManager;
+    ThemeManager& themeManager;
+    MirrorManager& mirrorManager;
+    HoverLayoutManager& hoverLayoutManager;
+    PanelOrderManager& panelOrderManager;
+};
+
+} // namespace orvelle

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Models/ShelfItem.h"
+#include "Platform/Platform.h"
+#include "Platform/RunLoop.h"
+#include "Protocols/PluginProtocol.h"
+
+#include <vector>
+
+namespace orvelle {
+
+/// A temporary tray of files in the notch.
+class FileShelfManager : public FeatureModule {
+public:
+    explicit FileShelfManager(Platform& platform = Platform::shared());
+
+    Published<std::vector<ShelfItem>> items; ///< in order of adding
+    Timer cleanupTimer;                      ///< every 300 s
+
+    /// Lets go of the items whose time is over.
+    void cleanupExpired();
+
+private:
+    Platform& platform_;
+};
+
+} // namespace orvelle

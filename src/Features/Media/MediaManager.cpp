@@ -1,0 +1,21 @@
+#include "Features/Media/MediaManager.h"
+
+#include "Models/Symbol.h"
+#include "Platform/NowPlayingService.h"
+
+namespace orvelle {
+
+MediaManager::MediaManager(Platform& platform)
+    : FeatureModule("media", "Now Playing", std::string("music.note"_symbol), true,
+                    [this](const bool& enabled) { enabled ? start() : stop(); }),
+      platform_(platform) {}
+
+void MediaManager::nextTrack() {
+    platform_.nowPlaying().sendCommand(NowPlayingService::nextTrack);
+}
+
+void MediaManager::previousTrack() {
+    platform_.nowPlaying().sendCommand(NowPlayingService::previousTrack);
+}
+
+} // namespace orvelle

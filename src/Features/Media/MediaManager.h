@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Models/MediaInfo.h"
+#include "Platform/Platform.h"
+#include "Protocols/PluginProtocol.h"
+
+namespace orvelle {
+
+/// Knows what is playing on the machine, and controls it.
+class MediaManager : public FeatureModule {
+public:
+    explicit MediaManager(Platform& platform = Platform::shared());
+
+    Published<MediaInfo> currentMedia;
+    Published<bool> isLoved{false};
+
+    void nextTrack();
+    void previousTrack();
+
+private:
+    Platform& platform_;
+};
+
+} // namespace orvelle

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace orvelle {
+
+/// Every symbol that the program draws. `glyph` is the icon set's name for it; an empty one stands
+/// for a drawing of our own, the file of the symbol's name in Views/Symbols. The build reads this
+/// table to embed the drawings, so each row keeps its one-line form.
+struct SymbolRow {
+    std::string_view name;
+    std::string_view glyph;
+};
+
+inline constexpr SymbolRow symbolTable[] = {
+    // clang-format off
+    {"arrow.down", "arrow_down"},
+    {"arrow.up", "arrow_up"},
+    {"backward.fill", "backward_fill"},
+    {"battery.0", "battery_0"},
+    {"battery.100", "battery_100"},
+    {"battery.100.bolt", ""},
+    {"battery.25", "battery_25"},
+    {"battery.50", ""},
+    {"battery.75", ""},
+    {"calendar", "calendar"},
+    {"chart.line.uptrend.xyaxis", ""},
+    {"checklist", ""},
+    {"clock", "clock"},
+    {"cloud.bolt.rain.fill", "cloud_bolt_rain_fill"},
+    {"cloud.drizzle.fill", "cloud_drizzle_fill"},
+    {"cloud.fill", "cloud_fill"},
+    {"cloud.fog.fill", "cloud_fog_fill"},
+    {"cloud.heavyrain.fill", "cloud_heavyrain_fill"},
+    {"cloud.moon.fill", "cloud_moon_fill"},
+    {"cloud.rain.fill", "cloud_rain_fill"},
+    {"cloud.sleet.fill", "cloud_sleet_fill"},
+    {"cloud.snow.fill", "cloud_snow_fill"},
+    {"cloud.sun", "cloud_sun"},
+    {"cloud.sun.fill", "cloud_sun_fill"},
+    {"cpu", ""},
+    {"doc.on.clipboard", "doc_on_clipboard"},
+    {"folder", "folder"},
+    {"forward.fill", "forward_fill"},
+    {"gauge.with.dots.needle.0percent", ""},
+    {"gear", "gear"},
+    {"keyboard.badge.ellipsis", ""},
+    {"memorychip", ""},
+    {"moon.fill", "moon_fill"},
+    {"moon.stars.fill", "moon_stars_fill"},
+    {"music.note", "music_note"},
+    {"note.text", ""},
+    {"pause.fill", "pause_fill"},
+    {"person.crop.square", "person_crop_square"},
+    {"play.fill", "play_fill"},
+    {"powerplug.fill", ""},
+    {"questionmark.circle", "question_circle"},
+    {"speaker.slash.fill", "speaker_slash_fill"},
+    {"speaker.wave.2", "speaker_2"},
+    {"speaker.wave.2.fill", "speaker_2_fill"},
+    {"sun.max.fill", "sun_max_fill"},
+    {"sun.min.fill", "sun_min_fill"},
+    {"thermometer.medium", "thermometer"},
+    {"timer", "timer"},
+    {"tray.fill", "tray_fill"},
+    // clang-format on
+};
+
+constexpr bool isKnownSymbol(std::string_view name) {
+    for (const auto& row : symbolTable)
+        if (row.name == name)
+            return true;
+    return false;
+}
+
+/// Called only for an unknown symbol, and not constant, so that such a name does not compile.
+void symbolIsNotInTheTable();
+
+consteval std::string_view operator""_symbol(const char* text, std::size_t length) {
+    if (!isKnownSymbol({text, length}))
+        symbolIsNotInTheTable();
+    return {text, length};
+}
+
+} // namespace orvelle

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Platform/Formatting.h"
+
+namespace orvelle {
+
+/// The locale data of ICU, which every desktop carries.
+class IcuFormatting : public Formatting {
+public:
+    /// Empty texts stand for the user's own locale (from the environment) and zone (the system's,
+    /// read again whenever it is asked for).
+    explicit IcuFormatting(std::string locale = {}, std::string zone = {});
+
+    TimeZone currentTimeZone() const override;
+    std::optional<TimeZone> timeZone(const std::string& identifier) const override;
+    int secondsFromGMT(const TimeZone& zone, Date date) const override;
+    std::optional<std::string> standardName(const TimeZone& zone) const override;
+    std::string date(Date date, const std::string& pattern, const TimeZone& zone) const override;
+    std::string memoryByteCount(std::uint64_t bytes) const override;
+
+    void setCurrentTimeZone(std::string zone) { zone_ = std::move(zone); }
+
+private:
+    std::string locale_;
+    std::string zone_;
+};
+
+} // namespace orvelle

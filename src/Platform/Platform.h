@@ -1,0 +1,53 @@
+#pragma once
+
+namespace orvelle {
+
+class Appearance;
+class Application;
+class EventMonitors;
+class FileSystem;
+class Formatting;
+class HostStatistics;
+class LogSink;
+class NowPlayingService;
+class PanelWindows;
+class PowerSources;
+class ProcessLauncher;
+class RunLoop;
+class Screens;
+class SMCService;
+class UserDefaults;
+class UserNotifications;
+class Workspace;
+
+/// Everything that the program needs of the machine it runs on: one port each. Ports outlive all
+/// who use them.
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    virtual Appearance& appearance() = 0;
+    virtual Application& application() = 0;
+    virtual EventMonitors& eventMonitors() = 0;
+    virtual FileSystem& fileSystem() = 0;
+    virtual Formatting& formatting() = 0;
+    virtual HostStatistics& hostStatistics() = 0;
+    virtual LogSink& log() = 0;
+    virtual NowPlayingService& nowPlaying() = 0;
+    virtual PanelWindows& panelWindows() = 0;
+    virtual PowerSources& powerSources() = 0;
+    virtual ProcessLauncher& processLauncher() = 0;
+    virtual RunLoop& runLoop() = 0;
+    virtual Screens& screens() = 0;
+    virtual SMCService& smc() = 0;
+    virtual UserDefaults& userDefaults() = 0;
+    virtual UserNotifications& userNotifications() = 0;
+    virtual Workspace& workspace() = 0;
+
+    /// The process's platform, which constructors take when they are given none. The composition
+    /// root sets it before it builds anything; using it earlier is a programming error and aborts.
+    static Platform& shared();
+    static void setShared(Platform* platform);
+};
+
+} // namespace orvelle

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Platform/Icu/IcuFormatting.h"
+#include "Platform/Platform.h"
+#include "Platform/Simulated/SimulatedMachine.h"
+#include "Platform/Simulated/SimulatedRunLoop.h"
+#include "Platform/Simulated/SimulatedUserDefaults.h"
+#include "Platform/Simulated/SimulatedWindows.h"
+
+namespace orvelle {
+
+/// A machine for tests: every port is scripted, time is virtual, texts are English in New York.
+class SimulatedPlatform : public Platform {
+public:
+    SimulatedAppearance appearancePort;
+    SimulatedApplication applicationPort;
+    SimulatedEventMonitors eventMonitorsPort;
+    SimulatedFileSystem fileSystemPort;
+    IcuFormatting formattingPort{"en_US", "America/New_York"};
+    SimulatedHostStatistics hostStatisticsPort;
+    SimulatedLog logPort;
+    SimulatedNowPlayingService nowPlayingPort;
+    SimulatedPanelWindows panelWindowsPort;
+    SimulatedPowerSources powerSourcesPort;
+    SimulatedProcessLauncher processLauncherPort;
+    SimulatedRunLoop runLoopPort;
+    SimulatedScreens screensPort;
+    SimulatedSMCService smcPort;
+    SimulatedUserDefaults userDefaultsPort;
+    SimulatedUserNotifications userNotificationsPort;
+    SimulatedWorkspace workspacePort;
+
+    Appearance& appearance() override { return appearancePort; }
+    Application& application() override { return applicationPort; }
+    EventMonitors& eventMonitors() override { return eventMonitorsPort; }
+    FileSystem& fileSystem() override { return fileSystemPort; }
+    Formatting& formatting() override { return formattingPort; }
+    HostStatistics& hostStatistics() override { return hostStatisticsPort; }
+    LogSink& log() override { return logPort; }
+    NowPlayingService& nowPlaying() override { return nowPlayingPort; }
+    PanelWindows& panelWindows() override { return panelWindowsPort; }
+    PowerSources& powerSources() override { return powerSourcesPort; }
+    ProcessLauncher& processLauncher() override { return processLauncherPort; }
+    RunLoop& runLoop() override { return runLoopPort; }
+    Screens& screens() override { return screensPort; }
+    SMCService& smc() override { return smcPort; }
+    UserDefaults& userDefaults() override { return userDefaultsPort; }
+    UserNotifications& userNotifications() override { return userNotificationsPort; }
+    Workspace& workspace() override { return workspacePort; }
+};
+
+} // namespace orvelle
