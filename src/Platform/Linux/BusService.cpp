@@ -18,8 +18,8 @@ Subscription withBus(RunLoop& runLoop, BusProvider bus,
 }
 
 void callBus(const QDBusConnection& connection, const QDBusMessage& call, QObject* context,
-             std::function<void(const QDBusMessage&)> done) {
-    auto* watcher = new QDBusPendingCallWatcher(connection.asyncCall(call), context);
+             std::function<void(const QDBusMessage&)> done, int timeout) {
+    auto* watcher = new QDBusPendingCallWatcher(connection.asyncCall(call, timeout), context);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context,
                      [done = std::move(done)](QDBusPendingCallWatcher* finished) {
                          finished->deleteLater();

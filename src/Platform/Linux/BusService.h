@@ -20,9 +20,9 @@ using BusProvider = std::function<QDBusConnection()>;
                                    std::function<void(QDBusConnection)> ready);
 
 /// Sends a call without waiting. The reply or the error comes to `done` on the main thread, unless
-/// `context` is gone by then.
+/// `context` is gone by then. Silence is an error after `timeout` milliseconds.
 void callBus(const QDBusConnection& connection, const QDBusMessage& call, QObject* context,
-             std::function<void(const QDBusMessage&)> done);
+             std::function<void(const QDBusMessage&)> done, int timeout = 25000);
 
 /// One service on a bus, followed through its absence, its restarts and its silence. Nothing is
 /// asked of the bus before `start`, and nothing here waits. Main thread only.

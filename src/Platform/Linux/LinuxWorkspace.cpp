@@ -2,7 +2,6 @@
 
 #include <QProcess>
 #include <QStandardPaths>
-#include <QStringList>
 #include <QUrl>
 
 #include <string_view>

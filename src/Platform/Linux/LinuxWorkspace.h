@@ -4,6 +4,7 @@
 #include "Platform/Workspace.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <set>
 

@@ -62,8 +62,8 @@ std::optional<Color> parseKdeAccent(std::string_view kdeglobals) {
             if (!number || *number < 0 || *number > 255)
                 return std::nullopt;
             component = static_cast<double>(*number) / 255;
-            line.remove_prefix(std::min(
-                line.find(',') == line.npos ? line.size() : line.find(',') + 1, line.size()));
+            const auto comma = line.find(',');
+            line = comma == line.npos ? std::string_view() : line.substr(comma + 1);
         }
         return Color{part[0], part[1], part[2]};
     }

@@ -30,8 +30,8 @@ SessionLock::SessionLock(RunLoop& runLoop, LogSink& log, BusProvider systemBus,
       sessionBus_(std::move(sessionBus)), sessionId_(std::move(sessionId)) {}
 
 void SessionLock::lock() {
-    systemConnecting_ = withBus(runLoop_, systemBus_,
-                                [this](const QDBusConnection& bus) { lockById(bus); });
+    systemConnecting_ =
+        withBus(runLoop_, systemBus_, [this](const QDBusConnection& bus) { lockById(bus); });
 }
 
 void SessionLock::lockById(const QDBusConnection& bus) {
@@ -71,8 +71,7 @@ void SessionLock::lockThroughScreenSaver() {
             QStringLiteral("org.freedesktop.ScreenSaver"), QStringLiteral("Lock"));
         callBus(bus, lock, this, [this](const QDBusMessage& reply) {
             if (reply.type() != QDBusMessage::ReplyMessage)
-                log_.error("Nothing here locks the screen: " +
-                           reply.errorMessage().toStdString());
+                log_.error("Nothing here locks the screen: " + reply.errorMessage().toStdString());
         });
     };
     sessionConnecting_ = withBus(runLoop_, sessionBus_, askScreenSaver);

@@ -64,7 +64,7 @@ UPowerPowerSources::UPowerPowerSources(RunLoop& runLoop, BusProvider systemBus,
                .forget =
                    [this] {
                        device_ = {};
-                       asking_ = false;
+                       question_ = Question::closed;
                    },
                .hear = [this](const QDBusMessage& signal) { hear(signal); }}) {}
 
@@ -74,8 +74,8 @@ std::optional<std::vector<std::optional<PowerSourceDescription>>> UPowerPowerSou
         battery = device_.battery();
     } else {
         upower_.start();
-        if (asked_ && !asking_)
-            ask(); // it failed to answer the last time
+        if (question_ == Question::closed)
+            ask(); // it failed to answer the last time, or has left
         const auto answer = SysfsPowerSupply::read(sysfsRoot_);
         if (!answer)
             return std::nullopt;
@@ -88,11 +88,10 @@ std::optional<std::vector<std::optional<PowerSourceDescription>>> UPowerPowerSou
 }
 
 void UPowerPowerSources::ask() {
-    asked_ = true;
-    asking_ = true;
+    question_ = Question::awaitingAnswer;
     upower_.call(displayDevice, propertiesInterface, QStringLiteral("GetAll"), {deviceInterface},
                  [this](const QDBusMessage& reply) {
-                     asking_ = false;
+                     question_ = Question::closed;
                      if (reply.type() == QDBusMessage::ReplyMessage)
                          device_.update(qdbus_cast<QVariantMap>(reply.arguments().value(0)));
                  });
@@ -103,7 +102,7 @@ void UPowerPowerSources::hear(const QDBusMessage& signal) {
     if (arguments.value(0).toString() != deviceInterface)
         return;
     device_.update(qdbus_cast<QVariantMap>(arguments.value(1)));
-    if (!arguments.value(2).toStringList().isEmpty() && !asking_)
+    if (!arguments.value(2).toStringList().isEmpty() && question_ == Question::closed)
         ask(); // some were only named as changed
 }
 

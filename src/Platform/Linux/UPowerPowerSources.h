@@ -35,13 +35,14 @@ private:
         std::optional<PowerReading> battery() const;
     };
 
+    enum class Question { notYet, awaitingAnswer, closed };
+
     void ask();
     void hear(const QDBusMessage& signal);
 
     std::string sysfsRoot_;
     Device device_;
-    bool asked_ = false;  ///< the bus is there
-    bool asking_ = false; ///< an answer is awaited
+    Question question_ = Question::notYet;
     BusService upower_;
 };
 
