@@ -39,7 +39,8 @@ void X11KeyFocus::giveBack() {
     const X11::ServerGrab grab;
     if (focusedWindow() != window_.winId())
         return;
-    const xcb_window_t target = isViewable(before) ? before : XCB_INPUT_FOCUS_POINTER_ROOT;
+    const xcb_window_t target =
+        isViewable(before) ? before : xcb_window_t{XCB_INPUT_FOCUS_POINTER_ROOT};
     xcb_set_input_focus(X11::connection(), XCB_INPUT_FOCUS_POINTER_ROOT, target, XCB_CURRENT_TIME);
 }
 

@@ -22,7 +22,7 @@ constexpr std::chrono::milliseconds unsurePointerInterval{100};
 
 class X11PanelWindow::Window : public QQuickWindow {
 public:
-    explicit Window(X11PanelWindow& panel) : panel(panel) {}
+    explicit Window(X11PanelWindow& owner) : panel(owner) {}
 
     X11PanelWindow& panel;
 
@@ -96,6 +96,10 @@ void X11PanelWindow::prepareWindow() {
     // What is drawn hangs from the middle of the top edge, and stays there when the window grows.
     const std::uint32_t gravity = XCB_GRAVITY_NORTH;
     xcb_change_window_attributes(connection, id, XCB_CW_BIT_GRAVITY, &gravity);
+}
+
+QQuickWindow& X11PanelWindow::quickWindow() {
+    return *window_;
 }
 
 void X11PanelWindow::setFrame(const Rect& frame) {

@@ -24,7 +24,7 @@ public:
     static const X11PanelWindow* of(const QWindow& window);
 
     /// For the views, which draw into it.
-    QQuickWindow& quickWindow() { return *window_; }
+    QQuickWindow& quickWindow();
     /// The part that the views draw on, in the window's coordinates with the origin at the top
     /// left; they tell it with each frame that changes it. Without a compositor, which alone can
     /// blend, only this part of the window is there. Until the first call it is the whole window.
