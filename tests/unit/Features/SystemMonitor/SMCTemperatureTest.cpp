@@ -70,7 +70,8 @@ TEST(SMCTemperature, ValuesOf0Or130OrMoreAreSkippedForTheNextKey) {
 }
 
 TEST(SMCTemperature, NegativeValuesAreSkippedForTheNextKey) {
-    EXPECT_EQ(temperatureOf({{"TC0P", fixedPoint(-5)}, {"TC0D", fixedPoint(50)}}), 50);
+    for (const double negative : {-1.0 / 256, -5.0, -128.0})
+        EXPECT_EQ(temperatureOf({{"TC0P", fixedPoint(negative)}, {"TC0D", fixedPoint(50)}}), 50);
 }
 
 TEST(SMCTemperature, AnUnknownTypeIsDecodedAsSp78) {
