@@ -60,8 +60,13 @@ public:
 
 private:
     std::vector<HoverWidget> widgets(HoverWidgetPosition zone) const;
-    void fillContent(HoverWidget& widget) const;
 
+    /// Fills in the content of one widget that this view draws itself.
+    struct Indicator {
+        std::string_view id;
+        void (NotchCollapsedView::*fillIn)(HoverWidget& widget) const;
+    };
+    static const Indicator indicators[];
     void hoverMediaIndicator(HoverWidget& widget) const;
     void hoverBatteryIndicator(HoverWidget& widget) const;
     void hoverWeatherIndicator(HoverWidget& widget) const;

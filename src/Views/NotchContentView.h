@@ -50,7 +50,7 @@ public:
         static constexpr Size sliderSize{AppConstants::HUD::sliderWidth,
                                          AppConstants::HUD::sliderHeight};
         StyledSymbol symbol;
-        AnimatedSlider slider; ///< dragging it sets the notch state's `hudValue`
+        AnimatedSlider slider;
         NotchShape shape;
         bool operator==(const HUDOverlay&) const = default;
     };
@@ -99,6 +99,8 @@ public:
 
     std::optional<HUDOverlay> hudOverlay() const;
     std::string_view hudIconName(HUDType type) const;
+    /// What a drag of the overlay's slider does.
+    void setHUDValue(double value);
 
 private:
     double notchWidth() const;
