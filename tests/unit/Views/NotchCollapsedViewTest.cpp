@@ -1,8 +1,6 @@
 #include "Views/NotchCollapsedView.h"
 
-#include "unit/Views/NotchManagers.h"
-
-#include <gtest/gtest.h>
+#include "Support/ViewFixture.h"
 
 namespace orvelle {
 namespace {
@@ -17,14 +15,13 @@ StyledText medium(std::string text, double size, Color color = colors::white) {
     return {std::move(text), {size, FontWeight::medium, color}};
 }
 
-class NotchCollapsedViewTest : public testing::Test {
+class NotchCollapsedViewTest : public ViewFixture {
 protected:
-    NotchManagers managers;
-    NotchState& state = managers.notchState;
-    NotchCollapsedView view{managers.environment(), {"pomodoro"}, managers.platform};
+    NotchState& state = app.notchState;
+    NotchCollapsedView view{app.environment(), {"pomodoro"}, platform};
 
     void setLocation(const std::string& name) {
-        managers.weatherManager.weather.update([&](auto& weather) { weather.locationName = name; });
+        app.weatherManager.weather.update([&](auto& weather) { weather.locationName = name; });
     }
     static std::vector<std::string> ids(const std::vector<HoverWidget>& widgets) {
         std::vector<std::string> ids;
@@ -37,7 +34,7 @@ protected:
 using Ids = std::vector<std::string>;
 
 TEST_F(NotchCollapsedViewTest, WithNothingPlayingTheLeftWingIsEmptyAndTheBarStillOpensThePanel) {
-    managers.placeOnly(leftWing, {"media"});
+    placeOnly(leftWing, {"media"});
     state.expandedState = NotchExpandedState::hovering;
     state.activePanel = ActivePanel::time;
     EXPECT_TRUE(view.showsHoveringLayout());
@@ -50,22 +47,22 @@ TEST_F(NotchCollapsedViewTest, WithNothingPlayingTheLeftWingIsEmptyAndTheBarStil
 }
 
 TEST_F(NotchCollapsedViewTest, WithoutBottomContentThereIsNoBottomRowAndNoBottomPadding) {
-    managers.placeOnly(bottomRow, {"calendar", "time"});
+    placeOnly(bottomRow, {"calendar", "time"});
     EXPECT_TRUE(view.hasBottomRowContent());
     EXPECT_EQ(view.bottomPadding(), 5);
 
-    managers.hoverLayoutManager.toggleVisibility("time"); // and no event fills the calendar
+    app.hoverLayoutManager.toggleVisibility("time"); // and no event fills the calendar
     EXPECT_FALSE(view.hasBottomRowContent());
     EXPECT_EQ(view.bottomPadding(), 0);
 }
 
 TEST_F(NotchCollapsedViewTest, ABottomWidgetWithoutContentLeavesNoSeparator) {
-    managers.placeOnly(bottomRow, {"time", "calendar"});
+    placeOnly(bottomRow, {"time", "calendar"});
     EXPECT_EQ(ids(view.bottomRow()), Ids{"time"});
 }
 
 TEST_F(NotchCollapsedViewTest, AWingWidgetWithoutContentLeavesNoGap) {
-    managers.placeOnly(rightWing, {"weather", "battery", "calendar", "time"});
+    placeOnly(rightWing, {"weather", "battery", "calendar", "time"});
     EXPECT_EQ(ids(view.rightWing()), (Ids{"battery", "time"}));
 }
 
@@ -83,7 +80,7 @@ TEST_F(NotchCollapsedViewTest, AClickThatDoesNotNavigateExpandsOnTheLastPanel) {
 }
 
 TEST_F(NotchCollapsedViewTest, AMachineWithoutABatteryShowsACWithTheManagersIcon) {
-    managers.batteryManager.hasBattery = false;
+    app.batteryManager.hasBattery = false;
     const auto widget = view.widgetView("battery");
     ASSERT_TRUE(widget);
     EXPECT_EQ(widget->texts, std::vector{medium("AC", 11)});
@@ -91,17 +88,18 @@ TEST_F(NotchCollapsedViewTest, AMachineWithoutABatteryShowsACWithTheManagersIcon
 }
 
 TEST_F(NotchCollapsedViewTest, WithAllModulesOffTheStatsAreEmptyAndStillCountTwentyInTheWidth) {
-    managers.placeOnly(rightWing, {"systemStats"});
-    managers.setSystemMonitorModules(false);
+    placeOnly(rightWing, {"systemStats"});
+    for (const auto key : {"sysMonCPU", "sysMonMemory", "sysMonNetwork", "sysMonTemperature"})
+        defaults().set(key, false);
     const auto widget = view.widgetView("systemStats");
     ASSERT_TRUE(widget);
     EXPECT_TRUE(widget->texts.empty());
     EXPECT_FALSE(widget->icon);
-    EXPECT_EQ(managers.hoverLayoutManager.estimatedHoverWidth(200, {"systemStats"}), 20 + 8 + 20);
+    EXPECT_EQ(app.hoverLayoutManager.estimatedHoverWidth(200, {"systemStats"}), 20 + 8 + 20);
 }
 
 TEST_F(NotchCollapsedViewTest, ATemperatureOfExactly80IsRedAndALoadOfExactly85IsYellow) {
-    managers.systemMonitorManager.metrics.update([](auto& metrics) {
+    app.systemMonitorManager.metrics.update([](auto& metrics) {
         metrics.cpuUsage = 85;
         metrics.cpuTemperature = 80;
     });
@@ -112,14 +110,14 @@ TEST_F(NotchCollapsedViewTest, ATemperatureOfExactly80IsRedAndALoadOfExactly85Is
 }
 
 TEST_F(NotchCollapsedViewTest, AMediaItemWithoutAnArtistEndsInADash) {
-    managers.mediaManager.currentMedia.update([](auto& media) { media.title = "Aria"; });
+    app.mediaManager.currentMedia.update([](auto& media) { media.title = "Aria"; });
     const auto widget = view.widgetView("media");
     ASSERT_TRUE(widget && widget->media);
     EXPECT_EQ(widget->media->title, medium("Aria — ", 11));
 }
 
 TEST_F(NotchCollapsedViewTest, MediaShowsWhatPlaysAndWhereItComesFrom) {
-    auto& current = managers.mediaManager.currentMedia;
+    auto& current = app.mediaManager.currentMedia;
     current.update([](auto& media) {
         media.title = "Aria";
         media.artist = "Glenn";
@@ -148,11 +146,11 @@ TEST_F(NotchCollapsedViewTest, MediaShowsWhatPlaysAndWhereItComesFrom) {
 }
 
 TEST_F(NotchCollapsedViewTest, WidgetsShowTheirManagersFigures) {
-    managers.batteryManager.batteryLevel = 87;
+    app.batteryManager.batteryLevel = 87;
     EXPECT_EQ(view.widgetView("battery")->texts, std::vector{medium("87%", 11)});
     EXPECT_EQ(view.widgetView("battery")->icon, (StyledSymbol{"battery.100", 11, colors::green}));
 
-    managers.weatherManager.weather.update([](auto& weather) {
+    app.weatherManager.weather.update([](auto& weather) {
         weather.temperature = 20.6;
         weather.weatherCode = 3;
         weather.locationName = "Oslo";
@@ -160,17 +158,17 @@ TEST_F(NotchCollapsedViewTest, WidgetsShowTheirManagersFigures) {
     EXPECT_EQ(view.widgetView("weather")->texts, std::vector{medium("21°", 11)});
     EXPECT_EQ(view.widgetView("weather")->icon, (StyledSymbol{"cloud.fill", 11, colors::white}));
 
-    const auto now = managers.platform.runLoopPort.now();
+    const auto now = platform.runLoopPort.now();
     CalendarEventModel event;
     event.title = "Rehearsal";
     event.startDate = now;
     event.endDate = now + 60;
-    managers.calendarManager.events = std::vector{event};
+    app.calendarManager.events = std::vector{event};
     EXPECT_EQ(view.widgetView("calendar")->texts, std::vector{medium("Rehearsal", 10, dimmed)});
     EXPECT_EQ(view.widgetView("calendar")->icon, (StyledSymbol{"calendar", 10, dimmed}));
     EXPECT_TRUE(view.widgetView("calendar")->truncatesTail);
 
-    managers.timeManager.currentTime = now; // noon in Greenwich, seven in New York
+    app.timeManager.currentTime = now; // noon in Greenwich, seven in New York
     EXPECT_EQ(view.widgetView("time")->texts, std::vector{medium("7:00 AM", 10)});
     EXPECT_EQ(view.widgetView("time")->icon, (StyledSymbol{"clock", 10, dimmed}));
     EXPECT_FALSE(view.widgetView("time")->truncatesTail);
@@ -182,14 +180,14 @@ TEST_F(NotchCollapsedViewTest, ShelfAndNotesCountOnlyWhenThereIsSomethingToCount
     EXPECT_EQ(view.widgetView("notes")->icon, (StyledSymbol{"note.text", 10, dimmed}));
     EXPECT_TRUE(view.widgetView("notes")->texts.empty());
 
-    managers.fileShelfManager.items = std::vector<ShelfItem>(3);
-    managers.notesManager.items = std::vector<NoteItem>(2);
+    app.fileShelfManager.items = std::vector<ShelfItem>(3);
+    app.notesManager.items = std::vector<NoteItem>(2);
     EXPECT_EQ(view.widgetView("fileShelf")->texts, std::vector{medium("3", 10)});
     EXPECT_EQ(view.widgetView("notes")->texts, std::vector{medium("2", 10)});
 }
 
 TEST_F(NotchCollapsedViewTest, StatsShowOneTextForEachModule) {
-    managers.systemMonitorManager.metrics.update([](auto& metrics) {
+    app.systemMonitorManager.metrics.update([](auto& metrics) {
         metrics.cpuUsage = 42.9;
         metrics.memoryUsed = 6ULL << 30;
         metrics.networkUpload = 1024;
@@ -201,15 +199,15 @@ TEST_F(NotchCollapsedViewTest, StatsShowOneTextForEachModule) {
                      medium("1K/3.0M", 10, Color::white(1, 0.6)), medium("--", 10, colors::gray)}));
     EXPECT_EQ(view.widgetView("systemStats")->panel, ActivePanel::systemMonitor);
 
-    managers.set(Settings::sysMonMemory, false);
-    managers.set(Settings::sysMonNetwork, false);
+    defaults().set("sysMonMemory", false);
+    defaults().set("sysMonNetwork", false);
     EXPECT_EQ(view.widgetView("systemStats")->texts.size(), 2u);
 }
 
 TEST_F(NotchCollapsedViewTest, AnEmbeddedWidgetTakesAPlaceOnlyWhenItsViewExists) {
-    managers.pomodoroManager.isEnabled = true;
-    managers.mirrorManager.isEnabled = true;
-    managers.placeOnly(bottomRow, {"pomodoro", "mirror"});
+    app.pomodoroManager.isEnabled = true;
+    app.mirrorManager.isEnabled = true;
+    placeOnly(bottomRow, {"pomodoro", "mirror"});
     ASSERT_EQ(ids(view.bottomRow()), Ids{"pomodoro"});
     EXPECT_EQ(view.bottomRow()[0].kind, HoverWidget::Kind::embedded);
     EXPECT_EQ(view.bottomRow()[0].panel, ActivePanel::pomodoro);

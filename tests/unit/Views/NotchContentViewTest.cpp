@@ -2,24 +2,21 @@
 
 #include "Core/Gestures/GestureManager.h"
 #include "Extensions/ColorTheme.h"
-#include "unit/Views/NotchManagers.h"
-
-#include <gtest/gtest.h>
+#include "Support/ViewFixture.h"
 
 namespace orvelle {
 namespace {
 
-class NotchContentViewTest : public testing::Test {
+class NotchContentViewTest : public ViewFixture {
 protected:
-    NotchManagers managers;
-    NotchState& state = managers.notchState;
-    NotchContentView view{managers.environment(), {}, managers.platform};
+    NotchState& state = app.notchState;
+    NotchContentView view{app.environment(), {}, platform};
 
     void setAnimationSpeed(const std::string& speed) {
-        managers.platform.userDefaultsPort.set(Settings::animationSpeed.name, speed);
+        defaults().set(Settings::animationSpeed.name, speed);
     }
     void hideEveryPanel() {
-        managers.panelOrderManager.panelOrder.update([](auto& order) {
+        app.panelOrderManager.panelOrder.update([](auto& order) {
             for (auto& entry : order)
                 entry.isVisible = false;
         });
@@ -54,7 +51,7 @@ TEST_F(NotchContentViewTest, WithoutVisiblePanelsTheTabBarIsEmptyAndThePanelIsSt
 
 TEST_F(NotchContentViewTest, AHiddenActivePanelStaysShownWithNoTabMarkedUntilOneIsPicked) {
     state.activePanel = ActivePanel::weather;
-    managers.panelOrderManager.toggleVisibility("weather");
+    app.panelOrderManager.toggleVisibility("weather");
     EXPECT_TRUE(markedTabs().empty());
     EXPECT_EQ(state.activePanel, ActivePanel::weather);
     EXPECT_EQ(view.panelPlaceholder().title.text, "Weather");
@@ -89,10 +86,10 @@ TEST_F(NotchContentViewTest, TheHUDCoversTheExpandedPanelWhichKeepsItsState) {
 }
 
 TEST_F(NotchContentViewTest, SwipesSetTheEdgeFromTheirOwnDirectionAndClicksFromTheFixedOrder) {
-    GestureManager gestures(state, managers.mediaManager, managers.weatherManager,
-                            managers.panelOrderManager, managers.platform);
+    GestureManager gestures(state, app.mediaManager, app.weatherManager, app.panelOrderManager,
+                            platform);
     SimulatedPanelWindow window({}, {{0, 0}, {566, 220}});
-    managers.panelOrderManager.reorder({0}, 2); // files, media, calendar, ...
+    app.panelOrderManager.reorder({0}, 2); // files, media, calendar, ...
     state.expandedState = NotchExpandedState::expanded;
 
     state.activePanel = ActivePanel::fileShelf;
@@ -100,7 +97,7 @@ TEST_F(NotchContentViewTest, SwipesSetTheEdgeFromTheirOwnDirectionAndClicksFromT
     EXPECT_EQ(state.panelTransitionEdge, Edge::leading);
 
     state.activePanel = ActivePanel::fileShelf;
-    managers.platform.eventMonitorsPort.scroll(
+    platform.eventMonitorsPort.scroll(
         {.scrollingDeltaX = -50, .panel = &window, .locationInWindow = {283, 200}});
     EXPECT_EQ(state.activePanel, ActivePanel::media);
     EXPECT_EQ(state.panelTransitionEdge, Edge::trailing);
@@ -119,9 +116,9 @@ TEST_F(NotchContentViewTest, TheEdgeIsSetBeforeThePanelChanges) {
 }
 
 TEST_F(NotchContentViewTest, TabsStandInTheUsersOrderWhetherOrNotTheirFeatureIsEnabled) {
-    managers.panelOrderManager.reorder({12}, 0);
-    managers.stockTickerManager.isEnabled = false;
-    managers.platform.appearancePort.accent = colors::orange;
+    app.panelOrderManager.reorder({12}, 0);
+    app.stockTickerManager.isEnabled = false;
+    platform.appearancePort.accent = colors::orange;
     state.activePanel = ActivePanel::stockTicker;
 
     const auto tabs = view.tabButtons();
@@ -162,12 +159,12 @@ TEST_F(NotchContentViewTest, TheTabbedPanelStandsFromExpandedOn) {
 }
 
 TEST_F(NotchContentViewTest, TheHoveringSizeFollowsTheVisibleWidgets) {
-    managers.placeOnly(HoverWidgetPosition::rightWing, {"weather", "battery"});
+    placeOnly(HoverWidgetPosition::rightWing, {"weather", "battery"});
     state.expandedState = NotchExpandedState::hovering;
     EXPECT_FALSE(view.visibleWidgetIDs().contains("weather"));
     EXPECT_EQ(view.dynamicHoverPadding(), 50 + 8 + 20);
 
-    managers.weatherManager.weather.update([](auto& weather) { weather.locationName = "Oslo"; });
+    app.weatherManager.weather.update([](auto& weather) { weather.locationName = "Oslo"; });
     EXPECT_TRUE(view.visibleWidgetIDs().contains("weather"));
     EXPECT_EQ(view.dynamicHoverPadding(), 139);
     EXPECT_EQ(view.hoveringWidth(), 200 + 2 * 139);
@@ -175,7 +172,7 @@ TEST_F(NotchContentViewTest, TheHoveringSizeFollowsTheVisibleWidgets) {
 }
 
 TEST_F(NotchContentViewTest, ANotchWithoutWidthCountsAsTheDefaultOne) {
-    managers.placeOnly(HoverWidgetPosition::leftWing, {});
+    placeOnly(HoverWidgetPosition::leftWing, {});
     state.notchSize = Size{};
     EXPECT_EQ(view.hoveringWidth(), 180 + 2 * 24);
 }
@@ -201,7 +198,7 @@ TEST_F(NotchContentViewTest, ThePlaceholderNamesThePanel) {
                                {"Settings", {13, FontWeight::regular, notchSecondary}}}));
     state.activePanel = ActivePanel::media;
     EXPECT_EQ(view.panelPlaceholder().title.text, "No media playing");
-    managers.mediaManager.currentMedia.update([](auto& media) { media.title = "Aria"; });
+    app.mediaManager.currentMedia.update([](auto& media) { media.title = "Aria"; });
     EXPECT_EQ(view.panelPlaceholder().title.text, "Media");
 }
 
@@ -209,7 +206,7 @@ TEST_F(NotchContentViewTest, TheContextMenuOpensTheSettings) {
     EXPECT_TRUE(view.contextMenu().empty());
     int opened = 0;
     NotchContentView withSettings(
-        managers.environment(), [&] { ++opened; }, managers.platform);
+        app.environment(), [&] { ++opened; }, platform);
     const auto menu = withSettings.contextMenu();
     ASSERT_EQ(menu.size(), 1u);
     EXPECT_EQ(menu[0].title, "Settings...");

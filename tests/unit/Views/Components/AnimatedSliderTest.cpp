@@ -1,10 +1,8 @@
 #include "Views/Components/AnimatedSlider.h"
 
 #include "Features/Battery/BatteryPanelView.h"
+#include "Support/ViewFixture.h"
 #include "Views/NotchContentView.h"
-#include "unit/Views/NotchManagers.h"
-
-#include <gtest/gtest.h>
 
 namespace orvelle {
 namespace {
@@ -27,12 +25,13 @@ TEST(AnimatedSliderTest, ADragBeyondEitherEndStopsAtTheBound) {
     EXPECT_EQ(slider(30).valueAt(1000, 200), 60);
 }
 
-TEST(AnimatedSliderTest, EveryCallersRangeHasAWidth) {
-    NotchManagers managers;
-    managers.notchState.hudType = HUDType::volume;
-    managers.notchState.isHUDVisible = true;
-    const NotchContentView content(managers.environment(), {}, managers.platform);
-    const BatteryPanelView battery(managers.batteryManager, managers.platform);
+using AnimatedSliderCallersTest = ViewFixture;
+
+TEST_F(AnimatedSliderCallersTest, EveryRangeHasAWidth) {
+    app.notchState.hudType = HUDType::volume;
+    app.notchState.isHUDVisible = true;
+    const NotchContentView content(app.environment(), {}, platform);
+    const BatteryPanelView battery(app.batteryManager, platform);
     for (const auto& used : {content.hudOverlay()->slider, battery.level().value()})
         EXPECT_GT(used.upperBound, used.lowerBound);
 }
