@@ -186,8 +186,12 @@ TEST_F(NotchContentViewTest, HUDSymbolsFollowTypeAndLevel) {
     EXPECT_EQ(view.hudIconName(HUDType::brightness), "sun.max.fill");
 }
 
-TEST_F(NotchContentViewTest, ThereIsNoOverlayWithoutAType) {
+TEST_F(NotchContentViewTest, TheOverlayNeedsBothAnOrderToShowAndAType) {
     state.isHUDVisible = true;
+    EXPECT_FALSE(view.hudOverlay());
+    state.hudType = HUDType::volume;
+    EXPECT_TRUE(view.hudOverlay());
+    state.isHUDVisible = false;
     EXPECT_FALSE(view.hudOverlay());
 }
 
