@@ -1,4 +1,5 @@
 #include "Platform/FileUserDefaults.h"
+
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
 
@@ -214,7 +215,7 @@ TEST_F(FileUserDefaultsTest, EmptyFileStartsEmptyWithOneLine) {
     fileSystem.files[aside] = "precious";
     const auto defaults = open();
     defaults->set("a", true);
-    save();
+    runLoop.advance(5); // an editor that is about to fill the file would have by then
     EXPECT_EQ(log.lines.size(), 1u);
     EXPECT_EQ(fileSystem.files[aside], "precious") << "an empty file is not worth keeping";
     EXPECT_EQ(file(), "{\n  \"a\": true\n}\n");

