@@ -108,7 +108,7 @@ private:
             return refuse("write takes a KEY and a VALUE");
         if (typed != isType(operands[1]))
             return refuse(typed ? "there is no type \"" + operands[1] + "\"" : "VALUE is missing");
-        const std::string_view type = typed ? operands[1] : "-string";
+        const std::string type = typed ? operands[1] : "-string";
         const auto value = valueOf(type, operands.back());
         if (!value)
             return refuse("\"" + operands.back() + "\" is no value for " + operands[1]);

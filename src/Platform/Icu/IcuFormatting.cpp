@@ -115,7 +115,7 @@ TimeZone IcuFormatting::currentTimeZone() const {
 }
 
 std::optional<TimeZone> IcuFormatting::timeZone(const std::string& identifier) const {
-    if (cache_->zone(identifier) == icu::TimeZone::getUnknown())
+    if (!isKnownTimeZone(identifier))
         return std::nullopt;
     return TimeZone{identifier};
 }

@@ -13,12 +13,6 @@ namespace {
 
 constexpr const char* localTimeFile = "/etc/localtime";
 
-bool isKnown(const std::string& identifier) {
-    const std::unique_ptr<icu::TimeZone> zone(
-        icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(identifier)));
-    return *zone != icu::TimeZone::getUnknown();
-}
-
 /// "Europe/London" for ".../zoneinfo/posix/Europe/London"; a text that is no such path as it is.
 std::string identifierIn(std::string text) {
     constexpr std::string_view root = "/zoneinfo/";
@@ -56,11 +50,11 @@ std::string detected() {
 
 std::string resolve() {
     if (const char* variable = std::getenv("TZ"))
-        if (auto identifier = identifierOfVariable(variable); isKnown(identifier))
+        if (auto identifier = identifierOfVariable(variable); isKnownTimeZone(identifier))
             return identifier;
-    if (auto identifier = behindLinks(localTimeFile); isKnown(identifier))
+    if (auto identifier = behindLinks(localTimeFile); isKnownTimeZone(identifier))
         return identifier;
-    if (auto identifier = detected(); isKnown(identifier))
+    if (auto identifier = detected(); isKnownTimeZone(identifier))
         return identifier;
     return "Etc/UTC";
 }
@@ -76,6 +70,13 @@ std::string fingerprint() {
 }
 
 } // namespace
+
+bool isKnownTimeZone(const std::string& identifier) {
+    const std::unique_ptr<icu::TimeZone> zone(
+        icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(identifier)));
+    icu::UnicodeString name;
+    return zone->getID(name) != icu::UnicodeString(UCAL_UNKNOWN_ZONE_ID);
+}
 
 std::string systemTimeZone() {
     static std::string knownFingerprint;

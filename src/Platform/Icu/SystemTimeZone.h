@@ -8,4 +8,7 @@ namespace orvelle {
 /// Costs a few system calls, so that asking each second is cheap.
 std::string systemTimeZone();
 
+/// Whether the library has rules for the identifier.
+bool isKnownTimeZone(const std::string& identifier);
+
 } // namespace orvelle
