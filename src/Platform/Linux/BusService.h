@@ -54,7 +54,7 @@ public:
     void call(const QString& path, const QString& interface, const QString& method,
               const QVariantList& arguments, std::function<void(const QDBusMessage&)> done);
 
-private slots:
+private Q_SLOTS:
     void ownerChanged(const QDBusMessage& message);
     void signalArrived(const QDBusMessage& message);
 
