@@ -1,9 +1,8 @@
 #include "Foundation/Json.h"
 
 #include <cmath>
-#include <utility>
-
 #include <nlohmann/json.hpp>
+#include <utility>
 
 namespace orvelle {
 

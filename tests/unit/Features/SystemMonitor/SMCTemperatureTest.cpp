@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <functional>
 #include <limits>
 
@@ -63,14 +65,13 @@ TEST(SMCTemperature, Bytes2E80OfTypeSp78ReadAs46AndAHalf) {
 }
 
 TEST(SMCTemperature, ValuesOf0Or130OrMoreAreSkippedForTheNextKey) {
-    for (const double useless : {0.0, 130.0, 130.5, 127.99609375 + 128})
-        EXPECT_EQ(temperatureOf({{"TC0P", floatingPoint(static_cast<float>(useless))},
-                                 {"TC0D", fixedPoint(50)}}),
-                  50);
+    for (const float useless : {0.0F, 130.0F, 130.5F, 1000.0F})
+        EXPECT_EQ(temperatureOf({{"TC0P", floatingPoint(useless)}, {"TC0D", fixedPoint(50)}}), 50);
 }
 
 TEST(SMCTemperature, NegativeValuesAreSkippedForTheNextKey) {
-    EXPECT_EQ(temperatureOf({{"TC0P", fixedPoint(-5)}, {"TC0D", fixedPoint(50)}}), 50);
+    for (const double negative : {-1.0 / 256, -5.0, -128.0})
+        EXPECT_EQ(temperatureOf({{"TC0P", fixedPoint(negative)}, {"TC0D", fixedPoint(50)}}), 50);
 }
 
 TEST(SMCTemperature, AnUnknownTypeIsDecodedAsSp78) {
