@@ -161,6 +161,10 @@ public:
 class SimulatedNowPlayingService : public NowPlayingService {
 public:
     std::vector<std::uint32_t> commands;
+    std::vector<bool> registrations; ///< true for each call to register, false for each to end it
+
+    void registerForNotifications() override { registrations.push_back(true); }
+    void unregisterForNotifications() override { registrations.push_back(false); }
     void sendCommand(std::uint32_t command) override { commands.push_back(command); }
 };
 
