@@ -21,8 +21,9 @@ public:
     virtual Seconds monotonicNow() const = 0;
 
     /// Repeats each `interval` seconds (above 0), first after one interval. An adapter may move the
-    /// ticks of timers of half a second and longer by up to a quarter second, once, so that they
-    /// share wake-ups; ticks that were missed while the machine slept are not made up for.
+    /// ticks of timers of half a second and longer, once, so that they share wake-ups and come on
+    /// the second: by up to a quarter second, or half a second when the interval is of whole
+    /// seconds. Ticks that were missed while the machine slept are not made up for.
     [[nodiscard]] virtual Timer every(Seconds interval, std::function<void()> tick) = 0;
     /// Fires once after `delay` seconds (0 or above), never during the call.
     [[nodiscard]] virtual Timer after(Seconds delay, std::function<void()> fire) = 0;

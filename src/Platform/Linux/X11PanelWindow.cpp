@@ -1,0 +1,218 @@
+#include "Platform/Linux/X11PanelWindow.h"
+
+#include "Platform/Linux/ScreenCoordinates.h"
+
+#include <QSurfaceFormat>
+
+#include <chrono>
+#include <string_view>
+
+namespace orvelle {
+
+namespace {
+
+/// Both the instance and the class, each ended by a NUL.
+constexpr std::string_view windowClass{"orvelle\0orvelle\0", 16};
+
+/// Many windows may come at once, as when a desktop starts; the panel goes above all of them once.
+constexpr std::chrono::milliseconds raiseDelay{30};
+constexpr std::chrono::milliseconds unsurePointerInterval{100};
+
+} // namespace
+
+class X11PanelWindow::Window : public QQuickWindow {
+public:
+    explicit Window(X11PanelWindow& owner) : panel(owner) {}
+
+    X11PanelWindow& panel;
+
+protected:
+    bool event(QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::Enter:
+        case QEvent::MouseMove:
+            panel.pointerInside();
+            break;
+        case QEvent::Leave:
+            panel.pointerOutside();
+            break;
+        default:
+            break;
+        }
+        return QQuickWindow::event(event);
+    }
+};
+
+X11PanelWindow::X11PanelWindow(X11Desktop& desktop, X11RawPresses& presses,
+                               const PanelAttributes& attributes, const Rect& frame)
+    : desktop_(desktop), attributes_(attributes), frame_(frame),
+      window_(std::make_unique<Window>(*this)), focus_(*window_) {
+    prepareWindow();
+
+    unsurePointer_.setInterval(unsurePointerInterval);
+    QObject::connect(&unsurePointer_, &QTimer::timeout, window_.get(),
+                     [this] { pointerOutside(); });
+    raiseSoon_.setSingleShot(true);
+    raiseSoon_.setInterval(raiseDelay);
+    QObject::connect(&raiseSoon_, &QTimer::timeout, window_.get(), [this] { raise(); });
+
+    compositor_ = desktop_.isComposited.observe([this](bool) { applyMask(); });
+    manager_ = desktop_.hasWindowManager.observe([this](bool found) { followRivals(!found); });
+    presses_ = presses.observe([this](const X11RawPresses::Press& press) {
+        if (!press.inOwnWindow)
+            resignKey();
+    });
+}
+
+X11PanelWindow::~X11PanelWindow() = default;
+
+const X11PanelWindow* X11PanelWindow::of(const QWindow& window) {
+    const auto* own = dynamic_cast<const Window*>(&window);
+    return own ? &own->panel : nullptr;
+}
+
+void X11PanelWindow::prepareWindow() {
+    auto flags =
+        Qt::FramelessWindowHint | Qt::X11BypassWindowManagerHint | Qt::NoDropShadowWindowHint;
+    if (attributes_.aboveMenuBar)
+        flags |= Qt::WindowStaysOnTopHint;
+    if (attributes_.ignoresMouseEvents)
+        flags |= Qt::WindowTransparentForInput;
+    window_->setFlags(flags);
+    window_->setTitle(QString::fromStdString(attributes_.title));
+    if (!attributes_.opaque) {
+        auto format = window_->format();
+        format.setAlphaBufferSize(8);
+        window_->setFormat(format);
+        window_->setColor(Qt::transparent);
+    }
+    window_->setGeometry(ScreenCoordinates::toQt(frame_));
+    window_->create();
+
+    auto* connection = X11::connection();
+    const auto id = static_cast<xcb_window_t>(window_->winId());
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING,
+                        8, windowClass.size(), windowClass.data());
+    // What is drawn hangs from the middle of the top edge, and stays there when the window grows.
+    const std::uint32_t gravity = XCB_GRAVITY_NORTH;
+    xcb_change_window_attributes(connection, id, XCB_CW_BIT_GRAVITY, &gravity);
+}
+
+QQuickWindow& X11PanelWindow::quickWindow() {
+    return *window_;
+}
+
+void X11PanelWindow::setFrame(const Rect& frame) {
+    frame_ = frame;
+    const QRect before = window_->geometry();
+    const QRect after = ScreenCoordinates::toQt(frame);
+    {
+        const X11::ServerGrab grab;
+        window_->setGeometry(after);
+        shape_.translate(before.topLeft() - after.topLeft());
+        applyMask();
+    }
+    frameSettled();
+}
+
+void X11PanelWindow::setShapeMask(const QRegion& shape) {
+    if (shape == shape_)
+        return;
+    shape_ = shape;
+    if (!desktop_.isComposited)
+        applyMask();
+}
+
+void X11PanelWindow::applyMask() {
+    const QRegion whole(QRect(QPoint(), window_->size()));
+    const QRegion drawn = shape_ & whole;
+    // Set with every resize even when it is the whole window: a drag's source remembers the shape
+    // of the windows under it, and looks again only when it is set.
+    window_->setMask(desktop_.isComposited || drawn.isEmpty() ? whole : drawn);
+    xcb_flush(X11::connection());
+}
+
+bool X11PanelWindow::isVisible() const {
+    return window_->isVisible();
+}
+
+void X11PanelWindow::orderFront() {
+    if (!window_->isVisible()) {
+        window_->show();
+        frameSettled();
+    }
+    raise();
+}
+
+void X11PanelWindow::orderOut() {
+    resignKey();
+    window_->hide();
+    frameSettled();
+}
+
+void X11PanelWindow::makeKey() {
+    if (attributes_.canBecomeKey)
+        focus_.take();
+}
+
+void X11PanelWindow::resignKey() {
+    focus_.giveBack();
+}
+
+void X11PanelWindow::setPointerEvents(PointerEvents events) {
+    pointerEvents_ = std::move(events);
+}
+
+void X11PanelWindow::pointerInside() {
+    report(pointer_.reportedInside(ScreenCoordinates::pointer()));
+}
+
+void X11PanelWindow::pointerOutside() {
+    report(pointer_.reportedOutside(ScreenCoordinates::pointer()));
+}
+
+void X11PanelWindow::report(PointerTracker::Crossing crossing) {
+    if (!pointer_.isUnsure())
+        unsurePointer_.stop();
+    else if (!unsurePointer_.isActive())
+        unsurePointer_.start();
+
+    const auto events = pointerEvents_; // a handler may set others
+    if (crossing == PointerTracker::Crossing::entered && events.entered)
+        events.entered();
+    else if (crossing == PointerTracker::Crossing::exited && events.exited)
+        events.exited();
+}
+
+void X11PanelWindow::frameSettled() {
+    const auto frame = isVisible()
+                           ? std::optional(ScreenCoordinates::fromQt(QRectF(window_->geometry())))
+                           : std::nullopt;
+    pointer_.frameChanged(frame, ScreenCoordinates::pointer());
+}
+
+void X11PanelWindow::followRivals(bool wanted) {
+    // A window manager keeps its windows below; without one, whoever comes last is on top.
+    X11::selectEvents(X11::root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY, wanted);
+    rivals_.reset();
+    if (wanted)
+        rivals_ = X11::observeEvents([this](const auto& event) { handle(event); });
+}
+
+void X11PanelWindow::handle(const xcb_generic_event_t& event) {
+    // Menus and tooltips bypass a window manager too, and rightly stand above the panel.
+    bool isRival = false;
+    if (X11::typeOf(event) == XCB_MAP_NOTIFY)
+        isRival = !reinterpret_cast<const xcb_map_notify_event_t&>(event).override_redirect;
+    else if (X11::typeOf(event) == XCB_CONFIGURE_NOTIFY)
+        isRival = !reinterpret_cast<const xcb_configure_notify_event_t&>(event).override_redirect;
+    if (isRival && isVisible() && !raiseSoon_.isActive())
+        raiseSoon_.start();
+}
+
+void X11PanelWindow::raise() {
+    window_->raise();
+    xcb_flush(X11::connection());
+}
+
+} // namespace orvelle

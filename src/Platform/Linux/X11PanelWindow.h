@@ -1,0 +1,71 @@
+#pragma once
+
+#include "Platform/Linux/PointerTracker.h"
+#include "Platform/Linux/X11Desktop.h"
+#include "Platform/Linux/X11KeyFocus.h"
+#include "Platform/Linux/X11RawPresses.h"
+#include "Platform/PanelWindow.h"
+
+#include <QQuickWindow>
+#include <QRegion>
+#include <QTimer>
+
+namespace orvelle {
+
+/// A translucent window that no window manager touches: above full-screen windows, on every desktop
+/// and never activated.
+class X11PanelWindow : public PanelWindow {
+public:
+    X11PanelWindow(X11Desktop& desktop, X11RawPresses& presses, const PanelAttributes& attributes,
+                   const Rect& frame);
+    ~X11PanelWindow() override;
+
+    /// The panel whose window this is, or null.
+    static const X11PanelWindow* of(const QWindow& window);
+
+    /// For the views, which draw into it.
+    QQuickWindow& quickWindow();
+    /// The part that the views draw on, in the window's coordinates with the origin at the top
+    /// left; they tell it with each frame that changes it. Without a compositor, which alone can
+    /// blend, only this part of the window is there. Until the first call it is the whole window.
+    void setShapeMask(const QRegion& shape);
+
+    Rect frame() const override { return frame_; }
+    void setFrame(const Rect& frame) override;
+    bool isVisible() const override;
+    void orderFront() override;
+    void orderOut() override;
+    void makeKey() override;
+    void resignKey() override;
+    void setPointerEvents(PointerEvents events) override;
+
+private:
+    class Window;
+
+    void prepareWindow();
+    void applyMask();
+    void pointerInside();
+    void pointerOutside();
+    void report(PointerTracker::Crossing crossing);
+    void frameSettled();
+    void followRivals(bool wanted);
+    void handle(const xcb_generic_event_t& event);
+    void raise();
+
+    X11Desktop& desktop_;
+    PanelAttributes attributes_;
+    Rect frame_; ///< as asked for; the window stands on whole points
+    std::unique_ptr<Window> window_;
+    X11KeyFocus focus_;
+    QRegion shape_; ///< empty until the views told it
+    PointerEvents pointerEvents_;
+    PointerTracker pointer_;
+    QTimer unsurePointer_;
+    QTimer raiseSoon_;
+    Subscription compositor_;
+    Subscription manager_;
+    Subscription rivals_;
+    Subscription presses_;
+};
+
+} // namespace orvelle

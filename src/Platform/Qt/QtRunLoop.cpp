@@ -1,0 +1,127 @@
+#include "Platform/Qt/QtRunLoop.h"
+
+#include <QMetaObject>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace orvelle {
+
+namespace {
+
+constexpr int backgroundThreads = 2;
+
+/// How far behind the second its ticks come, so that a clock being slewed never shows the second
+/// before.
+constexpr Seconds behindSecond = 0.002;
+
+bool isWholeMultiple(Seconds interval, Seconds step) {
+    return interval >= step && std::fmod(interval, step) == 0;
+}
+
+Seconds secondsOf(auto duration) {
+    return std::chrono::duration<Seconds>(duration).count();
+}
+
+} // namespace
+
+QtRunLoop::QtRunLoop() {
+    timer_.setSingleShot(true);
+    timer_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer_, &QTimer::timeout, &mainThread_, [this] { fireDue(); });
+    pool_.setMaxThreadCount(backgroundThreads);
+}
+
+QtRunLoop::~QtRunLoop() {
+    pool_.clear();
+    pool_.waitForDone();
+}
+
+Date QtRunLoop::now() const {
+    return Date::fromUnix(secondsOf(std::chrono::system_clock::now().time_since_epoch()));
+}
+
+Seconds QtRunLoop::monotonicNow() const {
+    return secondsOf(std::chrono::steady_clock::now().time_since_epoch());
+}
+
+Seconds QtRunLoop::delayOfTick(Seconds interval, Date now) {
+    const Seconds step = isWholeMultiple(interval, 1) ? 1 : 0.5;
+    if (!isWholeMultiple(interval, step))
+        return interval;
+    const Seconds wanted = now.sinceReference + interval;
+    const Seconds tick = std::round(wanted / step) * step + behindSecond;
+    return std::max(tick - now.sinceReference, 0.0);
+}
+
+Timer QtRunLoop::every(Seconds interval, std::function<void()> tick) {
+    return schedule(delayOfTick(interval, now()), interval, std::move(tick));
+}
+
+Timer QtRunLoop::after(Seconds delay, std::function<void()> fire) {
+    return schedule(delay, 0, std::move(fire));
+}
+
+Timer QtRunLoop::schedule(Seconds delay, Seconds interval, std::function<void()> callback) {
+    const auto id = nextId_++;
+    timers_->emplace(Key{monotonicNow() + delay, id},
+                     Entry{std::make_shared<std::function<void()>>(std::move(callback)), interval});
+    arm();
+    return Timer([id, timers = std::weak_ptr<Timers>(timers_)] {
+        const auto list = timers.lock();
+        if (!list)
+            return;
+        const auto found = std::find_if(list->begin(), list->end(),
+                                        [id](const auto& item) { return item.first.second == id; });
+        // Taken out before it dies, since its callback may own further timers.
+        if (found != list->end())
+            list->extract(found);
+    });
+}
+
+void QtRunLoop::fireDue() {
+    const Seconds wake = monotonicNow();
+    while (!timers_->empty() && timers_->begin()->first.first <= wake) {
+        auto node = timers_->extract(timers_->begin());
+        const auto entry = node.mapped();
+        if (entry.interval > 0) {
+            // Counted from now and not from the last tick, so that what was missed stays missed.
+            node.key().first = monotonicNow() + delayOfTick(entry.interval, now());
+            timers_->insert(std::move(node));
+        }
+        arm(); // the callback may run an event loop of its own
+        (*entry.callback)();
+    }
+    arm();
+}
+
+void QtRunLoop::arm() {
+    if (timers_->empty()) {
+        timer_.stop();
+        return;
+    }
+    // Rounded up, since an early wake-up would only lead to another.
+    const Seconds delay = std::max(timers_->begin()->first.first - monotonicNow(), 0.0);
+    const auto milliseconds = static_cast<std::int64_t>(std::ceil(delay * 1000));
+    timer_.start(std::chrono::milliseconds(std::min<std::int64_t>(milliseconds, INT32_MAX)));
+}
+
+void QtRunLoop::post(std::function<void()> work) {
+    QMetaObject::invokeMethod(&mainThread_, std::move(work), Qt::QueuedConnection);
+}
+
+Subscription QtRunLoop::detach(std::function<void()> work, std::function<void()> done) {
+    auto wanted = std::make_shared<bool>(true); // read and written on the main thread only
+    pool_.start([this, work = std::move(work), done = std::move(done), wanted]() mutable {
+        work();
+        post([done = std::move(done), wanted = std::move(wanted)] {
+            if (*wanted)
+                done();
+        });
+    });
+    return Subscription([wanted] { *wanted = false; });
+}
+
+} // namespace orvelle
