@@ -4,9 +4,10 @@
 
 #include <QCoreApplication>
 
-#include <csignal>
 #include <sys/signalfd.h>
 #include <unistd.h>
+
+#include <csignal>
 
 namespace orvelle {
 

@@ -11,22 +11,33 @@
 #include <QQuickWindow>
 #include <QScreen>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace orvelle {
 
 namespace {
 
-constexpr int lookInterval = 50;     // milliseconds
-constexpr int settlingTime = 2500;   // lets two samples of the system monitor come in
-constexpr int longestWait = 15000;   // milliseconds a stop may take
-constexpr int desktopMargin = 24;    // points of desktop around the panel
+constexpr int lookInterval = 50;   // milliseconds
+constexpr int settlingTime = 2500; // lets two samples of the system monitor come in
+constexpr int longestWait = 15000; // milliseconds a stop may take
+constexpr int desktopMargin = 24;  // points of desktop around the panel
 
 const QQuickWindow* quickWindow(AppDelegate& app) {
     if (!app.notchWindowController)
         return nullptr;
     auto* panel = dynamic_cast<QuickPanel*>(app.notchWindowController->window());
     return panel ? &panel->quickWindow() : nullptr;
+}
+
+/// Loaded views hang in the tree of items, springs in that of objects.
+bool moves(const QQuickItem& item) {
+    for (const auto* spring : item.findChildren<SpringValue*>())
+        if (spring->isRunning())
+            return true;
+    const auto children = item.childItems();
+    return std::any_of(children.begin(), children.end(),
+                       [](const QQuickItem* child) { return moves(*child); });
 }
 
 } // namespace
@@ -43,8 +54,8 @@ void Tour::addStops() {
     auto& state = app_.notchState;
     stops_.push_back({QStringLiteral("collapsed"),
                       [&] { state.expandedState = NotchExpandedState::collapsed; }});
-    stops_.push_back({QStringLiteral("hover"),
-                      [&] { state.expandedState = NotchExpandedState::hovering; }});
+    stops_.push_back(
+        {QStringLiteral("hover"), [&] { state.expandedState = NotchExpandedState::hovering; }});
     for (const auto panel : app_.panelOrderManager.visiblePanels()) {
         const auto name = rawValue(panel);
         stops_.push_back({QLatin1String(name.data(), static_cast<int>(name.size())), [&, panel] {
@@ -89,17 +100,15 @@ bool Tour::isStill() const {
         return false;
     if (app_.notchWindowController->isAnimatingCollapse())
         return false;
-    const auto springs = window->contentItem()->findChildren<SpringValue*>();
-    return std::none_of(springs.begin(), springs.end(),
-                        [](const SpringValue* spring) { return spring->isRunning(); });
+    return !moves(*window->contentItem());
 }
 
 bool Tour::takePicture() {
     const auto* window = quickWindow(app_);
-    const auto around = window->geometry().marginsAdded(
-        {desktopMargin, 0, desktopMargin, desktopMargin});
-    const auto picture = window->screen()->grabWindow(0, around.x(), around.y(), around.width(),
-                                                      around.height());
+    const auto around =
+        window->geometry().marginsAdded({desktopMargin, 0, desktopMargin, desktopMargin});
+    const auto picture =
+        window->screen()->grabWindow(0, around.x(), around.y(), around.width(), around.height());
     return !picture.isNull() &&
            picture.save(directory_.filePath(stops_[index_].name + QStringLiteral(".png")));
 }

@@ -8,11 +8,11 @@
 #include "Platform/Linux/ProcessInstance.h"
 
 #include <QApplication>
+#include <xcb/xcb.h>
 
 #include <cstdlib>
 #include <iostream>
 #include <memory>
-#include <xcb/xcb.h>
 
 using namespace orvelle;
 

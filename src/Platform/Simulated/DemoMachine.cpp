@@ -29,12 +29,12 @@ void script(SimulatedPowerSources& power) {
     constexpr std::int64_t fullMinutes = 360;
     const auto level = std::make_shared<std::int64_t>(87);
     power.onSnapshot = [level](SimulatedPowerSources& machine) {
-        machine.sources = {PowerSourceDescription{
-            {"Type", std::string("InternalBattery")},
-            {"Current Capacity", *level},
-            {"Is Charging", false},
-            {"Power Source State", std::string("Battery Power")},
-            {"Time to Empty", *level * fullMinutes / 100}}};
+        machine.sources = {
+            PowerSourceDescription{{"Type", std::string("InternalBattery")},
+                                   {"Current Capacity", *level},
+                                   {"Is Charging", false},
+                                   {"Power Source State", std::string("Battery Power")},
+                                   {"Time to Empty", *level * fullMinutes / 100}}};
         *level = std::max<std::int64_t>(*level - 1, 5);
     };
 }
