@@ -1,6 +1,6 @@
 #include "Platform/Linux/ProcHostStatistics.h"
 
-#include "adapters/TemporaryFolder.h"
+#include "Support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 #include <net/if_arp.h>
