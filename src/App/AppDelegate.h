@@ -75,10 +75,12 @@ public:
     NotchEnvironment environment();
 
 private:
+    void logScreens();
     void setupStatusBar();
     void showOnboarding();
     void onboardingCompleted(bool setupIsDue);
     void completeSetup();
+    void bringUpNotchAndFeatures();
     void setupNotchWindow();
     void applyFeatureDefaults();
     void startAllFeatures();

@@ -1,10 +1,10 @@
 #include "Foundation/Format.h"
 
-#include <cstdarg>
-#include <cstdio>
+#include <locale.h>
 
 #include <clocale>
-#include <locale.h>
+#include <cstdarg>
+#include <cstdio>
 
 namespace orvelle {
 

@@ -38,6 +38,9 @@ public:
     std::string text() const;
 
     bool isNull() const { return std::holds_alternative<std::nullptr_t>(value_); }
+    /// A number that is kept as a double: written with a fraction or an exponent, or too large for
+    /// an integer.
+    bool isReal() const { return std::holds_alternative<double>(value_); }
     std::optional<bool> boolean() const { return as<bool>(); }
     /// A whole number; a real one counts when it has no fraction and fits.
     std::optional<std::int64_t> integer() const;

@@ -42,8 +42,8 @@ class Lifetime {
 public:
     template <class Function>
     auto guard(Function function) const {
-        return [weak = std::weak_ptr<const int>(token_), function = std::move(function)](
-                   auto&&... arguments) mutable {
+        return [weak = std::weak_ptr<const int>(token_),
+                function = std::move(function)](auto&&... arguments) mutable {
             if (auto alive = weak.lock())
                 function(std::forward<decltype(arguments)>(arguments)...);
         };

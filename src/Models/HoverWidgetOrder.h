@@ -14,9 +14,8 @@ enum class HoverWidgetPosition {
     bottomRow  ///< the row below
 };
 
-inline constexpr std::array allHoverWidgetPositions{HoverWidgetPosition::leftWing,
-                                                    HoverWidgetPosition::rightWing,
-                                                    HoverWidgetPosition::bottomRow};
+inline constexpr std::array allHoverWidgetPositions{
+    HoverWidgetPosition::leftWing, HoverWidgetPosition::rightWing, HoverWidgetPosition::bottomRow};
 
 std::string_view rawValue(HoverWidgetPosition position);
 std::optional<HoverWidgetPosition> hoverWidgetPositionFrom(std::string_view rawValue);

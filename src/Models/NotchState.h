@@ -38,11 +38,11 @@ enum class ActivePanel {
 };
 
 inline constexpr std::array allActivePanels{
-    ActivePanel::media,     ActivePanel::fileShelf, ActivePanel::calendar,
-    ActivePanel::time,      ActivePanel::battery,   ActivePanel::clipboard,
-    ActivePanel::systemMonitor, ActivePanel::weather, ActivePanel::pomodoro,
-    ActivePanel::todo,      ActivePanel::mirror,    ActivePanel::notes,
-    ActivePanel::stockTicker, ActivePanel::settings};
+    ActivePanel::media,         ActivePanel::fileShelf, ActivePanel::calendar,
+    ActivePanel::time,          ActivePanel::battery,   ActivePanel::clipboard,
+    ActivePanel::systemMonitor, ActivePanel::weather,   ActivePanel::pomodoro,
+    ActivePanel::todo,          ActivePanel::mirror,    ActivePanel::notes,
+    ActivePanel::stockTicker,   ActivePanel::settings};
 
 std::string_view rawValue(ActivePanel panel);
 /// The tab's caption.

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "Foundation/Date.h"
+#include "Foundation/Subscription.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -30,6 +33,10 @@ public:
     virtual bool write(const std::string& path, std::string_view bytes) = 0;
     /// Replaces `to`. False when nothing was moved.
     virtual bool move(const std::string& from, const std::string& to) = 0;
+
+    /// Keeps every other holder of the same folder's lock waiting, in any process, until the handle
+    /// dies; makes a missing folder. Waits for at most `patience`, then gives an empty handle.
+    [[nodiscard]] virtual Subscription lock(const std::string& folder, Seconds patience) = 0;
 };
 
 } // namespace orvelle

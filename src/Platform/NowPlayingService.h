@@ -12,6 +12,10 @@ public:
     static constexpr std::uint32_t previousTrack = 5;
 
     virtual ~NowPlayingService() = default;
+
+    /// The service watches players only between these two; either may come twice.
+    virtual void registerForNotifications() = 0;
+    virtual void unregisterForNotifications() = 0;
     /// Sent to what plays; nothing when nothing does.
     virtual void sendCommand(std::uint32_t command) = 0;
 };

@@ -18,8 +18,8 @@ Spring::Motion Spring::at(Seconds time, Motion initial) const {
         const double sine = std::sin(ringing * time);
         const double b = (v0 + decay * x0) / ringing;
         return {envelope * (x0 * cosine + b * sine),
-                envelope * ((b * ringing - decay * x0) * cosine -
-                            (x0 * ringing + decay * b) * sine)};
+                envelope *
+                    ((b * ringing - decay * x0) * cosine - (x0 * ringing + decay * b) * sine)};
     }
     if (dampingFraction > 1) {
         const double spread = omega * std::sqrt(dampingFraction * dampingFraction - 1);

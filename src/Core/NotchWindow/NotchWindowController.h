@@ -10,6 +10,7 @@
 #include "Platform/Platform.h"
 #include "Platform/RunLoop.h"
 
+#include <list>
 #include <memory>
 #include <vector>
 
@@ -35,6 +36,7 @@ private:
     void observeStateChanges();
     void observeScreenChanges();
     void updateWindowFrame(NotchExpandedState state);
+    void shrinkLater(NotchExpandedState state, const Rect& frame);
     void followActivePanel(ActivePanel panel);
     void collapseIfPointerIsAway();
     Seconds collapseDebounceInterval() const;
@@ -49,7 +51,7 @@ private:
     NotchScreenInfo cachedScreenInfo_; ///< every frame comes from this
     Subscription screenChangeObserver_;
     Timer collapseDebounceTimer_;
-    std::vector<Timer> pendingShrinks_;
+    std::list<Timer> pendingShrinks_;
     bool isAnimatingCollapse_ = false; ///< a shrink of the window is pending
     Lifetime lifetime_;
 };

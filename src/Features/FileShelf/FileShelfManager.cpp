@@ -10,6 +10,13 @@ FileShelfManager::FileShelfManager(Platform& platform)
     : FeatureModule("fileShelf", "File Shelf", std::string("tray.fill"_symbol)),
       platform_(platform) {}
 
+void FileShelfManager::start() {
+    if (!isEnabled)
+        return;
+    cleanupTimer = platform_.runLoop().every(cleanupInterval, [this] { cleanupExpired(); });
+    cleanupExpired();
+}
+
 void FileShelfManager::cleanupExpired() {
     const auto now = platform_.runLoop().now();
     const auto expired = [now](const ShelfItem& item) { return item.expiresAt <= now; };

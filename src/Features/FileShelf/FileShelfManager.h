@@ -12,10 +12,14 @@ namespace orvelle {
 /// A temporary tray of files in the notch.
 class FileShelfManager : public FeatureModule {
 public:
+    static constexpr Seconds cleanupInterval = 300;
+
     explicit FileShelfManager(Platform& platform = Platform::shared());
 
     Published<std::vector<ShelfItem>> items; ///< in order of adding
-    Timer cleanupTimer;                      ///< every 300 s
+    Timer cleanupTimer;
+
+    void start() override;
 
     /// Lets go of the items whose time is over.
     void cleanupExpired();

@@ -10,6 +10,15 @@ MediaManager::MediaManager(Platform& platform)
                     [this](const bool& enabled) { enabled ? start() : stop(); }),
       platform_(platform) {}
 
+void MediaManager::start() {
+    if (isEnabled)
+        platform_.nowPlaying().registerForNotifications();
+}
+
+void MediaManager::stop() {
+    platform_.nowPlaying().unregisterForNotifications();
+}
+
 void MediaManager::nextTrack() {
     platform_.nowPlaying().sendCommand(NowPlayingService::nextTrack);
 }

@@ -14,6 +14,8 @@ public:
     Published<MediaInfo> currentMedia;
     Published<bool> isLoved{false};
 
+    void start() override;
+    void stop() override;
     void nextTrack();
     void previousTrack();
 

@@ -6,6 +6,9 @@
 
 namespace orvelle {
 
+/// Hours and minutes of the narrow clocks, such as "9:41 AM".
+inline constexpr const char* compactTimePattern = "h:mm a";
+
 /// "UTC+5:30" for seconds east of Greenwich.
 std::string utcOffsetLabel(int secondsFromGMT);
 

@@ -2,14 +2,17 @@
 
 #include "Platform/Formatting.h"
 
+#include <memory>
+
 namespace orvelle {
 
-/// The locale data of ICU, which every desktop carries.
+/// The locale data of ICU, which every desktop carries. Main thread only.
 class IcuFormatting : public Formatting {
 public:
-    /// Empty texts stand for the user's own locale (from the environment) and zone (the system's,
-    /// read again whenever it is asked for).
+    /// Empty texts stand for the user's own locale (LC_ALL, LC_TIME or LANG) and zone (TZ or
+    /// /etc/localtime, read again whenever it is asked for).
     explicit IcuFormatting(std::string locale = {}, std::string zone = {});
+    ~IcuFormatting() override;
 
     TimeZone currentTimeZone() const override;
     std::optional<TimeZone> timeZone(const std::string& identifier) const override;
@@ -21,8 +24,10 @@ public:
     void setCurrentTimeZone(std::string zone) { zone_ = std::move(zone); }
 
 private:
-    std::string locale_;
+    struct Cache;
+
     std::string zone_;
+    std::unique_ptr<Cache> cache_;
 };
 
 } // namespace orvelle

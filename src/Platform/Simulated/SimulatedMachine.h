@@ -4,6 +4,7 @@
 #include "Platform/Appearance.h"
 #include "Platform/Application.h"
 #include "Platform/FileSystem.h"
+#include "Platform/FileWatch.h"
 #include "Platform/HostStatistics.h"
 #include "Platform/Log.h"
 #include "Platform/NowPlayingService.h"
@@ -58,6 +59,9 @@ class SimulatedFileSystem : public FileSystem {
 public:
     std::map<std::string, std::string> files;
     bool writable = true;
+    /// Another process holds every lock.
+    bool lockedElsewhere = false;
+    int writeCount = 0; ///< refused writes included
 
     std::string applicationSupportDirectory() const override { return "/simulated/share"; }
     std::string configurationDirectory() const override { return "/simulated/config"; }
@@ -70,17 +74,33 @@ public:
         return {found->second, {}};
     }
     bool write(const std::string& path, std::string_view bytes) override {
+        ++writeCount;
         if (writable)
             files.insert_or_assign(path, std::string(bytes));
         return writable;
     }
     bool move(const std::string& from, const std::string& to) override {
-        auto node = files.extract(from);
-        if (!writable || node.empty())
+        if (!writable || !files.contains(from))
             return false;
+        auto node = files.extract(from);
         files.insert_or_assign(to, std::move(node.mapped()));
         return true;
     }
+    Subscription lock(const std::string&, Seconds) override {
+        return lockedElsewhere ? Subscription() : Subscription([] {});
+    }
+};
+
+class SimulatedFileWatch : public FileWatch {
+public:
+    void notifyChanged() { changed_(); }
+
+    Subscription watch(const std::string&, std::function<void()> changed) override {
+        return changed_.observe(std::move(changed));
+    }
+
+private:
+    Event<> changed_;
 };
 
 class SimulatedPowerSources : public PowerSources {
@@ -161,6 +181,10 @@ public:
 class SimulatedNowPlayingService : public NowPlayingService {
 public:
     std::vector<std::uint32_t> commands;
+    std::vector<bool> registrations; ///< true for each call to register, false for each to end it
+
+    void registerForNotifications() override { registrations.push_back(true); }
+    void unregisterForNotifications() override { registrations.push_back(false); }
     void sendCommand(std::uint32_t command) override { commands.push_back(command); }
 };
 

@@ -55,9 +55,8 @@ Subscription SimulatedRunLoop::detach(std::function<void()> work, std::function<
 
 Timer SimulatedRunLoop::schedule(Seconds delay, Seconds interval, std::function<void()> callback) {
     const auto id = nextId_++;
-    timers_->emplace(
-        Key{time_ + delay, id},
-        Entry{std::make_shared<std::function<void()>>(std::move(callback)), interval});
+    timers_->emplace(Key{time_ + delay, id},
+                     Entry{std::make_shared<std::function<void()>>(std::move(callback)), interval});
     return Timer([id, timers = std::weak_ptr<Timers>(timers_)] {
         if (auto list = timers.lock())
             std::erase_if(*list, [id](const auto& item) { return item.first.second == id; });

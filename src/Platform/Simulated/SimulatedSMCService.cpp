@@ -6,20 +6,6 @@ namespace orvelle {
 
 namespace {
 
-// Positions in the parameter block, see SMCTemperature.
-constexpr std::size_t keyOffset = 0;
-constexpr std::size_t dataSizeOffset = 28;
-constexpr std::size_t dataTypeOffset = 32;
-constexpr std::size_t commandOffset = 42;
-constexpr std::size_t dataOffset = 48;
-
-std::string fourCharacters(const SMCRecord& record, std::size_t offset) {
-    std::string text; // little-endian words, first character in the highest byte
-    for (std::size_t index = 4; index-- > 0;)
-        text += static_cast<char>(record[offset + index]);
-    return text;
-}
-
 class ScriptedConnection : public SMCConnection {
 public:
     explicit ScriptedConnection(SimulatedSMCService& service) : service_(service) {
@@ -29,18 +15,18 @@ public:
 
     std::optional<SMCRecord> call(const SMCRecord& input) override {
         service_.calls.push_back(input);
-        const auto found = service_.values.find(fourCharacters(input, keyOffset));
+        const auto found =
+            std::ranges::find(service_.values, smcWord(input, SMCLayout::key),
+                              [](const auto& entry) { return fourCharCode(entry.first); });
         if (found == service_.values.end())
             return std::nullopt;
         const auto& value = found->second;
         SMCRecord answer{};
-        if (input[commandOffset] == 9) {
-            answer[dataSizeOffset] = static_cast<std::uint8_t>(value.bytes.size());
-            for (std::size_t index = 0; index < 4; ++index)
-                answer[dataTypeOffset + index] = static_cast<std::uint8_t>(value.type[3 - index]);
+        if (input[SMCLayout::command] == static_cast<std::uint8_t>(SMCCommand::keyInfo)) {
+            setSMCWord(answer, SMCLayout::dataSize, static_cast<std::uint32_t>(value.bytes.size()));
+            setSMCWord(answer, SMCLayout::dataType, fourCharCode(value.type));
         } else {
-            std::copy(value.bytes.begin(), value.bytes.end(),
-                      answer.begin() + static_cast<std::ptrdiff_t>(dataOffset));
+            std::ranges::copy(value.bytes, answer.begin() + SMCLayout::data);
         }
         return answer;
     }

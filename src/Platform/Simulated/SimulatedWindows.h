@@ -29,8 +29,8 @@ private:
 /// A window that remembers what was asked of it.
 class SimulatedPanelWindow : public PanelWindow {
 public:
-    SimulatedPanelWindow(const PanelAttributes& wanted, const Rect& frame)
-        : attributes(wanted), frame_(frame) {}
+    SimulatedPanelWindow(const PanelAttributes& requested, const Rect& frame)
+        : attributes(requested), frame_(frame) {}
 
     const PanelAttributes attributes;
     bool isKey = false;

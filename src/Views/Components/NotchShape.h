@@ -10,8 +10,8 @@ namespace orvelle {
 struct PathElement {
     enum class Kind { move, line, quadCurve, arc, close };
     Kind kind;
-    Point end;        ///< where the step ends
-    Point control;    ///< of a quadratic curve; the corner of an arc
+    Point end;         ///< where the step ends
+    Point control;     ///< of a quadratic curve; the corner of an arc
     double radius = 0; ///< of an arc that is tangent to both sides of its corner
     bool operator==(const PathElement&) const = default;
 };

@@ -1,0 +1,231 @@
+#include "App/AppDelegate.h"
+
+#include "Core/Describe.h"
+#include "Core/NotchWindow/NotchDetector.h"
+#include "Foundation/Format.h"
+#include "Platform/RunLoop.h"
+#include "Platform/Screens.h"
+#include "Platform/UserDefaults.h"
+#include "Platform/UserNotifications.h"
+#include "Settings/SettingsKeys.h"
+
+namespace orvelle {
+
+AppDelegate::AppDelegate(ViewHost& views, Platform& platform)
+    : views_(views), platform_(platform), log_(platform.log(), "AppDelegate"), notchState(platform),
+      updateChecker(platform), mediaManager(platform), fileShelfManager(platform),
+      hudManager({}, platform), calendarManager(platform), batteryManager(platform),
+      clipboardManager(platform), systemMonitorManager(platform), weatherManager(platform),
+      pomodoroManager(platform), todoManager(platform), notesManager(platform),
+      stockTickerManager(platform), timeManager(platform), themeManager(platform),
+      mirrorManager(platform), hoverLayoutManager(platform), panelOrderManager(platform) {}
+
+NotchEnvironment AppDelegate::environment() {
+    return {notchState,         mediaManager,     fileShelfManager, hudManager,
+            calendarManager,    batteryManager,   clipboardManager, systemMonitorManager,
+            weatherManager,     pomodoroManager,  todoManager,      notesManager,
+            stockTickerManager, timeManager,      themeManager,     mirrorManager,
+            hoverLayoutManager, panelOrderManager};
+}
+
+void AppDelegate::applicationDidFinishLaunching() {
+    auto& application = platform_.application();
+    const auto version = application.operatingSystemVersion();
+    log_.info(format("Orvelle launching — macOS %ld.%ld.%ld, arch %s", version.major, version.minor,
+                     version.patch, application.architecture().c_str()));
+    logScreens();
+
+    log_.info("Setting up status bar (before activation policy change)");
+    setupStatusBar();
+    application.setActivationPolicy(ActivationPolicy::accessory);
+    log_.info("Activation policy set to .accessory");
+    updateChecker.start();
+
+    if (!platform_.userDefaults().boolean(Settings::hasCompletedOnboarding.name)) {
+        log_.info("First launch — showing onboarding");
+        showOnboarding();
+        return;
+    }
+    log_.info("Normal launch — onboarding completed previously");
+    bringUpNotchAndFeatures();
+    log_.info("Launch complete — all features started");
+}
+
+void AppDelegate::applicationWillTerminate() {
+    stopFeatures();
+}
+
+void AppDelegate::showNotch() {
+    notchState.expandedState = NotchExpandedState::expanded;
+}
+
+void AppDelegate::logScreens() {
+    const auto screens = platform_.screens().screens();
+    log_.info(format("Screens: %zu, main=%s", screens.size(),
+                     describe(platform_.screens().main().has_value())));
+    for (std::size_t index = 0; index < screens.size(); ++index)
+        log_.info(format("  Screen[%zu]: %s, frame=%s, safeArea.top=%f", index,
+                         screens[index].localizedName.c_str(),
+                         describe(screens[index].frame).c_str(),
+                         screens[index].safeAreaInsets.top));
+}
+
+void AppDelegate::setupStatusBar() {
+    log_.info("Setting up status bar");
+}
+
+void AppDelegate::showOnboarding() {
+    // There is nothing to ask of the user yet, so that the first launch completes by itself.
+    onboardingCompleted(notchWindowController == nullptr);
+}
+
+void AppDelegate::onboardingCompleted(bool setupIsDue) {
+    platform_.userDefaults().set(Settings::hasCompletedOnboarding.name, true);
+    if (setupIsDue)
+        completeSetup();
+    platform_.application().setActivationPolicy(ActivationPolicy::accessory);
+}
+
+void AppDelegate::completeSetup() {
+    log_.info("Completing post-onboarding setup");
+    bringUpNotchAndFeatures();
+    log_.info("Post-onboarding setup complete — all features started");
+}
+
+void AppDelegate::bringUpNotchAndFeatures() {
+    setupNotchWindow();
+    applyFeatureDefaults();
+    startAllFeatures();
+    observeRequireRealNotch();
+}
+
+void AppDelegate::setupNotchWindow() {
+    if (notchWindowController)
+        return;
+    const auto info = NotchDetector::detectNotch(platform_);
+    log_.info(format("NotchDetector: hasNotch=%s, size=%fx%f, pos=(%f, %f), screen=%s",
+                     describe(info.hasNotch), info.notchSize.width, info.notchSize.height,
+                     info.notchPosition.x, info.notchPosition.y,
+                     info.screen ? info.screen->localizedName.c_str() : "nil"));
+    if (!info.screen) {
+        log_.error("No screen available — cannot create notch window. Showing alert.");
+        showNoScreenAlert();
+        return;
+    }
+    log_.info(format("Using screen: %s, frame=%s", info.screen->localizedName.c_str(),
+                     describe(info.screen->frame).c_str()));
+    notchState.hasNotch = info.hasNotch;
+    notchState.notchSize = info.notchSize;
+    notchState.notchPosition = info.notchPosition;
+    notchState.currentScreen = info.screen;
+
+    notchWindowController =
+        std::make_unique<NotchWindowController>(environment(), views_, platform_);
+    notchWindowController->showWindow();
+    const auto* window = notchWindowController->window();
+    log_.info(format("Notch window created and shown at frame=%s",
+                     window ? describe(window->frame()).c_str() : "nil"));
+}
+
+void AppDelegate::showNoScreenAlert() {
+    auto& application = platform_.application();
+    log_.info(format("showNoScreenAlert — NSScreen.screens=%zu, main=%s",
+                     platform_.screens().screens().size(),
+                     describe(platform_.screens().main().has_value())));
+    application.setActivationPolicy(ActivationPolicy::regular);
+    const Alert alert{"Orvelle Cannot Start",
+                      "No display was detected. Please ensure a screen is connected and try "
+                      "again.\n\nmacOS " +
+                          application.operatingSystemVersionString(),
+                      {"Retry", "Quit"}};
+    constexpr std::size_t retry = 0;
+    if (application.runModal(alert) != retry) {
+        application.terminate();
+        return;
+    }
+    application.setActivationPolicy(ActivationPolicy::accessory);
+    setupNotchWindow();
+    if (notchWindowController) {
+        applyFeatureDefaults();
+        startAllFeatures();
+    }
+}
+
+void AppDelegate::applyFeatureDefaults() {
+    const auto stored = [this](const SettingKey<bool>& key) {
+        return platform_.userDefaults().storedBoolean(key.name).value_or(key.defaultValue);
+    };
+    mediaManager.isEnabled = stored(Settings::mediaEnabled); // starts or stops at once
+    fileShelfManager.isEnabled = stored(Settings::fileShelfEnabled);
+    hudManager.isEnabled = stored(Settings::hudEnabled);
+    calendarManager.isEnabled = stored(Settings::calendarEnabled);
+    batteryManager.isEnabled = stored(Settings::batteryEnabled);
+    clipboardManager.isEnabled = stored(Settings::clipboardEnabled);
+    systemMonitorManager.isEnabled = stored(Settings::systemMonitorEnabled);
+    weatherManager.isEnabled = stored(Settings::weatherEnabled);
+    pomodoroManager.isEnabled = stored(Settings::pomodoroEnabled);
+    todoManager.isEnabled = stored(Settings::todoEnabled);
+    notesManager.isEnabled = stored(Settings::notesEnabled);
+    stockTickerManager.isEnabled = stored(Settings::stockTickerEnabled); // likewise
+    timeManager.isEnabled = stored(Settings::timeEnabled);
+    mirrorManager.isEnabled = stored(Settings::mirrorEnabled);
+    notchState.clickWidgetNavigatesToPanel = stored(Settings::clickWidgetNavigatesToPanel);
+}
+
+// Each manager decides for itself whether its switch lets it run.
+void AppDelegate::startAllFeatures() {
+    mediaManager.start();
+    fileShelfManager.start();
+    hudManager.start();
+    calendarManager.start();
+    batteryManager.start();
+    clipboardManager.start();
+    systemMonitorManager.start();
+    weatherManager.start();
+    platform_.userNotifications().requestAuthorization(); // for the focus timer
+    stockTickerManager.start();
+    timeManager.start();
+}
+
+void AppDelegate::stopFeatures() {
+    mediaManager.stop();
+    fileShelfManager.cleanupTimer.reset();
+    hudManager.isMonitoring = false;
+    hudManager.stopIntercepting();
+    calendarManager.notificationObserver.reset();
+    batteryManager.updateTimer.reset();
+    clipboardManager.pollTimer.reset();
+    systemMonitorManager.updateTimer.reset();
+    systemMonitorManager.previousCPUInfo.reset();
+    systemMonitorManager.previousNetworkBytes.reset();
+    weatherManager.refreshTimer.reset();
+    pomodoroManager.pauseTimer();
+    stockTickerManager.refreshTimer.reset();
+    timeManager.timer.reset();
+    mirrorManager.stopSession();
+}
+
+void AppDelegate::observeRequireRealNotch() {
+    // Any setting may have changed; the detector looks for itself.
+    requireRealNotchObserver_ = platform_.userDefaults().observeChanges([this] {
+        platform_.runLoop().post(lifetime_.guard([this] { followRequireRealNotch(); }));
+    });
+}
+
+void AppDelegate::followRequireRealNotch() {
+    const bool hasScreen = NotchDetector::detectNotch(platform_).screen.has_value();
+    if (!notchWindowController) {
+        if (hasScreen)
+            setupNotchWindow();
+        return;
+    }
+    auto* window = notchWindowController->window();
+    if (!window)
+        return;
+    if (hasScreen)
+        window->orderFront();
+    else
+        window->orderOut();
+}
+
+} // namespace orvelle

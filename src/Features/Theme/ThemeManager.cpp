@@ -1,0 +1,36 @@
+#include "Features/Theme/ThemeManager.h"
+
+#include "Models/ThemeMode.h"
+#include "Platform/Appearance.h"
+#include "Platform/Screens.h"
+
+#include <algorithm>
+
+namespace orvelle {
+
+namespace {
+constexpr double customBrightness = 0.9;
+}
+
+ThemeManager::ThemeManager(Platform& platform)
+    : themeMode(platform.userDefaults(), Settings::themeMode),
+      customAccentHue(platform.userDefaults(), Settings::customAccentHue),
+      customAccentSaturation(platform.userDefaults(), Settings::customAccentSaturation),
+      systemAccentRefresh(UUID::random()), platform_(platform) {
+    observeSystemAccentChanges();
+}
+
+Color ThemeManager::accentColor() const {
+    if (themeModeFrom(themeMode.get()) == ThemeMode::custom)
+        return Color::hsb(customAccentHue.get(), std::clamp(customAccentSaturation.get(), 0.0, 1.0),
+                          customBrightness);
+    return platform_.appearance().controlAccentColor();
+}
+
+void ThemeManager::observeSystemAccentChanges() {
+    const auto refresh = [this] { systemAccentRefresh = UUID::random(); };
+    screensObserver_ = platform_.screens().observeChanges(refresh);
+    appearanceObserver_ = platform_.appearance().observeSystemColorsChanges(refresh);
+}
+
+} // namespace orvelle

@@ -1,0 +1,70 @@
+import QtQuick
+import Orvelle
+
+// A level on a track. Without `interactive` it only shows.
+Item {
+    id: root
+
+    property var slider
+    property bool interactive: false
+    property bool isDragging: false
+    signal moved(real value)
+
+    implicitHeight: slider.height
+    Accessible.role: Accessible.Slider
+    Accessible.name: Math.round(slider.fraction * 100) + "%"
+
+    SpringValue {
+        id: fill
+        target: root.slider.fraction * root.width
+        response: Style.fillResponse
+        dampingFraction: Style.fillDampingFraction
+    }
+
+    Rectangle {
+        objectName: "track"
+        width: parent.width
+        height: root.slider.height
+        anchors.verticalCenter: parent.verticalCenter
+        radius: height / 2
+        color: Style.trackColor
+    }
+    // A level near nothing keeps its round ends: the capsule is cut, not squeezed.
+    Item {
+        objectName: "fill"
+        width: fill.value
+        height: root.slider.height
+        anchors.verticalCenter: parent.verticalCenter
+        clip: width < height
+
+        Rectangle {
+            width: Math.max(parent.width, height)
+            height: parent.height
+            radius: height / 2
+            color: root.slider.tintColor
+        }
+    }
+    Loader {
+        active: root.slider.showThumb
+        x: fill.value - width / 2
+        anchors.verticalCenter: parent.verticalCenter
+        sourceComponent: SliderThumb {
+            diameter: root.slider.thumbDiameter
+            isDragging: root.isDragging
+        }
+    }
+    MouseArea {
+        anchors.fill: parent
+        enabled: root.interactive
+        preventStealing: true
+
+        function move(x) {
+            root.isDragging = true
+            root.moved(root.slider.valueAt(x, root.width))
+        }
+        onPressed: mouse => move(mouse.x)
+        onPositionChanged: mouse => move(mouse.x)
+        onReleased: root.isDragging = false
+        onCanceled: root.isDragging = false
+    }
+}

@@ -1,0 +1,26 @@
+import QtQuick
+import Orvelle
+
+// Opens a menu under the pointer at a press of the right button, over whatever it is laid on. The
+// menu's window is made when it is first needed.
+MouseArea {
+    id: root
+
+    // Gives the menu of this moment.
+    property var menu: () => undefined
+
+    acceptedButtons: Qt.RightButton
+    onPressed: mouse => {
+        const entries = menu()
+        if (!entries || entries.titles.length === 0)
+            return
+        loader.active = true
+        loader.item.open(entries, mapToGlobal(mouse.x, mouse.y))
+    }
+
+    Loader {
+        id: loader
+        active: false
+        source: "qrc:/Orvelle/PopupMenu.qml"
+    }
+}

@@ -1,0 +1,7 @@
+import QtQuick
+import Orvelle
+
+Rectangle {
+    implicitHeight: Style.dividerThickness
+    color: Style.dividerColor
+}

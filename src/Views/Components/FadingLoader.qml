@@ -1,0 +1,57 @@
+import QtQuick
+import Orvelle
+
+// Loads a part of the notch while it is shown, and keeps it, at the size that it had, until it has
+// faded away.
+Item {
+    id: root
+
+    property bool shown
+    property url source
+    property var properties: ({})
+    property size settledSize
+    property real response
+    property real dampingFraction
+    readonly property alias item: loader.item
+
+    opacity: presence.value
+    enabled: shown
+
+    SpringValue {
+        id: presence
+        target: root.shown ? 1 : 0
+        response: root.response
+        dampingFraction: root.dampingFraction
+        restDistance: 0.002
+        onValueChanged: root.update()
+    }
+    Binding {
+        target: root
+        property: "width"
+        value: root.settledSize.width
+        when: root.shown
+        restoreMode: Binding.RestoreNone
+    }
+    Binding {
+        target: root
+        property: "height"
+        value: root.settledSize.height
+        when: root.shown
+        restoreMode: Binding.RestoreNone
+    }
+    Loader {
+        id: loader
+        anchors.fill: parent
+        focus: true
+    }
+
+    function update() {
+        const needed = shown || presence.value > 0
+        if (needed && !loader.item)
+            loader.setSource(source, properties)
+        else if (!needed)
+            loader.source = ""
+    }
+    onShownChanged: update()
+    Component.onCompleted: update()
+}

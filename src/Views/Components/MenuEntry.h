@@ -1,0 +1,14 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace orvelle {
+
+/// One line of a context menu.
+struct MenuEntry {
+    std::string title;
+    std::function<void()> perform;
+};
+
+} // namespace orvelle

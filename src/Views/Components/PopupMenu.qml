@@ -1,0 +1,61 @@
+import QtQuick
+import Orvelle
+
+// A menu in a window of its own: inside the panel's it would be cut at the edges.
+MenuWindow {
+    id: root
+
+    property var entries
+    property int highlighted: -1
+
+    function open(menu, position) {
+        entries = menu
+        highlighted = -1
+        openAt(position)
+    }
+    function pick(row) {
+        dismiss()
+        entries.perform(row)
+    }
+
+    objectName: "menu"
+    width: rows.width + 10
+    height: rows.height + 10
+    onStepped: direction => {
+        const count = rows.count
+        const from = highlighted < 0 && direction < 0 ? count : highlighted
+        highlighted = (from + direction + count) % count
+    }
+    onConfirmed: if (highlighted >= 0) pick(highlighted)
+
+    Rectangle {
+        anchors.fill: parent
+        radius: 8
+        color: Style.fillColor
+        border.color: Style.edgeColor
+    }
+    Column {
+        id: rows
+
+        readonly property int count: root.entries ? root.entries.titles.length : 0
+
+        x: 5
+        y: 5
+        Accessible.role: Accessible.PopupMenu
+        Accessible.name: qsTr("Menu")
+
+        Repeater {
+            model: root.entries ? root.entries.titles : []
+
+            MenuRow {
+                required property int index
+                required property string modelData
+
+                title: modelData
+                isHighlighted: root.highlighted === index
+                onEntered: root.highlighted = index
+                onPicked: root.pick(index)
+            }
+        }
+    }
+}

@@ -1,0 +1,47 @@
+import QtQuick
+import Orvelle
+
+// The panel's tabs, equally wide. Left and right move the keyboard from tab to tab.
+FocusScope {
+    id: root
+
+    property alias model: tabs.model
+    property real spacing
+    property real cornerRadius
+    signal selected(string id)
+
+    Accessible.role: Accessible.PageTabList
+    Accessible.name: qsTr("Panels")
+
+    Repeater {
+        id: tabs
+
+        TabButton {
+            id: button
+
+            required property var entry
+            required property int index
+            readonly property real step: (root.width + root.spacing) / tabs.count
+
+            tab: entry
+            x: Math.round(index * step)
+            width: Math.round((index + 1) * step - root.spacing) - x
+            height: root.height
+            radius: root.cornerRadius
+            focus: entry.isActive
+            onClicked: root.selected(entry.id)
+            Keys.onLeftPressed: root.focusTab(index - 1)
+            Keys.onRightPressed: root.focusTab(index + 1)
+            onIsHoveredChanged: isHovered ? help.offer(button) : help.withdraw(button)
+        }
+    }
+
+    function focusTab(index) {
+        const tab = tabs.itemAt((index + tabs.count) % tabs.count)
+        tab.forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    HelpTip {
+        id: help
+    }
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import Orvelle
+
+// One tab of the panel's bar.
+Rectangle {
+    id: root
+
+    property var tab
+    readonly property alias isHovered: pointer.containsMouse
+    signal clicked
+
+    objectName: "tab." + tab.id
+    color: tab.background
+    activeFocusOnTab: true
+    Accessible.role: Accessible.PageTab
+    Accessible.name: tab.label
+    Accessible.selectable: true
+    Accessible.selected: tab.isActive
+    Accessible.focusable: true
+    Accessible.focused: activeFocus
+    Accessible.onPressAction: clicked()
+    Keys.onSpacePressed: clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    PanelSymbol {
+        anchors.centerIn: parent
+        content: root.tab.symbol
+        opacity: pointer.pressed ? 0.6 : 1
+    }
+    Rectangle {
+        anchors.fill: parent
+        radius: root.radius
+        visible: root.activeFocus
+        color: "transparent"
+        border.color: Style.focusColor
+    }
+    MouseArea {
+        id: pointer
+        anchors.fill: parent
+        hoverEnabled: true
+        onClicked: root.clicked()
+    }
+}

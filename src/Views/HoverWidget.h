@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Models/NotchState.h"
+#include "Views/Components/TextStyle.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvelle {
+
+/// What plays, as the hover bar shows it. Lengths are points.
+struct HoverMediaIndicator {
+    static constexpr double spacing = 4;
+    static constexpr double coverSize = 18;
+    static constexpr double coverRadius = 4;
+    static constexpr double buttonSize = 20;
+    static constexpr double visualizerWidth = 20;
+    static constexpr double visualizerHeight = 16;
+
+    bool hasArtwork = false; ///< without it the `cover` symbol stands in the same square
+    StyledSymbol cover;
+    StyledSymbol playButton;
+    bool isPlaying = false; ///< the visualizer stands only while something plays
+    StyledText title;       ///< a running text, the first to give way when room is short
+    std::optional<std::string> openSourceAppTitle; ///< the context menu's one entry
+
+    bool operator==(const HoverMediaIndicator&) const = default;
+};
+
+/// One widget of the hover bar with what it shows now. Lengths are points.
+struct HoverWidget {
+    enum class Kind {
+        texts,   ///< an icon and texts in a row
+        media,   ///< the `media` record
+        embedded ///< a view of its own, found by the widget's id
+    };
+    static constexpr double tapPadding = 4; ///< around the content, on all sides
+
+    std::string id;
+    ActivePanel panel = ActivePanel::media; ///< what a click on it opens
+    Kind kind = Kind::texts;
+    std::optional<StyledSymbol> icon;
+    std::vector<StyledText> texts;
+    double spacing = 4;         ///< between icon and texts
+    bool truncatesTail = false; ///< else every text keeps its full width
+    std::optional<HoverMediaIndicator> media;
+
+    bool operator==(const HoverWidget&) const = default;
+};
+
+} // namespace orvelle

@@ -1,0 +1,96 @@
+#include "Views/NotchCollapsedBinding.h"
+
+#include "Core/HoverLayoutManager.h"
+#include "Features/Battery/BatteryManager.h"
+#include "Features/Calendar/CalendarManager.h"
+#include "Features/FileShelf/FileShelfManager.h"
+#include "Features/Media/MediaManager.h"
+#include "Features/Mirror/MirrorManager.h"
+#include "Features/Notes/NotesManager.h"
+#include "Features/Pomodoro/PomodoroManager.h"
+#include "Features/StockTicker/StockTickerManager.h"
+#include "Features/SystemMonitor/SystemMonitorManager.h"
+#include "Features/Time/TimeManager.h"
+#include "Features/Weather/WeatherManager.h"
+
+namespace orvelle {
+
+namespace {
+
+QUrl widgetView(HoverWidget::Kind kind) {
+    return QUrl(kind == HoverWidget::Kind::media ? QStringLiteral("qrc:/Orvelle/HoverMedia.qml")
+                                                 : QStringLiteral("qrc:/Orvelle/HoverTexts.qml"));
+}
+
+QVariant toQt(const std::optional<HoverMediaIndicator>& media) {
+    if (!media)
+        return {};
+    return QVariant::fromValue(HoverMediaValue{orvelle::toQt(media->cover),
+                                               orvelle::toQt(media->playButton),
+                                               orvelle::toQt(media->title)});
+}
+
+HoverWidgetValue toQt(const HoverWidget& widget) {
+    QVariantList texts;
+    for (const auto& text : widget.texts)
+        texts.append(QVariant::fromValue(orvelle::toQt(text)));
+    const auto* definition = HoverLayoutManager::definition(widget.id);
+    return {
+        .id = orvelle::toQt(std::string_view(widget.id)),
+        .panel = orvelle::toQt(widget.panel),
+        .name = definition ? orvelle::toQt(definition->name) : QString(),
+        .source = widgetView(widget.kind),
+        .icon = orvelle::toQt(widget.icon),
+        .texts = texts,
+        .media = toQt(widget.media),
+        .spacing = widget.spacing,
+        .padding = HoverWidget::tapPadding,
+        .truncatesTail = widget.truncatesTail,
+    };
+}
+
+std::vector<HoverWidgetValue> toQt(const std::vector<HoverWidget>& widgets) {
+    std::vector<HoverWidgetValue> values;
+    for (const auto& widget : widgets)
+        values.push_back(toQt(widget));
+    return values;
+}
+
+} // namespace
+
+void NotchCollapsedBinding::attach(const ViewEnvironment& environment) {
+    const auto& notch = environment.notch;
+    view_.emplace(notch, std::set<std::string>{}, environment.platform);
+
+    follow(notch.notchState.notchSize, notch.hoverLayoutManager.placements);
+    follow(notch.mediaManager.currentMedia, notch.weatherManager.weather,
+           notch.calendarManager.events, notch.fileShelfManager.isEnabled,
+           notch.fileShelfManager.items, notch.notesManager.isEnabled, notch.notesManager.items,
+           notch.pomodoroManager.isEnabled, notch.mirrorManager.isEnabled,
+           notch.stockTickerManager.isEnabled);
+    follow(notch.timeManager.isEnabled, notch.timeManager.currentTime);
+    const auto& battery = notch.batteryManager;
+    follow(battery.batteryLevel, battery.isCharging, battery.isPluggedIn, battery.hasBattery);
+    follow(notch.systemMonitorManager.isEnabled, notch.systemMonitorManager.metrics);
+    const auto& modules = view_->modules;
+    follow(modules.showCPU, modules.showMemory, modules.showNetwork, modules.showTemperature);
+}
+
+void NotchCollapsedBinding::refresh() {
+    show_notchSpacerWidth(view_->notchSpacerWidth());
+    leftWing_.show(toQt(view_->leftWing()));
+    rightWing_.show(toQt(view_->rightWing()));
+    bottomRow_.show(toQt(view_->bottomRow()));
+    show_bottomPadding(view_->bottomPadding());
+}
+
+void NotchCollapsedBinding::expand() {
+    view_->expand();
+}
+
+void NotchCollapsedBinding::expandToPanel(const QString& panel) {
+    if (const auto known = activePanelFrom(panel.toStdString()))
+        view_->expandToPanel(*known);
+}
+
+} // namespace orvelle

@@ -1,0 +1,76 @@
+import QtQuick
+import Orvelle
+
+// The hover bar: a wing on either side of the notch, and a row of widgets below.
+MouseArea {
+    id: root
+
+    objectName: "hoverBar"
+    onClicked: view.expand()
+    Accessible.role: Accessible.Button
+    Accessible.name: qsTr("Open the panel")
+    Accessible.onPressAction: view.expand()
+
+    NotchCollapsedBinding {
+        id: view
+    }
+
+    readonly property real wingWidth: (width - 2 * view.horizontalPadding - view.notchSpacerWidth) / 2
+    readonly property bool hasBottomRow: bottomRow.width > 0
+
+    // Both lines together stand in the middle of the bar's height.
+    readonly property real lineHeight: view.topPadding + view.wingHeight
+    readonly property real top: (height - lineHeight - (hasBottomRow ? bottomRow.height : 0)
+                                 - view.bottomPadding) / 2
+
+    Item {
+        x: view.horizontalPadding
+        y: root.top + view.topPadding
+        width: parent.width - 2 * x
+        height: view.wingHeight
+
+        Item {
+            objectName: "leftWing"
+            width: root.wingWidth
+            height: parent.height
+
+            WidgetRow {
+                anchors.verticalCenter: parent.verticalCenter
+                model: view.leftWing
+                spacing: view.leftWingSpacing
+                onPicked: panel => view.expandToPanel(panel)
+            }
+        }
+        Item {
+            objectName: "rightWing"
+            anchors.right: parent.right
+            width: root.wingWidth
+            height: parent.height
+
+            WidgetRow {
+                anchors.right: parent.right
+                anchors.rightMargin: view.rightWingTrailingPadding
+                anchors.verticalCenter: parent.verticalCenter
+                model: view.rightWing
+                spacing: view.rightWingSpacing
+                onPicked: panel => view.expandToPanel(panel)
+            }
+        }
+    }
+    WidgetRow {
+        id: bottomRow
+        objectName: "bottomRow"
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: root.top + root.lineHeight
+        model: view.bottomRow
+        spacing: view.bottomRowSpacing
+        separator: Rectangle {
+            objectName: "separator"
+            width: view.separatorSize.width
+            height: view.separatorSize.height
+            radius: width / 2
+            color: view.separatorColor
+        }
+        onPicked: panel => view.expandToPanel(panel)
+    }
+}

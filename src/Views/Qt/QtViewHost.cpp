@@ -1,0 +1,59 @@
+#include "Views/Qt/QtViewHost.h"
+
+#include "Platform/PanelWindow.h"
+#include "Platform/Qt/QuickPanel.h"
+#include "Views/Qt/Face.h"
+#include "Views/Qt/NotchShapeItem.h"
+
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQuickWindow>
+#include <QtDebug>
+
+#include <utility>
+
+namespace orvelle {
+
+QtViewHost::QtViewHost(Platform& platform, std::function<void()> openSettings)
+    : platform_(platform), openSettings_(std::move(openSettings)) {
+    QGuiApplication::setFont(panelFace());
+}
+
+QtViewHost::~QtViewHost() = default;
+
+void QtViewHost::showNotchContent(PanelWindow& window, const NotchEnvironment& environment) {
+    auto* panel = dynamic_cast<QuickPanel*>(&window);
+    if (!panel)
+        return;
+    const auto* content = showNotchContent(panel->quickWindow(), environment);
+    if (!content)
+        return;
+    auto* shape = content->property("shape").value<NotchShapeItem*>();
+    QObject::connect(&panel->quickWindow(), &QQuickWindow::afterAnimating, shape, [panel, shape] {
+        panel->setShapeMask(shape->region().translated(shape->position().toPoint()));
+    });
+}
+
+QQuickItem* QtViewHost::showNotchContent(QQuickWindow& window,
+                                         const NotchEnvironment& environment) {
+    content_.reset();
+    engine_ =
+        std::make_unique<ViewEngine>(ViewEnvironment{environment, platform_, openSettings_});
+    QQmlComponent component(engine_.get(), QUrl(QStringLiteral("qrc:/Orvelle/NotchContentView.qml")));
+    content_.reset(qobject_cast<QQuickItem*>(component.create()));
+    if (!content_) {
+        qCritical() << component.errors();
+        return nullptr;
+    }
+    content_->setParentItem(window.contentItem());
+    content_->setFocus(true);
+    const auto fill = [content = content_.get(), &window] {
+        content->setSize(QSizeF(window.size()));
+    };
+    fill();
+    QObject::connect(&window, &QQuickWindow::widthChanged, content_.get(), fill);
+    QObject::connect(&window, &QQuickWindow::heightChanged, content_.get(), fill);
+    return content_.get();
+}
+
+} // namespace orvelle

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Extensions/ColorTheme.h"
+#include "Views/Qt/Binding.h"
+#include "Views/Qt/Values.h"
+
+namespace orvelle {
+
+/// What menus, help and focus rings look like, beside what the core's components fix.
+struct PopupStyle {
+    static constexpr Color fillColor = notchSurface;
+    static constexpr Color edgeColor = Color::white(1, 0.14);
+    static constexpr Color highlightColor = Color::white(1, 0.14);
+    static constexpr Color textColor = Color::white(1, 0.9);
+    static constexpr Color focusColor = Color::white(1, 0.45);
+};
+
+/// The constants of the shared components, for QML.
+class Style : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    ORVELLE_CONSTANT(QColor, trackColor, AnimatedSlider)
+    ORVELLE_CONSTANT(QColor, thumbColor, AnimatedSlider)
+    ORVELLE_CONSTANT(QColor, thumbShadowColor, AnimatedSlider)
+    ORVELLE_CONSTANT(QColor, fillColor, PopupStyle)
+    ORVELLE_CONSTANT(QColor, edgeColor, PopupStyle)
+    ORVELLE_CONSTANT(QColor, highlightColor, PopupStyle)
+    ORVELLE_CONSTANT(QColor, textColor, PopupStyle)
+    ORVELLE_CONSTANT(QColor, focusColor, PopupStyle)
+    Q_PROPERTY(QColor dividerColor READ dividerColor CONSTANT FINAL)
+    Q_PROPERTY(double dividerThickness READ dividerThickness CONSTANT FINAL)
+    Q_PROPERTY(double fillResponse READ fillResponse CONSTANT FINAL)
+    Q_PROPERTY(double fillDampingFraction READ fillDampingFraction CONSTANT FINAL)
+    Q_PROPERTY(double thumbResponse READ thumbResponse CONSTANT FINAL)
+    Q_PROPERTY(double thumbDampingFraction READ thumbDampingFraction CONSTANT FINAL)
+
+public:
+    QColor dividerColor() const { return toQt(Divider::color); }
+    double dividerThickness() const { return Divider::thickness; }
+    double fillResponse() const { return AnimatedSlider::fillSpring.response; }
+    double fillDampingFraction() const { return AnimatedSlider::fillSpring.dampingFraction; }
+    double thumbResponse() const { return AnimatedSlider::thumbSpring.response; }
+    double thumbDampingFraction() const { return AnimatedSlider::thumbSpring.dampingFraction; }
+
+    Q_INVOKABLE double thumbScale(bool isDragging) const {
+        return AnimatedSlider::thumbScale(isDragging);
+    }
+};
+
+} // namespace orvelle

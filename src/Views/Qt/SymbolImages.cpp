@@ -1,0 +1,110 @@
+#include "Views/Qt/SymbolImages.h"
+
+#include <QHash>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+namespace orvelle::SymbolImages {
+
+namespace {
+
+/// The drawings stand in squares of this side.
+constexpr double square = 56;
+/// The square's side, in multiples of the text size. A round symbol fills 85 % of its square and so
+/// becomes 1.4 times as high as a capital letter.
+constexpr double squareToText = 1.2;
+/// The side of a round symbol in its square. A wide symbol is enlarged towards the same area.
+constexpr double roundSymbol = 47;
+constexpr double largestEnlargement = 1.3;
+
+struct Drawing {
+    std::shared_ptr<QSvgRenderer> renderer;
+    QRectF bounds; ///< of what is drawn, within the square
+    double scale = squareToText / square;
+};
+
+QRectF drawnBounds(QSvgRenderer& renderer) {
+    constexpr int detail = 2;
+    QImage image(static_cast<int>(square) * detail, static_cast<int>(square) * detail,
+                 QImage::Format_Alpha8);
+    image.fill(0);
+    QPainter painter(&image);
+    renderer.render(&painter);
+    painter.end();
+    int left = image.width(), right = -1, top = image.height(), bottom = -1;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.constScanLine(y)[x]) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+                top = std::min(top, y);
+                bottom = std::max(bottom, y);
+            }
+    if (right < 0)
+        return {};
+    return {QPointF(left, top) / detail, QPointF(right + 1, bottom + 1) / detail};
+}
+
+const Drawing* drawing(const QString& name) {
+    static QHash<QString, Drawing> drawings;
+    auto found = drawings.find(name);
+    if (found == drawings.end()) {
+        Drawing made;
+        auto renderer =
+            std::make_shared<QSvgRenderer>(QStringLiteral(":/symbols/%1.svg").arg(name));
+        if (renderer->isValid()) {
+            made.renderer = renderer;
+            made.bounds = drawnBounds(*renderer);
+            if (made.bounds.width() > 1.3 * made.bounds.height())
+                made.scale *= std::clamp(
+                    roundSymbol / std::sqrt(made.bounds.width() * made.bounds.height()), 1.0,
+                    largestEnlargement);
+        }
+        found = drawings.insert(name, made);
+    }
+    return found->renderer ? &*found : nullptr;
+}
+
+} // namespace
+
+QSizeF extent(const QString& name, double size) {
+    const auto* drawn = drawing(name);
+    if (!drawn)
+        return {};
+    return {std::ceil(drawn->bounds.width() * drawn->scale * size),
+            std::round(squareToText * size)};
+}
+
+QImage render(const QString& name, double size, const QColor& color, double devicePixelRatio) {
+    static QHash<QString, QImage> images;
+    const auto key = QStringLiteral("%1/%2/%3/%4")
+                         .arg(name)
+                         .arg(size)
+                         .arg(color.name(QColor::HexArgb))
+                         .arg(devicePixelRatio);
+    if (const auto found = images.constFind(key); found != images.constEnd())
+        return *found;
+
+    const auto* drawn = drawing(name);
+    if (!drawn)
+        return {};
+    const QSizeF points = extent(name, size);
+    QImage image((points * devicePixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(devicePixelRatio);
+    image.fill(Qt::transparent);
+    const double side = square * drawn->scale * size;
+    const double left = points.width() / 2 - drawn->bounds.center().x() * drawn->scale * size;
+    QPainter painter(&image);
+    drawn->renderer->render(&painter, QRectF(left, (points.height() - side) / 2, side, side));
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(QRectF(QPointF(), points), color);
+    painter.end();
+    images.insert(key, image);
+    return image;
+}
+
+} // namespace orvelle::SymbolImages

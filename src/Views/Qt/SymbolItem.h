@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QColor>
+#include <QQuickItem>
+#include <QString>
+
+namespace orvelle {
+
+/// One symbol, as large by itself as suits a text of `size` pixels.
+class SymbolItem : public QQuickItem {
+    Q_OBJECT
+    QML_NAMED_ELEMENT(Symbol)
+    Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
+    Q_PROPERTY(double size READ size WRITE setSize NOTIFY sizeChanged)
+    Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
+
+public:
+    explicit SymbolItem(QQuickItem* parent = nullptr);
+
+    QString name() const { return name_; }
+    void setName(const QString& name);
+    double size() const { return size_; }
+    void setSize(double size);
+    QColor color() const { return color_; }
+    void setColor(const QColor& color);
+
+Q_SIGNALS:
+    void nameChanged();
+    void sizeChanged();
+    void colorChanged();
+
+protected:
+    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
+    void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+private:
+    void redraw();
+
+    QString name_;
+    double size_ = 0;
+    QColor color_ = Qt::white;
+    bool isPictureOutdated_ = true;
+};
+
+} // namespace orvelle

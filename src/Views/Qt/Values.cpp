@@ -1,0 +1,76 @@
+#include "Views/Qt/Values.h"
+
+#include <QFont>
+
+namespace orvelle {
+
+namespace {
+
+int qtWeight(FontWeight weight) {
+    switch (weight) {
+    case FontWeight::regular:
+        break;
+    case FontWeight::medium:
+        return QFont::Medium;
+    case FontWeight::semibold:
+        return QFont::DemiBold;
+    case FontWeight::bold:
+        return QFont::Bold;
+    }
+    return QFont::Normal;
+}
+
+} // namespace
+
+QColor SliderValue::tintColor() const {
+    return toQt(slider.tintColor);
+}
+
+QString toQt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QColor toQt(const Color& color) {
+    return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                            static_cast<float>(color.blue), static_cast<float>(color.alpha));
+}
+
+QSizeF toQt(const Size& size) {
+    return {size.width, size.height};
+}
+
+TextValue toQt(const StyledText& text) {
+    return {toQt(std::string_view(text.text)), text.style.size, qtWeight(text.style.weight),
+            toQt(text.style.color)};
+}
+
+SymbolValue toQt(const StyledSymbol& symbol) {
+    return {toQt(symbol.name), symbol.size, toQt(symbol.color)};
+}
+
+StrokeValue toQt(const Stroke& stroke) {
+    return {toQt(stroke.color), stroke.lineWidth, stroke.miterLimit};
+}
+
+ShapeValue toQt(const NotchShape& shape) {
+    return {shape};
+}
+
+CardValue toQt(const GlassBackground& card) {
+    const auto border = card.border();
+    return {card.cornerRadius, toQt(GlassBackground::fill), border ? toQt(*border) : StrokeValue{}};
+}
+
+SliderValue toQt(const AnimatedSlider& slider) {
+    return {slider};
+}
+
+PlaceholderValue toQt(const FilePlaceholder& placeholder) {
+    return {toQt(placeholder.symbol), toQt(placeholder.title)};
+}
+
+QString toQt(ActivePanel panel) {
+    return toQt(rawValue(panel));
+}
+
+} // namespace orvelle

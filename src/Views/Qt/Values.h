@@ -1,0 +1,154 @@
+#pragma once
+
+#include "Foundation/Color.h"
+#include "Foundation/Geometry.h"
+#include "Models/NotchState.h"
+#include "Views/Components/AnimatedSlider.h"
+#include "Views/Components/FilePlaceholder.h"
+#include "Views/Components/GlassBackground.h"
+#include "Views/Components/NotchShape.h"
+#include "Views/Components/Stroke.h"
+#include "Views/Components/TextStyle.h"
+
+#include <QColor>
+#include <QObject>
+#include <QSizeF>
+#include <QString>
+#include <QVariant>
+
+#include <optional>
+#include <string_view>
+
+// The core's records as QML sees them.
+namespace orvelle {
+
+struct TextValue {
+    Q_GADGET
+    Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(double size MEMBER size)
+    Q_PROPERTY(int weight MEMBER weight)
+    Q_PROPERTY(QColor color MEMBER color)
+
+public:
+    QString text;
+    double size = 0;
+    int weight = 0; ///< on Qt's scale
+    QColor color;
+    bool operator==(const TextValue&) const = default;
+};
+
+struct SymbolValue {
+    Q_GADGET
+    Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(double size MEMBER size)
+    Q_PROPERTY(QColor color MEMBER color)
+
+public:
+    QString name;
+    double size = 0;
+    QColor color;
+    bool operator==(const SymbolValue&) const = default;
+};
+
+struct StrokeValue {
+    Q_GADGET
+    Q_PROPERTY(QColor color MEMBER color)
+    Q_PROPERTY(double lineWidth MEMBER lineWidth)
+
+public:
+    QColor color = Qt::transparent;
+    double lineWidth = 0; ///< 0 draws nothing
+    double miterLimit = 0;
+    bool operator==(const StrokeValue&) const = default;
+};
+
+struct ShapeValue {
+    Q_GADGET
+    Q_PROPERTY(double bottomCornerRadius READ bottomCornerRadius)
+    Q_PROPERTY(double topFlare READ topFlare)
+    Q_PROPERTY(double bodyInset READ bodyInset)
+
+public:
+    NotchShape shape;
+    double bottomCornerRadius() const { return shape.bottomCornerRadius; }
+    double topFlare() const { return shape.topFlare; }
+    double bodyInset() const { return shape.bodyInset; }
+    bool operator==(const ShapeValue&) const = default;
+};
+
+struct CardValue {
+    Q_GADGET
+    Q_PROPERTY(double cornerRadius MEMBER cornerRadius)
+    Q_PROPERTY(QColor fill MEMBER fill)
+    Q_PROPERTY(orvelle::StrokeValue border MEMBER border)
+
+public:
+    double cornerRadius = 0;
+    QColor fill;
+    StrokeValue border;
+    bool operator==(const CardValue&) const = default;
+};
+
+struct SliderValue {
+    Q_GADGET
+    Q_PROPERTY(double value READ value)
+    Q_PROPERTY(double fraction READ fraction)
+    Q_PROPERTY(double lowerBound READ lowerBound)
+    Q_PROPERTY(double upperBound READ upperBound)
+    Q_PROPERTY(QColor tintColor READ tintColor)
+    Q_PROPERTY(double height READ height)
+    Q_PROPERTY(bool showThumb READ showThumb)
+    Q_PROPERTY(double thumbDiameter READ thumbDiameter)
+
+public:
+    AnimatedSlider slider;
+    double value() const { return slider.value; }
+    double fraction() const { return slider.fraction(); }
+    double lowerBound() const { return slider.lowerBound; }
+    double upperBound() const { return slider.upperBound; }
+    QColor tintColor() const;
+    double height() const { return slider.height; }
+    bool showThumb() const { return slider.showThumb; }
+    double thumbDiameter() const { return slider.thumbDiameter(); }
+    Q_INVOKABLE double valueAt(double x, double width) const { return slider.valueAt(x, width); }
+    bool operator==(const SliderValue&) const = default;
+};
+
+struct PlaceholderValue {
+    Q_GADGET
+    Q_PROPERTY(orvelle::SymbolValue symbol MEMBER symbol)
+    Q_PROPERTY(orvelle::TextValue title MEMBER title)
+    Q_PROPERTY(double spacing READ spacing)
+
+public:
+    SymbolValue symbol;
+    TextValue title;
+    double spacing() const { return FilePlaceholder::spacing; }
+    bool operator==(const PlaceholderValue&) const = default;
+};
+
+template <class T>
+T toQt(const T& value) {
+    return value;
+}
+QString toQt(std::string_view text);
+QColor toQt(const Color& color);
+QSizeF toQt(const Size& size);
+TextValue toQt(const StyledText& text);
+SymbolValue toQt(const StyledSymbol& symbol);
+StrokeValue toQt(const Stroke& stroke);
+ShapeValue toQt(const NotchShape& shape);
+CardValue toQt(const GlassBackground& card);
+SliderValue toQt(const AnimatedSlider& slider);
+PlaceholderValue toQt(const FilePlaceholder& placeholder);
+
+/// An absent value is `undefined` in QML.
+template <class T>
+QVariant toQt(const std::optional<T>& value) {
+    return value ? QVariant::fromValue(toQt(*value)) : QVariant();
+}
+
+/// Panels travel by their raw value.
+QString toQt(ActivePanel panel);
+
+} // namespace orvelle

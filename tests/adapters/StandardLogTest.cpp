@@ -1,0 +1,82 @@
+#include "Platform/Linux/StandardLog.h"
+#include "TemporaryFolder.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <sstream>
+#include <thread>
+
+namespace orvelle {
+namespace {
+
+class StandardLogTest : public testing::Test {
+protected:
+    StandardLogTest()
+        : descriptor(open((folder / "log").c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600)) {}
+    ~StandardLogTest() override { close(descriptor); }
+    std::string text() const { return fileBytes(folder / "log"); }
+
+    TemporaryFolder folder;
+    int descriptor;
+};
+
+TEST_F(StandardLogTest, PlainLinesNameTypeAndLevel) {
+    StandardLog log(descriptor, StandardLog::Style::plain, LogLevel::debug);
+    const Logger logger(log, "Type");
+    logger.debug("detail");
+    logger.info("news");
+    logger.error("trouble");
+    EXPECT_EQ(text(), "com.orvelle.app [Type] debug: detail\n"
+                      "com.orvelle.app [Type] news\n"
+                      "com.orvelle.app [Type] error: trouble\n");
+}
+
+TEST_F(StandardLogTest, JournalLinesBeginWithThePriority) {
+    StandardLog log(descriptor, StandardLog::Style::journal, LogLevel::debug);
+    const Logger logger(log, "Type");
+    logger.debug("a");
+    logger.info("b");
+    logger.error("c");
+    EXPECT_EQ(text(), "<7>com.orvelle.app [Type] a\n<6>com.orvelle.app [Type] b\n"
+                      "<3>com.orvelle.app [Type] c\n");
+}
+
+TEST_F(StandardLogTest, DebugLinesAreLeftOutUnlessWanted) {
+    StandardLog log(descriptor, StandardLog::Style::plain, LogLevel::info);
+    const Logger logger(log, "Type");
+    logger.debug("detail");
+    EXPECT_EQ(text(), "");
+}
+
+TEST_F(StandardLogTest, MessageCannotPoseAsAnotherLine) {
+    StandardLog log(descriptor, StandardLog::Style::journal, LogLevel::info);
+    const Logger logger(log, "Type");
+    logger.info("first\n<3>forged\r\x1B[31m ü");
+    EXPECT_EQ(text(), "<6>com.orvelle.app [Type] first\\n<3>forged\\x0d\\x1b[31m ü\n");
+}
+
+TEST_F(StandardLogTest, LinesOfSeveralThreadsDoNotMix) {
+    StandardLog log(descriptor, StandardLog::Style::plain, LogLevel::info);
+    const auto work = [&](char letter) {
+        const Logger logger(log, "Type");
+        for (int count = 0; count < 200; ++count)
+            logger.info(std::string(5000, letter));
+    };
+    std::thread first(work, 'a');
+    std::thread second(work, 'b');
+    first.join();
+    second.join();
+    std::istringstream lines(text());
+    std::string line;
+    int count = 0;
+    for (; std::getline(lines, line); ++count) {
+        const auto message = line.substr(line.find("] ") + 2);
+        ASSERT_EQ(message, std::string(5000, message[0]));
+    }
+    EXPECT_EQ(count, 400);
+}
+
+} // namespace
+} // namespace orvelle

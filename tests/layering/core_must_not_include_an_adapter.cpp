@@ -1,0 +1,2 @@
+// expect: Q
+#include "Platform/Qt/QtRunLoop.h"

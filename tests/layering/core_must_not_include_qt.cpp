@@ -1,0 +1,2 @@
+// expect: QString
+#include <QString>

@@ -1,0 +1,2 @@
+// expect: Q
+#include "Views/Qt/QtViewHost.h"

@@ -1,0 +1,211 @@
+#include "Support/AppFixture.h"
+
+#include <algorithm>
+
+namespace orvelle {
+namespace {
+
+using Policies = std::vector<ActivationPolicy>;
+constexpr auto accessory = ActivationPolicy::accessory;
+constexpr auto regular = ActivationPolicy::regular;
+
+class AppDelegateTest : public AppFixture {
+protected:
+    bool notchIsShown() {
+        return app.notchWindowController && app.notchWindowController->window()->isVisible();
+    }
+    std::vector<std::string> logged() {
+        std::vector<std::string> messages;
+        for (const auto& line : platform.logPort.lines)
+            if (line.category == "AppDelegate")
+                messages.push_back(line.message);
+        return messages;
+    }
+    int detections() {
+        return static_cast<int>(std::count_if(
+            platform.logPort.lines.begin(), platform.logPort.lines.end(),
+            [](const auto& line) { return line.message.starts_with("Detecting notch"); }));
+    }
+};
+
+TEST_F(AppDelegateTest, ANormalLaunchLogsItsStepsInOrder) {
+    launchNormally();
+    const std::vector<std::string> expected{
+        "Orvelle launching — macOS 12.5.0, arch x86_64",
+        "Screens: 1, main=true",
+        "  Screen[0]: Simulated Display, frame={{0, 0}, {1512, 982}}, safeArea.top=0.000000",
+        "Setting up status bar (before activation policy change)",
+        "Setting up status bar",
+        "Activation policy set to .accessory",
+        "Normal launch — onboarding completed previously",
+        "NotchDetector: hasNotch=false, size=180.000000x24.000000, pos=(666.000000, 958.000000), "
+        "screen=Simulated Display",
+        "Using screen: Simulated Display, frame={{0, 0}, {1512, 982}}",
+        "Notch window created and shown at frame={{666, 958}, {180, 24}}",
+        "Launch complete — all features started"};
+    EXPECT_EQ(logged(), expected);
+    EXPECT_EQ(platform.applicationPort.policies, Policies{accessory});
+    EXPECT_TRUE(notchIsShown());
+}
+
+TEST_F(AppDelegateTest, AFirstLaunchGoesThroughTheSetupAndRemembersIt) {
+    app.applicationDidFinishLaunching();
+    const auto messages = logged();
+    const std::vector<std::string> wanted{"First launch — showing onboarding",
+                                          "Completing post-onboarding setup",
+                                          "Post-onboarding setup complete — all features started"};
+    auto from = messages.begin();
+    for (const auto& message : wanted) {
+        from = std::find(from, messages.end(), message);
+        EXPECT_NE(from, messages.end()) << message;
+    }
+    EXPECT_EQ(defaults().storedBoolean("hasCompletedOnboarding"), true);
+    EXPECT_EQ(platform.applicationPort.policies, (Policies{accessory, accessory}));
+    EXPECT_TRUE(notchIsShown());
+}
+
+TEST_F(AppDelegateTest, RequireRealNotchWithoutANotchAlertsAtLaunchAndAgainAfterRetry) {
+    defaults().set("requireRealNotch", true);
+    int answers = 0;
+    platform.applicationPort.answer = [&](const Alert& alert) {
+        EXPECT_EQ(alert.messageText, "Orvelle Cannot Start");
+        EXPECT_EQ(alert.informativeText,
+                  "No display was detected. Please ensure a screen is connected and try "
+                  "again.\n\nmacOS Simulated 12.5");
+        EXPECT_EQ(alert.buttons, (std::vector<std::string>{"Retry", "Quit"}));
+        return static_cast<std::size_t>(++answers < 3 ? 0 : 1);
+    };
+    launchNormally();
+    EXPECT_EQ(answers, 3);
+    EXPECT_EQ(platform.applicationPort.terminateCount, 1);
+    EXPECT_EQ(app.notchWindowController, nullptr);
+    EXPECT_EQ(platform.applicationPort.policies,
+              (Policies{accessory, regular, accessory, regular, accessory, regular}));
+}
+
+TEST_F(AppDelegateTest, ASuccessfulRetryStartsTheFeaturesTwiceWithoutHarm) {
+    defaults().set("requireRealNotch", true);
+    platform.applicationPort.answer = [&](const Alert&) {
+        defaults().set("requireRealNotch", false);
+        return std::size_t{0};
+    };
+    launchNormally();
+    EXPECT_TRUE(notchIsShown());
+    EXPECT_EQ(platform.userNotificationsPort.authorizationRequests, 2);
+    const auto reads = platform.powerSourcesPort.snapshotCount;
+    advance(30);
+    EXPECT_EQ(platform.powerSourcesPort.snapshotCount, reads + 1)
+        << "a second start replaces the first one's timer";
+}
+
+TEST_F(AppDelegateTest, AnyLaterChangeOfASettingDetectsTheNotchOnceMore) {
+    launchNormally();
+    runPosted();
+    const int before = detections();
+    defaults().set("customAccentHue", 0.3);
+    EXPECT_EQ(detections(), before) << "only after the present event";
+    runPosted();
+    EXPECT_EQ(detections(), before + 1);
+}
+
+TEST_F(AppDelegateTest, RequireRealNotchTakesTheWindowAwayAndBringsItBack) {
+    launchNormally();
+    defaults().set("requireRealNotch", true);
+    runPosted();
+    EXPECT_FALSE(notchIsShown());
+    EXPECT_TRUE(app.batteryManager.updateTimer) << "features keep running";
+    defaults().set("requireRealNotch", false);
+    runPosted();
+    EXPECT_TRUE(notchIsShown());
+    EXPECT_EQ(platform.panelWindowsPort.count, 1) << "the window object stays";
+}
+
+TEST_F(AppDelegateTest, ASettingCanBringUpTheNotchThatLaunchCouldNot) {
+    defaults().set("requireRealNotch", true);
+    platform.applicationPort.answer = [](const Alert&) { return std::size_t{1}; };
+    launchNormally();
+    runPosted();
+    ASSERT_EQ(app.notchWindowController, nullptr);
+    defaults().set("requireRealNotch", false);
+    runPosted();
+    EXPECT_TRUE(notchIsShown());
+}
+
+TEST_F(AppDelegateTest, MediaSwitchedOffIsStoppedAndItsLaterStartDoesNothing) {
+    defaults().set("mediaEnabled", false);
+    launchNormally();
+    EXPECT_EQ(platform.nowPlayingPort.registrations, std::vector<bool>{false});
+    EXPECT_FALSE(app.mediaManager.isEnabled);
+}
+
+TEST_F(AppDelegateTest, UnsetSwitchesTakeTheirOwnDefaults) {
+    launchNormally();
+    const auto on = {&app.mediaManager.isEnabled,   &app.fileShelfManager.isEnabled,
+                     &app.hudManager.isEnabled,     &app.calendarManager.isEnabled,
+                     &app.batteryManager.isEnabled, &app.timeManager.isEnabled};
+    const auto off = {&app.clipboardManager.isEnabled,   &app.systemMonitorManager.isEnabled,
+                      &app.weatherManager.isEnabled,     &app.pomodoroManager.isEnabled,
+                      &app.todoManager.isEnabled,        &app.notesManager.isEnabled,
+                      &app.stockTickerManager.isEnabled, &app.mirrorManager.isEnabled};
+    for (const auto* isEnabled : on)
+        EXPECT_TRUE(isEnabled->get());
+    for (const auto* isEnabled : off)
+        EXPECT_FALSE(isEnabled->get());
+    EXPECT_TRUE(app.notchState.clickWidgetNavigatesToPanel);
+}
+
+TEST_F(AppDelegateTest, StoredSwitchesAreTakenAndOtherTypesCountAsUnset) {
+    defaults().set("timeEnabled", false);
+    defaults().set("notesEnabled", true);
+    defaults().set("batteryEnabled", std::int64_t{0});
+    defaults().set("clickWidgetNavigatesToPanel", false);
+    launchNormally();
+    EXPECT_FALSE(app.timeManager.isEnabled);
+    EXPECT_TRUE(app.notesManager.isEnabled);
+    EXPECT_TRUE(app.batteryManager.isEnabled);
+    EXPECT_FALSE(app.notchState.clickWidgetNavigatesToPanel);
+}
+
+TEST_F(AppDelegateTest, ASwitchedOffFeatureRunsNoTimerAndAsksNothing) {
+    for (const char* key : {"mediaEnabled", "fileShelfEnabled", "hudEnabled", "calendarEnabled",
+                            "batteryEnabled", "timeEnabled"})
+        defaults().set(key, false);
+    launchNormally();
+    EXPECT_EQ(platform.runLoopPort.timerCount(), 0u);
+    advance(3600);
+    EXPECT_EQ(platform.powerSourcesPort.snapshotCount, 0);
+    EXPECT_EQ(platform.hostStatisticsPort.readCount, 0);
+    EXPECT_EQ(platform.smcPort.openCount, 0);
+}
+
+TEST_F(AppDelegateTest, TerminationEndsEveryTimer) {
+    defaults().set("systemMonitorEnabled", true);
+    launchNormally();
+    EXPECT_GT(platform.runLoopPort.timerCount(), 0u);
+    app.applicationWillTerminate();
+    EXPECT_EQ(platform.runLoopPort.timerCount(), 0u);
+    EXPECT_EQ(app.systemMonitorManager.previousCPUInfo, std::nullopt);
+    EXPECT_EQ(app.systemMonitorManager.previousNetworkBytes, std::nullopt);
+    EXPECT_EQ(platform.nowPlayingPort.registrations.back(), false);
+}
+
+TEST_F(AppDelegateTest, TheHudIsWiredWithoutANotchState) {
+    launchNormally();
+    app.hudManager.startIntercepting();
+    EXPECT_FALSE(app.notchState.isHUDVisible);
+    EXPECT_EQ(app.notchState.hudType.get(), std::nullopt);
+}
+
+TEST_F(AppDelegateTest, NothingIsRegisteredAsAPlugin) {
+    launchNormally();
+    EXPECT_TRUE(app.pluginRegistry.registeredPlugins->empty());
+}
+
+TEST_F(AppDelegateTest, AnotherStartShowsThePanel) {
+    launchNormally();
+    app.showNotch();
+    EXPECT_EQ(state(), NotchExpandedState::expanded);
+}
+
+} // namespace
+} // namespace orvelle

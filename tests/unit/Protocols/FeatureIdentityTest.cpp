@@ -1,0 +1,94 @@
+#include "Features/Battery/BatteryManager.h"
+#include "Features/Calendar/CalendarManager.h"
+#include "Features/Clipboard/ClipboardManager.h"
+#include "Features/FileShelf/FileShelfManager.h"
+#include "Features/HUD/HUDManager.h"
+#include "Features/Media/MediaManager.h"
+#include "Features/Mirror/MirrorManager.h"
+#include "Features/Notes/NotesManager.h"
+#include "Features/Pomodoro/PomodoroManager.h"
+#include "Features/StockTicker/StockTickerManager.h"
+#include "Features/SystemMonitor/SystemMonitorManager.h"
+#include "Features/Time/TimeManager.h"
+#include "Features/Todo/TodoManager.h"
+#include "Features/Weather/WeatherManager.h"
+#include "Models/NotchState.h"
+#include "Platform/Simulated/SimulatedPlatform.h"
+
+#include <gtest/gtest.h>
+
+using namespace orvelle;
+
+namespace {
+
+class FeatureIdentity : public testing::Test {
+protected:
+    /// Asserts the row, and that the panel of the feature is found by its identifier.
+    static void expect(const FeatureModule& feature, const char* id, const char* name,
+                       const char* icon) {
+        EXPECT_EQ(feature.featureID, id);
+        EXPECT_EQ(feature.featureName, name);
+        EXPECT_EQ(feature.iconName, icon);
+        EXPECT_EQ(activePanelFrom(feature.featureID).has_value(), feature.featureID != "hud");
+    }
+
+    SimulatedPlatform platform;
+};
+
+} // namespace
+
+TEST_F(FeatureIdentity, Media) {
+    expect(MediaManager(platform), "media", "Now Playing", "music.note");
+}
+
+TEST_F(FeatureIdentity, FileShelf) {
+    expect(FileShelfManager(platform), "fileShelf", "File Shelf", "tray.fill");
+}
+
+TEST_F(FeatureIdentity, HUDAloneHasNoPanel) {
+    expect(HUDManager({}, platform), "hud", "HUD", "speaker.wave.2");
+}
+
+TEST_F(FeatureIdentity, Calendar) {
+    expect(CalendarManager(platform), "calendar", "Calendar", "calendar");
+}
+
+TEST_F(FeatureIdentity, Battery) {
+    expect(BatteryManager(platform), "battery", "Battery", "battery.100");
+}
+
+TEST_F(FeatureIdentity, Clipboard) {
+    expect(ClipboardManager(platform), "clipboard", "Clipboard", "doc.on.clipboard");
+}
+
+TEST_F(FeatureIdentity, SystemMonitor) {
+    expect(SystemMonitorManager(platform), "systemMonitor", "System Monitor", "cpu");
+}
+
+TEST_F(FeatureIdentity, Weather) {
+    expect(WeatherManager(platform), "weather", "Weather", "cloud.sun.fill");
+}
+
+TEST_F(FeatureIdentity, Pomodoro) {
+    expect(PomodoroManager(platform), "pomodoro", "Focus Timer", "timer");
+}
+
+TEST_F(FeatureIdentity, Todo) {
+    expect(TodoManager(platform), "todo", "Todo", "checklist");
+}
+
+TEST_F(FeatureIdentity, Notes) {
+    expect(NotesManager(platform), "notes", "Notes", "note.text");
+}
+
+TEST_F(FeatureIdentity, StockTicker) {
+    expect(StockTickerManager(platform), "stockTicker", "Stocks", "chart.line.uptrend.xyaxis");
+}
+
+TEST_F(FeatureIdentity, Time) {
+    expect(TimeManager(platform), "time", "World Clock", "clock");
+}
+
+TEST_F(FeatureIdentity, Mirror) {
+    expect(MirrorManager(platform), "mirror", "Mirror", "person.crop.square");
+}

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "Core/HoverLayoutManager.h"
+#include "Core/NotchEnvironment.h"
+#include "Core/PanelOrderManager.h"
+#include "Features/Battery/BatteryManager.h"
+#include "Features/Calendar/CalendarManager.h"
+#include "Features/Clipboard/ClipboardManager.h"
+#include "Features/FileShelf/FileShelfManager.h"
+#include "Features/HUD/HUDManager.h"
+#include "Features/Media/MediaManager.h"
+#include "Features/Mirror/MirrorManager.h"
+#include "Features/Notes/NotesManager.h"
+#include "Features/Pomodoro/PomodoroManager.h"
+#include "Features/StockTicker/StockTickerManager.h"
+#include "Features/SystemMonitor/SystemMonitorManager.h"
+#include "Features/Theme/ThemeManager.h"
+#include "Features/Time/TimeManager.h"
+#include "Features/Todo/TodoManager.h"
+#include "Features/Weather/WeatherManager.h"
+#include "Models/NotchState.h"
+#include "Platform/Simulated/SimulatedPlatform.h"
+#include "Views/Qt/QtViewHost.h"
+
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+namespace orvelle {
+
+/// Every manager over one simulated machine, and the notch's views over them in a real window that
+/// nobody sees.
+class ViewFixture : public testing::Test {
+protected:
+    ViewFixture();
+
+    /// Turns the event loop until the condition holds, and says whether it came to.
+    static bool eventually(const std::function<bool()>& condition, int milliseconds = 3000);
+    /// Lets pending refreshes happen.
+    static void turn();
+    /// Until nothing moves any more.
+    void settle();
+
+    /// The notch in this state, at rest.
+    void show(NotchExpandedState state);
+    void show(ActivePanel panel);
+
+    QQuickItem* item(const QString& objectName) const;
+    QString textOf(const QString& objectName) const;
+    QRectF frameOf(const QString& objectName) const;
+    void click(const QString& objectName);
+    /// Keeps a picture when ORVELLE_PICTURES names a folder.
+    void picture(const std::string& name);
+
+    SimulatedPlatform platform;
+    NotchState notchState{platform};
+    MediaManager media{platform};
+    FileShelfManager fileShelf{platform};
+    HUDManager hud{platform};
+    CalendarManager calendar{platform};
+    BatteryManager battery{platform};
+    ClipboardManager clipboard{platform};
+    SystemMonitorManager systemMonitor{platform};
+    WeatherManager weather{platform};
+    PomodoroManager pomodoro{platform};
+    TodoManager todo{platform};
+    NotesManager notes{platform};
+    StockTickerManager stockTicker{platform};
+    TimeManager time{platform};
+    ThemeManager theme{platform};
+    MirrorManager mirror{platform};
+    HoverLayoutManager hoverLayout{platform};
+    PanelOrderManager panelOrder{platform};
+    NotchEnvironment environment{notchState, media,       fileShelf,  hud,  calendar,    battery,
+                                 clipboard,  systemMonitor, weather,  pomodoro, todo,    notes,
+                                 stockTicker, time,        theme,     mirror, hoverLayout,
+                                 panelOrder};
+    int settingsOpened = 0;
+
+    QQuickWindow window;
+    QtViewHost host{platform, [this] { ++settingsOpened; }};
+    QQuickItem* root = nullptr;
+};
+
+} // namespace orvelle
