@@ -24,8 +24,11 @@ public:
     /// The panel whose window this is, or null.
     static const X11PanelWindow* of(const QWindow& window);
 
+    /// For the views, which draw into it.
     QQuickWindow& quickWindow() override;
-    /// Until the first call it is the whole window; a compositor, which blends, always gets that.
+    /// The part that the views draw on, in the window's coordinates with the origin at the top
+    /// left; they tell it with each frame that changes it. Without a compositor, which alone can
+    /// blend, only this part of the window is there. Until the first call it is the whole window.
     void setShapeMask(const QRegion& shape) override;
 
     Rect frame() const override { return frame_; }
