@@ -23,11 +23,28 @@ def binary():
     return path
 
 
+# No folders of services, so that nothing of the machine's starts by itself.
+BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>session</type>
+  <listen>unix:tmpdir=/tmp</listen>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+
+
 @pytest.fixture
-def bus():
+def bus(tmp_path):
     """A session bus of the test's own; gives its address."""
+    configuration = tmp_path / "session-bus.conf"
+    configuration.write_text(BUS_CONFIGURATION)
     daemon = subprocess.Popen(
-        ["dbus-daemon", "--session", "--nofork", "--print-address=1"],
+        ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--print-address=1"],
         stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
     yield daemon.stdout.readline().strip()
     daemon.terminate()
