@@ -17,9 +17,11 @@ namespace orvelle {
 
 namespace {
 
-QUrl widgetView(HoverWidget::Kind kind) {
-    return QUrl(kind == HoverWidget::Kind::media ? QStringLiteral("qrc:/Orvelle/HoverMedia.qml")
-                                                 : QStringLiteral("qrc:/Orvelle/HoverTexts.qml"));
+QUrl widgetView(const HoverWidget& widget) {
+    const char* name = widget.truncatesTail ? "HoverTitle" : "HoverTexts";
+    if (widget.kind == HoverWidget::Kind::media)
+        name = "HoverMedia";
+    return QUrl(QStringLiteral("qrc:/Orvelle/%1.qml").arg(QLatin1String(name)));
 }
 
 QVariant toQt(const std::optional<HoverMediaIndicator>& media) {
@@ -39,13 +41,13 @@ HoverWidgetValue toQt(const HoverWidget& widget) {
         .id = orvelle::toQt(std::string_view(widget.id)),
         .panel = orvelle::toQt(widget.panel),
         .name = definition ? orvelle::toQt(definition->name) : QString(),
-        .source = widgetView(widget.kind),
+        .source = widgetView(widget),
         .icon = orvelle::toQt(widget.icon),
         .texts = texts,
         .media = toQt(widget.media),
         .spacing = widget.spacing,
         .padding = HoverWidget::tapPadding,
-        .truncatesTail = widget.truncatesTail,
+        .truncatesTail = widget.truncatesTail || widget.media.has_value(),
     };
 }
 

@@ -16,16 +16,16 @@ MouseArea {
     }
 
     readonly property real wingWidth: (width - 2 * view.horizontalPadding - view.notchSpacerWidth) / 2
-    readonly property bool hasBottomRow: bottomRow.width > 0
+    readonly property bool hasBottomRow: bottomRow.count > 0
 
     // Both lines together stand in the middle of the bar's height.
     readonly property real lineHeight: view.topPadding + view.wingHeight
-    readonly property real top: (height - lineHeight - (hasBottomRow ? bottomRow.height : 0)
+    readonly property real topLine: (height - lineHeight - (hasBottomRow ? bottomRow.height : 0)
                                  - view.bottomPadding) / 2
 
     Item {
         x: view.horizontalPadding
-        y: root.top + view.topPadding
+        y: root.topLine + view.topPadding
         width: parent.width - 2 * x
         height: view.wingHeight
 
@@ -37,6 +37,7 @@ MouseArea {
             WidgetRow {
                 anchors.verticalCenter: parent.verticalCenter
                 model: view.leftWing
+                available: parent.width
                 spacing: view.leftWingSpacing
                 onPicked: panel => view.expandToPanel(panel)
             }
@@ -52,6 +53,7 @@ MouseArea {
                 anchors.rightMargin: view.rightWingTrailingPadding
                 anchors.verticalCenter: parent.verticalCenter
                 model: view.rightWing
+                available: parent.width - view.rightWingTrailingPadding
                 spacing: view.rightWingSpacing
                 onPicked: panel => view.expandToPanel(panel)
             }
@@ -61,8 +63,9 @@ MouseArea {
         id: bottomRow
         objectName: "bottomRow"
         anchors.horizontalCenter: parent.horizontalCenter
-        y: root.top + root.lineHeight
+        y: root.topLine + root.lineHeight
         model: view.bottomRow
+        available: parent.width - 2 * view.horizontalPadding
         spacing: view.bottomRowSpacing
         separator: Rectangle {
             objectName: "separator"

@@ -1,6 +1,7 @@
 #include "views/ViewFixture.h"
 
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QElapsedTimer>
 #include <QMouseEvent>
 

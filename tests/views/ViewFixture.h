@@ -59,7 +59,7 @@ protected:
     NotchState notchState{platform};
     MediaManager media{platform};
     FileShelfManager fileShelf{platform};
-    HUDManager hud;
+    HUDManager hud{{}, platform};
     CalendarManager calendar{platform};
     BatteryManager battery{platform};
     ClipboardManager clipboard{platform};

@@ -2,10 +2,26 @@
 #include <QQuickWindow>
 #include <gtest/gtest.h>
 
+#include <iostream>
+
+namespace {
+
+/// A view that complains is a view that is broken.
+void failOnWarnings(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type != QtDebugMsg && type != QtInfoMsg &&
+        testing::UnitTest::GetInstance()->current_test_info())
+        ADD_FAILURE() << message.toStdString();
+    else
+        std::cerr << message.toStdString() << std::endl;
+}
+
+} // namespace
+
 int main(int count, char** values) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication application(count, values);
     testing::InitGoogleTest(&count, values);
+    qInstallMessageHandler(failOnWarnings);
     return RUN_ALL_TESTS();
 }

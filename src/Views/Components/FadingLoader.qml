@@ -23,7 +23,7 @@ Item {
         response: root.response
         dampingFraction: root.dampingFraction
         restDistance: 0.002
-        onValueChanged: root.update()
+        onValueChanged: root.follow()
     }
     Binding {
         target: root
@@ -45,13 +45,13 @@ Item {
         focus: true
     }
 
-    function update() {
+    function follow() {
         const needed = shown || presence.value > 0
-        if (needed && !loader.item)
+        if (needed && loader.status === Loader.Null)
             loader.setSource(source, properties)
         else if (!needed)
             loader.source = ""
     }
-    onShownChanged: update()
-    Component.onCompleted: update()
+    onShownChanged: follow()
+    Component.onCompleted: follow()
 }

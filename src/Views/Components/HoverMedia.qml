@@ -1,19 +1,23 @@
 import QtQuick
 import Orvelle
 
-// What plays: a cover, the play button and the title.
-Row {
+// What plays: a cover, the play button, and the title, the first to give way when room is short.
+Item {
     id: root
 
     property var widget
     readonly property var media: widget.media
-    readonly property string summary: media.title.text
+    readonly property real naturalWidth: title.x + title.implicitWidth
+    readonly property string summary: title.text
 
-    spacing: media.spacing
+    implicitWidth: naturalWidth
+    implicitHeight: media.buttonSize
 
     Item {
+        id: cover
         width: root.media.coverSize
         height: root.media.coverSize
+        anchors.verticalCenter: parent.verticalCenter
 
         PanelSymbol {
             anchors.centerIn: parent
@@ -21,6 +25,8 @@ Row {
         }
     }
     Item {
+        id: button
+        x: cover.width + root.media.spacing
         width: root.media.buttonSize
         height: root.media.buttonSize
 
@@ -30,8 +36,11 @@ Row {
         }
     }
     PanelText {
+        id: title
+        objectName: "text"
+        x: button.x + button.width + root.media.spacing
+        width: root.width - x
         content: root.media.title
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.min(implicitWidth, root.width - x)
     }
 }

@@ -1,17 +1,17 @@
 import QtQuick
 import Orvelle
 
-// An icon and texts in a row.
+// An icon and texts in a row, each as wide as it is.
 Row {
     id: root
 
     property var widget
+    readonly property real naturalWidth: implicitWidth
     readonly property string summary: widget.texts.map(text => text.text).join(" ")
 
     spacing: widget.spacing
 
     Loader {
-        id: icon
         active: !!root.widget.icon
         visible: active
         anchors.verticalCenter: parent.verticalCenter
@@ -25,10 +25,9 @@ Row {
         PanelText {
             required property var modelData
 
+            objectName: "text"
             content: modelData
             anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, root.width - x)
-            elide: root.widget.truncatesTail ? Text.ElideRight : Text.ElideNone
         }
     }
 }

@@ -6,9 +6,10 @@ MouseArea {
     id: root
 
     property var widget
+    readonly property real naturalWidth: (content.item ? content.item.naturalWidth : 0)
+                                         + 2 * widget.padding
 
     objectName: "widget." + widget.id
-    implicitWidth: content.implicitWidth + 2 * widget.padding
     implicitHeight: content.implicitHeight + 2 * widget.padding
     Accessible.role: Accessible.Button
     Accessible.name: widget.name
@@ -17,8 +18,10 @@ MouseArea {
 
     Loader {
         id: content
-        anchors.centerIn: parent
-        width: Math.min(implicitWidth, root.width - 2 * root.widget.padding)
+        anchors.verticalCenter: parent.verticalCenter
+        x: root.widget.padding
+        width: root.width - 2 * root.widget.padding
+        opacity: root.pressed ? 0.6 : 1
         Component.onCompleted: setSource(root.widget.source, {
             widget: Qt.binding(() => root.widget)
         })

@@ -1,0 +1,157 @@
+#include "views/ViewFixture.h"
+
+namespace orvelle {
+
+namespace {
+
+CalendarEventModel eventAt(Date start, std::string title) {
+    CalendarEventModel event;
+    event.id = title;
+    event.title = std::move(title);
+    event.startDate = start;
+    event.endDate = start + 3600;
+    return event;
+}
+
+} // namespace
+
+class NotchCollapsedViewTest : public ViewFixture {
+protected:
+    void place(const std::string& id, HoverWidgetPosition zone, bool isVisible = true) {
+        hoverLayout.placements.update([&](auto& placements) {
+            for (auto& placement : placements)
+                if (placement.id == id) {
+                    placement.zone = zone;
+                    placement.isVisible = isVisible;
+                }
+        });
+    }
+    void hideAll() {
+        hoverLayout.placements.update([](auto& placements) {
+            for (auto& placement : placements)
+                placement.isVisible = false;
+        });
+    }
+    QString firstText(const QString& widget) {
+        const auto* text = childOf(widget, QStringLiteral("text"));
+        return text ? text->property("text").toString() : QString();
+    }
+    QQuickItem* childOf(const QString& widget, const QString& name) {
+        std::function<QQuickItem*(QQuickItem*)> find = [&](QQuickItem* at) -> QQuickItem* {
+            for (auto* child : at->childItems()) {
+                if (child->objectName() == name)
+                    return child;
+                if (auto* found = find(child))
+                    return found;
+            }
+            return nullptr;
+        };
+        auto* at = item(widget);
+        return at ? find(at) : nullptr;
+    }
+};
+
+TEST_F(NotchCollapsedViewTest, nothingIsLoadedWhileCollapsed) {
+    show(NotchExpandedState::collapsed);
+    EXPECT_EQ(item("hoverBar"), nullptr);
+    EXPECT_EQ(item("expandedContent"), nullptr);
+}
+
+TEST_F(NotchCollapsedViewTest, theBarIsGoneAgainAfterTheNotchClosed) {
+    show(NotchExpandedState::hovering);
+    ASSERT_NE(item("hoverBar"), nullptr);
+    show(NotchExpandedState::collapsed);
+    EXPECT_TRUE(eventually([&] { return item("hoverBar") == nullptr; }));
+}
+
+TEST_F(NotchCollapsedViewTest, batteryTextFollowsTheManager) {
+    battery.batteryLevel = 87;
+    show(NotchExpandedState::hovering);
+    EXPECT_EQ(firstText("widget.battery"), "87%");
+    battery.batteryLevel = 86;
+    turn();
+    EXPECT_EQ(firstText("widget.battery"), "86%");
+    battery.hasBattery = false;
+    turn();
+    EXPECT_EQ(firstText("widget.battery"), "AC");
+}
+
+TEST_F(NotchCollapsedViewTest, wingsStandBesideTheNotch) {
+    battery.batteryLevel = 87;
+    MediaInfo info;
+    info.title = "A title that is much too long for any wing of the hover bar";
+    media.currentMedia = info;
+    show(NotchExpandedState::hovering);
+    const double middle = root->width() / 2;
+    EXPECT_LE(frameOf("widget.media").right(), middle - 94);
+    EXPECT_GE(frameOf("widget.battery").left(), middle + 94);
+    EXPECT_LE(frameOf("widget.battery").right(), frameOf("shape").right());
+    EXPECT_GE(frameOf("widget.media").left(), frameOf("shape").left() + 8);
+}
+
+TEST_F(NotchCollapsedViewTest, widgetsOfARowDoNotOverlap) {
+    show(NotchExpandedState::hovering);
+    const auto clock = frameOf("widget.time");
+    const auto system = frameOf("widget.systemStats");
+    EXPECT_GT(clock.width(), 40);
+    EXPECT_GE(system.left(), clock.right());
+}
+
+TEST_F(NotchCollapsedViewTest, separatorsStandBetweenWidgetsOnly) {
+    hideAll();
+    place("time", HoverWidgetPosition::bottomRow);
+    show(NotchExpandedState::hovering);
+    EXPECT_EQ(item("separator"), nullptr);
+    place("battery", HoverWidgetPosition::bottomRow);
+    settle();
+    const auto* separator = item("separator");
+    ASSERT_NE(separator, nullptr);
+    EXPECT_EQ(separator->size(), QSizeF(1, 10));
+    EXPECT_EQ(separator->property("color").value<QColor>(), QColor(255, 255, 255, 38));
+}
+
+TEST_F(NotchCollapsedViewTest, noBottomRowWithoutItsContent) {
+    hideAll();
+    place("weather", HoverWidgetPosition::bottomRow); // has no place name, so shows nothing
+    show(NotchExpandedState::hovering);
+    EXPECT_EQ(item("widget.weather"), nullptr);
+    EXPECT_EQ(item("bottomRow")->width(), 0);
+}
+
+TEST_F(NotchCollapsedViewTest, aLongTitleIsCutAtItsEnd) {
+    hideAll();
+    place("calendar", HoverWidgetPosition::leftWing);
+    calendar.events = {eventAt(platform.runLoopPort.now() + 600,
+                               "Quarterly planning with everybody who could possibly be there")};
+    show(NotchExpandedState::hovering);
+    auto* title = childOf("widget.calendar", "text");
+    ASSERT_NE(title, nullptr);
+    EXPECT_TRUE(title->property("truncated").toBool());
+    EXPECT_LE(frameOf("widget.calendar").right(), root->width() / 2 - 94);
+}
+
+TEST_F(NotchCollapsedViewTest, clickOnAWidgetOpensItsPanel) {
+    show(NotchExpandedState::hovering);
+    click("widget.battery");
+    EXPECT_EQ(notchState.expandedState, NotchExpandedState::expanded);
+    EXPECT_EQ(notchState.activePanel, ActivePanel::battery);
+}
+
+TEST_F(NotchCollapsedViewTest, clickOnAWidgetKeepsThePanelWhenItDoesNotNavigate) {
+    notchState.clickWidgetNavigatesToPanel = false;
+    notchState.activePanel = ActivePanel::notes;
+    show(NotchExpandedState::hovering);
+    click("widget.battery");
+    EXPECT_EQ(notchState.expandedState, NotchExpandedState::expanded);
+    EXPECT_EQ(notchState.activePanel, ActivePanel::notes);
+}
+
+TEST_F(NotchCollapsedViewTest, clickBesideTheWidgetsOpensThePanelThatWasActive) {
+    notchState.activePanel = ActivePanel::time;
+    show(NotchExpandedState::hovering);
+    click("leftWing");
+    EXPECT_EQ(notchState.expandedState, NotchExpandedState::expanded);
+    EXPECT_EQ(notchState.activePanel, ActivePanel::time);
+}
+
+} // namespace orvelle

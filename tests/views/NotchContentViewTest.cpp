@@ -1,0 +1,179 @@
+#include "Views/Qt/Values.h"
+#include "views/ViewFixture.h"
+
+#include <QAccessible>
+#include <QCoreApplication>
+#include <QKeyEvent>
+
+namespace orvelle {
+
+class NotchContentViewTest : public ViewFixture {};
+
+TEST_F(NotchContentViewTest, theShapeHangsFromTheMiddleOfTheTopEdge) {
+    show(NotchExpandedState::collapsed);
+    EXPECT_EQ(frameOf("shape"), QRectF(193, 0, 180, 32));
+    show(NotchExpandedState::expanded);
+    EXPECT_EQ(frameOf("shape"), QRectF(0, 0, 566, 220));
+}
+
+TEST_F(NotchContentViewTest, theShapeGrowsOnTheSpring) {
+    show(NotchExpandedState::collapsed);
+    notchState.expandedState = NotchExpandedState::expanded;
+    ASSERT_TRUE(eventually([&] {
+        const double width = frameOf("shape").width();
+        return width > 190 && width < 560;
+    }));
+    const double width = frameOf("shape").width();
+    const double height = frameOf("shape").height();
+    EXPECT_NEAR((width - 180) / 386, (height - 32) / 188, 0.02);
+    settle();
+    EXPECT_EQ(frameOf("shape").width(), 566);
+}
+
+TEST_F(NotchContentViewTest, theBorderStandsInOpenStatesOnly) {
+    const auto lineWidth = [&] {
+        return item("shape")->property("stroke").value<StrokeValue>().lineWidth;
+    };
+    show(NotchExpandedState::collapsed);
+    EXPECT_EQ(lineWidth(), 0);
+    show(NotchExpandedState::hovering);
+    EXPECT_EQ(lineWidth(), 0.5);
+}
+
+TEST_F(NotchContentViewTest, tabsShareTheBarEqually) {
+    show(NotchExpandedState::expanded);
+    const auto bar = frameOf("tabBar");
+    EXPECT_EQ(bar, QRectF(12, 36, 542, 24));
+    EXPECT_EQ(frameOf("tab.media").left(), 12);
+    EXPECT_EQ(frameOf("tab.stockTicker").right(), 554);
+    const double spacing = frameOf("tab.fileShelf").left() - frameOf("tab.media").right();
+    EXPECT_EQ(spacing, 4);
+    EXPECT_NEAR(frameOf("tab.media").width(), (542 - 12 * 4) / 13.0, 1);
+}
+
+TEST_F(NotchContentViewTest, tabsAreInTheUsersOrder) {
+    panelOrder.reorder({3}, 0);
+    panelOrder.toggleVisibility("media");
+    show(NotchExpandedState::expanded);
+    EXPECT_EQ(item("tab.media"), nullptr);
+    EXPECT_LT(frameOf("tab.time").left(), frameOf("tab.fileShelf").left());
+}
+
+TEST_F(NotchContentViewTest, withoutVisiblePanelsTheActiveOneStillShows) {
+    for (const auto panel : allActivePanels)
+        panelOrder.toggleVisibility(rawValue(panel));
+    show(ActivePanel::battery);
+    EXPECT_EQ(item("tab.battery"), nullptr);
+    EXPECT_EQ(frameOf("tabBar").height(), 24);
+    EXPECT_NE(item("batteryTitle"), nullptr);
+}
+
+TEST_F(NotchContentViewTest, clickOnATabSlidesItsPanelIn) {
+    show(ActivePanel::time);
+    ASSERT_NE(item("localTime"), nullptr);
+    click("tab.battery");
+    EXPECT_EQ(notchState.activePanel, ActivePanel::battery);
+    EXPECT_EQ(notchState.panelTransitionEdge, Edge::trailing);
+
+    ASSERT_TRUE(eventually([&] { return item("batteryTitle") != nullptr; }));
+    EXPECT_NE(item("localTime"), nullptr) << "the old panel leaves, it does not vanish";
+    EXPECT_TRUE(eventually([&] {
+        return frameOf("localTime").center().x() < 200 && frameOf("batteryTitle").left() > 100;
+    }));
+    EXPECT_TRUE(eventually([&] { return item("localTime") == nullptr; }));
+    settle();
+    EXPECT_EQ(item("panels")->property("panel").value<QQuickItem*>()->parentItem()->x(), 0);
+    EXPECT_EQ(item("panels")->property("panel").value<QQuickItem*>()->parentItem()->opacity(), 1);
+}
+
+TEST_F(NotchContentViewTest, aPanelOfLowerOrderComesFromTheLeft) {
+    show(ActivePanel::battery);
+    click("tab.time");
+    EXPECT_EQ(notchState.panelTransitionEdge, Edge::leading);
+    ASSERT_TRUE(eventually([&] { return item("localTime") != nullptr; }));
+    EXPECT_LT(frameOf("localTime").center().x(), 283);
+}
+
+TEST_F(NotchContentViewTest, aChangeDuringASlideEndsOnTheLastPanel) {
+    show(ActivePanel::time);
+    click("tab.battery");
+    ASSERT_TRUE(eventually([&] { return item("batteryTitle") != nullptr; }));
+    click("tab.systemMonitor");
+    settle();
+    EXPECT_TRUE(eventually([&] {
+        return item("metric.CPU") && !item("batteryTitle") && !item("localTime");
+    }));
+}
+
+TEST_F(NotchContentViewTest, clickOnTheActiveTabChangesNothing) {
+    show(ActivePanel::battery);
+    const auto* title = item("batteryTitle");
+    click("tab.battery");
+    settle();
+    EXPECT_EQ(item("batteryTitle"), title);
+}
+
+TEST_F(NotchContentViewTest, theActiveTabIsMarkedInTheAccentColour) {
+    platform.appearancePort.accent = Color{1, 0, 0, 1};
+    show(ActivePanel::battery);
+    const auto colorOf = [&](const char* tab) {
+        return item(tab)->property("color").value<QColor>();
+    };
+    EXPECT_EQ(colorOf("tab.battery"), QColor(255, 0, 0, 51));
+    EXPECT_EQ(colorOf("tab.time").alpha(), 0);
+    platform.appearancePort.accent = Color{0, 1, 0, 1};
+    platform.appearancePort.notifyChanged();
+    turn();
+    EXPECT_EQ(colorOf("tab.battery"), QColor(0, 255, 0, 51));
+}
+
+TEST_F(NotchContentViewTest, tabsAreTabsForAssistiveTools) {
+    show(ActivePanel::battery);
+    auto* tab = QAccessible::queryAccessibleInterface(item("tab.battery"));
+    ASSERT_NE(tab, nullptr);
+    EXPECT_EQ(tab->role(), QAccessible::PageTab);
+    EXPECT_EQ(tab->text(QAccessible::Name), "Battery");
+    EXPECT_TRUE(tab->state().selected);
+    auto* other = QAccessible::queryAccessibleInterface(item("tab.time"));
+    EXPECT_FALSE(other->state().selected);
+    other->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(notchState.activePanel, ActivePanel::time);
+}
+
+TEST_F(NotchContentViewTest, arrowKeysMoveFromTabToTab) {
+    show(ActivePanel::battery);
+    item("tab.battery")->forceActiveFocus();
+    const auto press = [&](Qt::Key key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &event);
+    };
+    press(Qt::Key_Right);
+    EXPECT_TRUE(item("tab.clipboard")->hasActiveFocus());
+    press(Qt::Key_Left);
+    press(Qt::Key_Left);
+    EXPECT_TRUE(item("tab.time")->hasActiveFocus());
+    press(Qt::Key_Space);
+    EXPECT_EQ(notchState.activePanel, ActivePanel::time);
+}
+
+TEST_F(NotchContentViewTest, aPanelWithoutAViewShowsItsPlaceholder) {
+    show(ActivePanel::settings);
+    EXPECT_EQ(textOf("placeholderTitle"), "Settings");
+    show(ActivePanel::media);
+    EXPECT_TRUE(eventually([&] { return textOf("placeholderTitle") == "No media playing"; }));
+}
+
+TEST_F(NotchContentViewTest, theLevelDisplayCoversThePanelAndKeepsIt) {
+    show(ActivePanel::time);
+    notchState.hudType = HUDType::brightness;
+    notchState.hudValue = 0.5;
+    notchState.isHUDVisible = true;
+    ASSERT_TRUE(eventually([&] { return item("hud") && item("hud")->parentItem()->opacity() == 1; }));
+    EXPECT_EQ(frameOf("hud"), QRectF(0, 0, 566, 220));
+    EXPECT_NE(item("localTime"), nullptr);
+    notchState.isHUDVisible = false;
+    EXPECT_TRUE(eventually([&] { return item("hud") == nullptr; }));
+    EXPECT_NE(item("localTime"), nullptr);
+}
+
+} // namespace orvelle
