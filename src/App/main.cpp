@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <optional>
 
 using namespace orvelle;
 
@@ -67,10 +68,9 @@ int run(const CommandLine& line, int& argumentCount, char** arguments) {
     OrvelleApp app(*platform);
     app.listen(instance);
     app.launch();
-    if (line.tourDirectory) {
-        Tour tour(app.delegate(), *line.tourDirectory);
-        return QApplication::exec();
-    }
+    std::optional<Tour> tour;
+    if (line.tourDirectory)
+        tour.emplace(app.delegate(), *line.tourDirectory);
     return QApplication::exec();
 }
 

@@ -1,5 +1,6 @@
-#include "Platform/FileUserDefaults.h"
 #include "Platform/Linux/InotifyFileWatch.h"
+
+#include "Platform/FileUserDefaults.h"
 #include "Platform/Linux/PosixFileSystem.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"

@@ -2,9 +2,9 @@
 
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
+#include "Support/TemporaryFolder.h"
 #include "adapters/EventLoopWait.h"
 #include "adapters/PrivateBus.h"
-#include "Support/TemporaryFolder.h"
 
 #include <QDBusVariant>
 

@@ -1,8 +1,8 @@
 #include "Platform/Linux/LinuxWorkspace.h"
 
 #include "Platform/Simulated/SimulatedMachine.h"
-#include "adapters/EventLoopWait.h"
 #include "Support/TemporaryFolder.h"
+#include "adapters/EventLoopWait.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 #include "Platform/Linux/PosixFileSystem.h"
+
 #include "Support/TemporaryFolder.h"
 #include "Support/TemporaryVariable.h"
 

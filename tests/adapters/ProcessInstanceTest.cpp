@@ -1,5 +1,6 @@
 #include "Platform/Linux/ProcessInstance.h"
-#include "adapters/QtTest.h"
+
+#include "adapters/EventLoopWait.h"
 
 #include <QTemporaryDir>
 
@@ -19,10 +20,7 @@ namespace {
 using Claim = ProcessInstance::Claim;
 
 struct ProcessInstanceTest : ::testing::Test {
-    ProcessInstanceTest() {
-        application();
-        qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
-    }
+    ProcessInstanceTest() { qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8()); }
     std::filesystem::path file(const char* name) const {
         return std::filesystem::path(runtime.path().toStdString()) / name;
     }

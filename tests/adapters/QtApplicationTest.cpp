@@ -1,5 +1,6 @@
 #include "Platform/Qt/QtApplication.h"
-#include "adapters/QtTest.h"
+
+#include "adapters/EventLoopWait.h"
 
 #include <QTemporaryDir>
 
@@ -35,7 +36,7 @@ TEST(QtApplication, RemembersItsActivationPolicy) {
 }
 
 TEST(QtApplication, TerminateEndsTheMainLoopAfterThePresentEvent) {
-    auto& qt = application();
+    auto& qt = *QCoreApplication::instance();
     QtApplication application;
     bool eventEnded = false;
     QMetaObject::invokeMethod(

@@ -1,5 +1,6 @@
 #include "Platform/Qt/QtRunLoop.h"
-#include "adapters/QtTest.h"
+
+#include "adapters/EventLoopWait.h"
 
 #include <QThread>
 
@@ -15,10 +16,7 @@ namespace orvelle {
 namespace {
 
 struct QtRunLoopTest : ::testing::Test {
-    QtRunLoopTest() {
-        application();
-        loop_.emplace();
-    }
+    QtRunLoopTest() { loop_.emplace(); }
     QtRunLoop& loop() { return *loop_; }
     std::optional<QtRunLoop> loop_;
 };
@@ -123,7 +121,7 @@ TEST_F(QtRunLoopTest, WhatAnyThreadPostsRunsOnTheMainThreadInOrder) {
     std::thread other([&] {
         for (int number = 0; number < 3; ++number)
             loop().post([&, number] {
-                EXPECT_EQ(QThread::currentThread(), application().thread());
+                EXPECT_EQ(QThread::currentThread(), QCoreApplication::instance()->thread());
                 order.push_back(number);
             });
     });
@@ -136,14 +134,14 @@ TEST_F(QtRunLoopTest, WhatAnyThreadPostsRunsOnTheMainThreadInOrder) {
 TEST_F(QtRunLoopTest, DetachedWorkRunsElsewhereAndCompletesOnTheMainThread) {
     std::atomic<QThread*> worker = nullptr;
     bool isDone = false;
-    const auto handle =
-        loop().detach([&] { worker = QThread::currentThread(); },
-                      [&] {
-                          EXPECT_EQ(QThread::currentThread(), application().thread());
-                          isDone = true;
-                      });
+    const auto handle = loop().detach([&] { worker = QThread::currentThread(); },
+                                      [&] {
+                                          EXPECT_EQ(QThread::currentThread(),
+                                                    QCoreApplication::instance()->thread());
+                                          isDone = true;
+                                      });
     EXPECT_TRUE(waitUntil([&] { return isDone; }));
-    EXPECT_NE(worker.load(), application().thread());
+    EXPECT_NE(worker.load(), QCoreApplication::instance()->thread());
 }
 
 TEST_F(QtRunLoopTest, ACompletionIsDroppedWithItsHandle) {

@@ -1,4 +1,5 @@
 #include "Platform/Linux/StandardLog.h"
+
 #include "Support/TemporaryFolder.h"
 
 #include <fcntl.h>

@@ -1,9 +1,9 @@
 #include "Platform/Linux/UPowerPowerSources.h"
 
 #include "Platform/Simulated/SimulatedRunLoop.h"
+#include "Support/TemporaryFolder.h"
 #include "adapters/EventLoopWait.h"
 #include "adapters/PrivateBus.h"
-#include "Support/TemporaryFolder.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusObjectPath>

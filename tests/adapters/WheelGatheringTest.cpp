@@ -1,7 +1,9 @@
 #include "Platform/Linux/WheelGathering.h"
-#include "adapters/QtTest.h"
 
-#include <QGuiApplication>
+#include "adapters/EventLoopWait.h"
+
+#include <QWheelEvent>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -10,7 +12,6 @@
 namespace orvelle {
 namespace {
 
-/// A window needs the application object of a platform that has windows.
 struct WheelGatheringTest : ::testing::Test {
     WheelGatheringTest() {
         window.resize(566, 220);
@@ -22,10 +23,6 @@ struct WheelGatheringTest : ::testing::Test {
                                           Qt::NoButton, Qt::NoModifier, phase, false));
     }
 
-    int argumentCount = 3;
-    char name[8] = "orvelle", option[10] = "-platform", platform[10] = "offscreen";
-    char* arguments[4] = {name, option, platform, nullptr};
-    QGuiApplication guiApplication{argumentCount, arguments};
     QWindow window;
     QWindow otherWindow;
     std::vector<ScrollEvent> events;
