@@ -7,11 +7,13 @@
 #include <concepts>
 #include <string>
 #include <type_traits>
+#include <variant>
 
 namespace orvelle {
 
 /// A view's live binding to one setting: the stored value, or the key's default while it is unset
-/// or of another type; writes go through.
+/// or of a type that does not fit; writes go through. Booleans, numbers and texts fit booleans and
+/// numbers, by the store's lenient reads; a text takes a text alone.
 template <class T>
 class Setting {
 public:
@@ -34,7 +36,8 @@ public:
 private:
     Value read() const {
         const auto stored = defaults_.object(key_.name);
-        if (!stored)
+        if (!stored || std::holds_alternative<Date>(*stored) ||
+            std::holds_alternative<Data>(*stored))
             return Value(key_.defaultValue);
         if constexpr (std::same_as<Value, bool>) {
             return defaults_.boolean(key_.name);

@@ -138,6 +138,11 @@ TEST_F(AppDelegateTest, MediaSwitchedOffIsStoppedAndItsLaterStartDoesNothing) {
     EXPECT_FALSE(app.mediaManager.isEnabled);
 }
 
+TEST_F(AppDelegateTest, MediaIsStartedByItsSwitchAndAgainWithAllFeatures) {
+    launchNormally();
+    EXPECT_EQ(platform.nowPlayingPort.registrations, (std::vector<bool>{true, true}));
+}
+
 TEST_F(AppDelegateTest, UnsetSwitchesTakeTheirOwnDefaults) {
     launchNormally();
     const auto on = {&app.mediaManager.isEnabled,   &app.fileShelfManager.isEnabled,
@@ -187,6 +192,27 @@ TEST_F(AppDelegateTest, TerminationEndsEveryTimer) {
     EXPECT_EQ(app.systemMonitorManager.previousCPUInfo, std::nullopt);
     EXPECT_EQ(app.systemMonitorManager.previousNetworkBytes, std::nullopt);
     EXPECT_EQ(platform.nowPlayingPort.registrations.back(), false);
+}
+
+TEST_F(AppDelegateTest, TerminationStopsWhatFeaturesHaveUnderWay) {
+    launchNormally();
+    bool calendarIsObserved = true;
+    app.hudManager.isMonitoring = true;
+    app.hudManager.startIntercepting();
+    app.calendarManager.notificationObserver = Subscription([&] { calendarIsObserved = false; });
+    for (auto* timer : {&app.clipboardManager.pollTimer, &app.weatherManager.refreshTimer,
+                        &app.pomodoroManager.timer, &app.stockTickerManager.refreshTimer})
+        *timer = platform.runLoopPort.every(1, [] {});
+    app.pomodoroManager.state.update([](auto& value) { value.isRunning = true; });
+    app.mirrorManager.isSessionRunning = true;
+
+    app.applicationWillTerminate();
+    EXPECT_FALSE(app.hudManager.isMonitoring);
+    EXPECT_FALSE(app.hudManager.isIntercepting);
+    EXPECT_FALSE(calendarIsObserved);
+    EXPECT_EQ(platform.runLoopPort.timerCount(), 0u);
+    EXPECT_FALSE(app.pomodoroManager.state->isRunning);
+    EXPECT_FALSE(app.mirrorManager.isSessionRunning);
 }
 
 TEST_F(AppDelegateTest, TheHudIsWiredWithoutANotchState) {

@@ -166,12 +166,56 @@ TEST_F(HoverLayoutManagerTest, ReorderMovesInsideOneZoneAndCountsHiddenRows) {
     EXPECT_EQ(HoverLayoutManager(platform).placements.get(), manager.placements.get());
 }
 
+TEST_F(HoverLayoutManagerTest, DefaultPlacementsStandByTheTable) {
+    const std::vector<HoverWidgetPlacement> expected{{"media", Position::leftWing, 0, true},
+                                                     {"weather", Position::rightWing, 0, true},
+                                                     {"battery", Position::rightWing, 1, true},
+                                                     {"fileShelf", Position::bottomRow, 0, false},
+                                                     {"time", Position::bottomRow, 1, true},
+                                                     {"pomodoro", Position::bottomRow, 2, true},
+                                                     {"systemStats", Position::bottomRow, 3, true},
+                                                     {"calendar", Position::bottomRow, 4, false},
+                                                     {"notes", Position::bottomRow, 5, false},
+                                                     {"stockTicker", Position::bottomRow, 6, false},
+                                                     {"mirror", Position::bottomRow, 7, true}};
+    EXPECT_EQ(manager.placements.get(), expected);
+}
+
 TEST_F(HoverLayoutManagerTest, DefinitionsNameEveryWidgetAndItsPanel) {
-    EXPECT_EQ(HoverLayoutManager::widgetDefinitions().size(), 11u);
-    EXPECT_EQ(HoverLayoutManager::definition("systemStats")->panel, ActivePanel::systemMonitor);
-    EXPECT_EQ(HoverLayoutManager::definition("fileShelf")->icon, "tray.fill");
-    EXPECT_EQ(HoverLayoutManager::definition("pomodoro")->name, "Focus Timer");
+    const HoverLayoutManager::WidgetDefinition expected[] = {
+        {"media", "Media", "music.note", ActivePanel::media},
+        {"weather", "Weather", "cloud.sun", ActivePanel::weather},
+        {"battery", "Battery", "battery.100", ActivePanel::battery},
+        {"fileShelf", "File Shelf", "tray.fill", ActivePanel::fileShelf},
+        {"time", "Clock", "clock", ActivePanel::time},
+        {"pomodoro", "Focus Timer", "timer", ActivePanel::pomodoro},
+        {"systemStats", "System Stats", "cpu", ActivePanel::systemMonitor},
+        {"calendar", "Calendar", "calendar", ActivePanel::calendar},
+        {"notes", "Notes", "note.text", ActivePanel::notes},
+        {"stockTicker", "Stocks", "chart.line.uptrend.xyaxis", ActivePanel::stockTicker},
+        {"mirror", "Mirror", "person.crop.square", ActivePanel::mirror}};
+    const auto& definitions = HoverLayoutManager::widgetDefinitions();
+    ASSERT_EQ(definitions.size(), std::size(expected));
+    for (std::size_t index = 0; index < definitions.size(); ++index) {
+        const auto& wanted = expected[index];
+        EXPECT_EQ(definitions[index].id, wanted.id);
+        EXPECT_EQ(definitions[index].name, wanted.name) << wanted.id;
+        EXPECT_EQ(definitions[index].icon, wanted.icon) << wanted.id;
+        EXPECT_EQ(definitions[index].panel, wanted.panel) << wanted.id;
+        EXPECT_EQ(HoverLayoutManager::definition(wanted.id), &definitions[index]);
+    }
     EXPECT_EQ(HoverLayoutManager::definition("clipboard"), nullptr);
+}
+
+TEST_F(HoverLayoutManagerTest, EachWidgetCountsItsEstimatedWidth) {
+    const std::pair<const char*, double> widths[] = {
+        {"media", 80},    {"battery", 50},      {"weather", 45},       {"calendar", 60},
+        {"pomodoro", 50}, {"time", 55},         {"mirror", 30},        {"fileShelf", 35},
+        {"notes", 35},    {"stockTicker", 100}, {"something else", 40}};
+    for (const auto& [id, width] : widths) {
+        manager.placements = std::vector<HoverWidgetPlacement>{{id, Position::leftWing, 0, true}};
+        EXPECT_EQ(manager.estimatedHoverWidth(180, {id}), width + 8 + 20) << id;
+    }
 }
 
 } // namespace

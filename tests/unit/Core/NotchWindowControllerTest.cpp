@@ -119,6 +119,19 @@ TEST_F(NotchWindowControllerTest, EnteringWhileAShrinkIsPendingCancelsTheTimerAn
     EXPECT_EQ(state(), State::hovering);
 }
 
+TEST_F(NotchWindowControllerTest, EnteringWhileAShrinkIsPendingCancelsAWaitingCollapse) {
+    setSpeed("slow");
+    setState(State::expanded);
+    setState(State::hovering); // the window waits to shrink to the bar
+    pointFarAway();
+    window().pointer.exited();
+    advance(0.1);
+    ASSERT_TRUE(controller().isAnimatingCollapse());
+    window().pointer.entered();
+    advance(2);
+    EXPECT_EQ(state(), State::hovering);
+}
+
 TEST_F(NotchWindowControllerTest, ComingBackInTimeCancelsTheCollapse) {
     hoverAndLeave();
     advance(0.1);

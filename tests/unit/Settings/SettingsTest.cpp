@@ -94,5 +94,20 @@ TEST_F(SettingsTest, ABindingFollowsTheStoreAndFallsBackToItsDefault) {
     EXPECT_EQ(seen, (std::vector<std::string>{"normal", "slow", "normal"}));
 }
 
+TEST_F(SettingsTest, ABindingTakesNoDateAndNoDataForABooleanOrANumber) {
+    const Setting shown(defaults(), Settings::sysMonCPU);
+    const Setting hue(defaults(), Settings::customAccentHue);
+    for (const DefaultsValue& value : {DefaultsValue(Date{5}), DefaultsValue(Data{1})}) {
+        defaults().set("sysMonCPU", value);
+        defaults().set("customAccentHue", value);
+        EXPECT_TRUE(shown.get());
+        EXPECT_EQ(hue.get(), 0.6);
+    }
+    defaults().set("sysMonCPU", std::string("no"));
+    defaults().set("customAccentHue", std::int64_t{1});
+    EXPECT_FALSE(shown.get());
+    EXPECT_EQ(hue.get(), 1);
+}
+
 } // namespace
 } // namespace orvelle
