@@ -16,37 +16,40 @@ std::optional<double> numberIn(std::string_view text) {
     return value;
 }
 
-bool isAffirmative(std::string_view text) {
+std::optional<bool> booleanIn(std::string_view text) {
     std::string lower;
     for (const char letter : text)
         lower += static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-    return lower == "true" || lower == "yes" || lower == "1";
+    if (lower == "true" || lower == "yes" || lower == "1")
+        return true;
+    if (lower == "false" || lower == "no" || lower == "0")
+        return false;
+    return std::nullopt;
 }
 
 } // namespace
 
-bool UserDefaults::boolean(std::string_view key) const {
-    const auto value = object(key);
-    if (!value)
-        return false;
-    if (const auto* text = std::get_if<std::string>(&*value))
-        return isAffirmative(*text);
-    return number(key) != 0;
+std::optional<bool> UserDefaults::readableBoolean(std::string_view key) const {
+    if (const auto text = string(key))
+        return booleanIn(*text);
+    if (const auto value = readableNumber(key))
+        return *value != 0;
+    return std::nullopt;
 }
 
-double UserDefaults::number(std::string_view key) const {
+std::optional<double> UserDefaults::readableNumber(std::string_view key) const {
     const auto value = object(key);
     if (!value)
-        return 0;
+        return std::nullopt;
     if (const auto* flag = std::get_if<bool>(&*value))
         return *flag ? 1 : 0;
     if (const auto* whole = std::get_if<std::int64_t>(&*value))
         return static_cast<double>(*whole);
-    if (const auto* real = std::get_if<double>(&*value))
-        return std::isfinite(*real) ? *real : 0;
+    if (const auto* real = std::get_if<double>(&*value); real && std::isfinite(*real))
+        return *real;
     if (const auto* text = std::get_if<std::string>(&*value))
-        return numberIn(*text).value_or(0);
-    return 0;
+        return numberIn(*text);
+    return std::nullopt;
 }
 
 std::int64_t UserDefaults::integer(std::string_view key) const {

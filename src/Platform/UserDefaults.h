@@ -34,10 +34,14 @@ public:
     [[nodiscard]] virtual Subscription observeChanges(std::function<void()> changed) = 0;
 
     /// Lenient reads: an unset key or a value of no use gives false, 0 or none. Numbers count as
-    /// true when not 0; of texts "true", "yes" and "1" are true in any case, and a text that is a
-    /// number reads as that number, since a command line writes texts.
-    bool boolean(std::string_view key) const;
-    double number(std::string_view key) const;
+    /// true when not 0; of texts "true", "yes" and "1" are true and "false", "no" and "0" false in
+    /// any case, and a text that is a number reads as that number, since a command line writes
+    /// texts.
+    bool boolean(std::string_view key) const { return readableBoolean(key).value_or(false); }
+    double number(std::string_view key) const { return readableNumber(key).value_or(0); }
+    /// The same, but none instead of false and 0.
+    std::optional<bool> readableBoolean(std::string_view key) const;
+    std::optional<double> readableNumber(std::string_view key) const;
     /// A whole number; a real one is cut towards zero.
     std::int64_t integer(std::string_view key) const;
     std::optional<std::string> string(std::string_view key) const;

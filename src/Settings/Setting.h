@@ -35,18 +35,12 @@ public:
 
 private:
     Value read() const {
-        const auto stored = defaults_.object(key_.name);
-        if (!stored || std::holds_alternative<Date>(*stored) ||
-            std::holds_alternative<Data>(*stored))
-            return Value(key_.defaultValue);
-        if constexpr (std::same_as<Value, bool>) {
-            return defaults_.boolean(key_.name);
-        } else if constexpr (std::same_as<Value, double>) {
-            return defaults_.number(key_.name);
-        } else {
-            const auto text = defaults_.string(key_.name);
-            return text ? *text : Value(key_.defaultValue);
-        }
+        if constexpr (std::same_as<Value, bool>)
+            return defaults_.readableBoolean(key_.name).value_or(key_.defaultValue);
+        else if constexpr (std::same_as<Value, double>)
+            return defaults_.readableNumber(key_.name).value_or(key_.defaultValue);
+        else
+            return defaults_.string(key_.name).value_or(Value(key_.defaultValue));
     }
 
     UserDefaults& defaults_;

@@ -103,6 +103,8 @@ void NotchWindowController::updateWindowFrame(NotchExpandedState state) {
         state == NotchExpandedState::expanded || state == NotchExpandedState::fullExpanded;
     if (isOpen && takesTyping(environment_.notchState.activePanel))
         panel->makeKey();
+    else if (!isOpen && isShrinking)
+        panel->resignKey(); // what is typed next belongs to the application in front
 }
 
 void NotchWindowController::shrinkLater(NotchExpandedState state, const Rect& frame) {

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <filesystem>
 #include <limits>
 #include <string_view>
@@ -13,37 +12,10 @@ namespace orvelle {
 
 namespace {
 
-// Positions in the parameter block. Its words are in the machine's own byte order.
-constexpr std::size_t keyOffset = 0;
-constexpr std::size_t dataSizeOffset = 28;
-constexpr std::size_t dataTypeOffset = 32;
-constexpr std::size_t commandOffset = 42;
-constexpr std::size_t dataOffset = 48;
-
-constexpr std::uint8_t keyInfoCommand = 9;
-constexpr std::uint8_t readKeyCommand = 5;
-
 /// Drivers that know the processor's temperature, the best first.
 constexpr std::array<std::string_view, 5> drivers = {"coretemp", "k10temp", "zenpower",
                                                      "cpu_thermal", "acpitz"};
 constexpr int mostInputs = 32;
-
-constexpr std::uint32_t fourCharCode(const char (&text)[5]) {
-    std::uint32_t code = 0;
-    for (std::size_t index = 0; index < 4; ++index)
-        code = code << 8 | static_cast<std::uint8_t>(text[index]);
-    return code;
-}
-
-std::uint32_t wordAt(const SMCRecord& record, std::size_t offset) {
-    std::uint32_t word = 0;
-    std::memcpy(&word, record.data() + offset, sizeof word);
-    return word;
-}
-
-void setWordAt(SMCRecord& record, std::size_t offset, std::uint32_t word) {
-    std::memcpy(record.data() + offset, &word, sizeof word);
-}
 
 /// A big-endian signed number with 8 fractional bits; what does not fit is held at its limits.
 std::array<std::uint8_t, 2> sp78(long long millidegrees) {
@@ -93,21 +65,20 @@ public:
     explicit HwmonConnection(std::string sensor) : sensor_(std::move(sensor)) {}
 
     std::optional<SMCRecord> call(const SMCRecord& input) override {
-        const auto key = wordAt(input, keyOffset);
+        const auto key = smcWord(input, SMCLayout::key);
         const bool known = key == fourCharCode("TC0P") || key == fourCharCode("TC0D");
         SMCRecord answer{};
-        switch (input[commandOffset]) {
-        case keyInfoCommand:
+        switch (SMCCommand{input[SMCLayout::command]}) {
+        case SMCCommand::keyInfo:
             if (known) {
-                setWordAt(answer, dataSizeOffset, 2);
-                setWordAt(answer, dataTypeOffset, fourCharCode("sp78"));
+                setSMCWord(answer, SMCLayout::dataSize, 2);
+                setSMCWord(answer, SMCLayout::dataType, fourCharCode("sp78"));
             }
             return answer;
-        case readKeyCommand:
+        case SMCCommand::readKey:
             return known ? read(answer) : std::nullopt;
-        default:
-            return std::nullopt;
         }
+        return std::nullopt;
     }
 
 private:
@@ -115,7 +86,7 @@ private:
         const auto millidegrees = readMillidegrees(sensor_);
         if (!millidegrees)
             return std::nullopt;
-        std::ranges::copy(sp78(*millidegrees), answer.begin() + dataOffset);
+        std::ranges::copy(sp78(*millidegrees), answer.begin() + SMCLayout::data);
         return answer;
     }
 

@@ -94,10 +94,11 @@ TEST_F(SettingsTest, ABindingFollowsTheStoreAndFallsBackToItsDefault) {
     EXPECT_EQ(seen, (std::vector<std::string>{"normal", "slow", "normal"}));
 }
 
-TEST_F(SettingsTest, ABindingTakesNoDateAndNoDataForABooleanOrANumber) {
+TEST_F(SettingsTest, ABindingFallsBackToItsDefaultForWhatIsNoBooleanOrNumber) {
     const Setting shown(defaults(), Settings::sysMonCPU);
     const Setting hue(defaults(), Settings::customAccentHue);
-    for (const DefaultsValue& value : {DefaultsValue(Date{5}), DefaultsValue(Data{1})}) {
+    for (const DefaultsValue& value :
+         {DefaultsValue(Date{5}), DefaultsValue(Data{1}), DefaultsValue(std::string("blue"))}) {
         defaults().set("sysMonCPU", value);
         defaults().set("customAccentHue", value);
         EXPECT_TRUE(shown.get());
