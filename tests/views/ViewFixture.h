@@ -53,7 +53,8 @@ protected:
     QRectF frameOf(const QString& objectName) const;
     void click(const QString& objectName);
     /// Keeps a picture when ORVELLE_PICTURES names a folder.
-    void picture(const std::string& name);
+    void picture(const std::string& name) { picture(name, window); }
+    void picture(const std::string& name, QQuickWindow& of);
 
     SimulatedPlatform platform;
     NotchState notchState{platform};

@@ -8,7 +8,9 @@ namespace {
 
 /// A view that complains is a view that is broken.
 void failOnWarnings(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type != QtDebugMsg && type != QtInfoMsg &&
+    // The platform that draws nowhere has no pointer and keyboard to hand to a menu.
+    const bool isExpected = message.startsWith("This plugin does not support grabbing");
+    if (type != QtDebugMsg && type != QtInfoMsg && !isExpected &&
         testing::UnitTest::GetInstance()->current_test_info())
         ADD_FAILURE() << message.toStdString();
     else
