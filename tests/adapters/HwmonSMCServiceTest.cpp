@@ -1,6 +1,6 @@
 #include "Platform/Linux/HwmonSMCService.h"
 
-#include "adapters/TemporaryFolder.h"
+#include "Support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 #include "Platform/Linux/PosixFileSystem.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
-#include "TemporaryFolder.h"
-#include "TemporaryVariable.h"
+#include "Support/TemporaryFolder.h"
+#include "Support/TemporaryVariable.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -4,7 +4,7 @@
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "adapters/EventLoopWait.h"
 #include "adapters/PrivateBus.h"
-#include "adapters/TemporaryFolder.h"
+#include "Support/TemporaryFolder.h"
 
 #include <QDBusVariant>
 

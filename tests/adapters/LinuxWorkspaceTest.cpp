@@ -2,7 +2,7 @@
 
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "adapters/EventLoopWait.h"
-#include "adapters/TemporaryFolder.h"
+#include "Support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

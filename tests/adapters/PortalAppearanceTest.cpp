@@ -3,7 +3,7 @@
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "adapters/EventLoopWait.h"
 #include "adapters/PrivateBus.h"
-#include "adapters/TemporaryFolder.h"
+#include "Support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "Platform/Linux/PosixFileSystem.h"
-#include "TemporaryFolder.h"
-#include "TemporaryVariable.h"
+#include "Support/TemporaryFolder.h"
+#include "Support/TemporaryVariable.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "Platform/Linux/ProcHostStatistics.h"
 
-#include "adapters/TemporaryFolder.h"
+#include "Support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 #include <net/if_arp.h>
@@ -77,8 +77,8 @@ TEST_F(ProcHostStatisticsTest, MemoryInUseIsTheTotalLessWhatIsAvailable) {
     const auto memory = fresh.virtualMemory();
     ASSERT_TRUE(memory);
     const auto pages = memory->activePages + memory->wiredPages + memory->compressorPages;
-    EXPECT_EQ(pages * fresh.pageSize(), 10000000u * 1024);
-    EXPECT_EQ(fresh.physicalMemory(), 16000000u * 1024);
+    EXPECT_EQ(pages * fresh.pageSize(), 10000000ull * 1024);
+    EXPECT_EQ(fresh.physicalMemory(), 16000000ull * 1024);
 }
 
 TEST(PresentedNameTest, InterfacesAreNamedByTheSchemeThatTheyAreCountedBy) {

@@ -1,5 +1,5 @@
 #include "Platform/Linux/StandardLog.h"
-#include "TemporaryFolder.h"
+#include "Support/TemporaryFolder.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "Platform/Linux/SysfsPowerSupply.h"
 
-#include "adapters/TemporaryFolder.h"
+#include "Support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

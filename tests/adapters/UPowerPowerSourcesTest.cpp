@@ -3,7 +3,7 @@
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "adapters/EventLoopWait.h"
 #include "adapters/PrivateBus.h"
-#include "adapters/TemporaryFolder.h"
+#include "Support/TemporaryFolder.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusObjectPath>
@@ -160,11 +160,11 @@ TEST_F(UPowerPowerSourcesTest, PropertiesOfTheWrongTypeAreAsGoodAsMissing) {
     setProperties({{QStringLiteral("Percentage"), QStringLiteral("full")},
                    {QStringLiteral("Type"), QStringLiteral("battery")},
                    {QStringLiteral("IsPresent"), true}});
-    bool settled = false;
-    ASSERT_EQ(read<std::int64_t>("Current Capacity"), 11);
-    waitUntil(
-        [&] { return std::exchange(settled, upower->callCount(QStringLiteral("GetAll")) >= 0); });
-    EXPECT_EQ(read<std::int64_t>("Current Capacity"), 11);
+    for (int turn = 0; turn < 3; ++turn) {
+        EXPECT_EQ(read<std::int64_t>("Current Capacity"), 11);
+        upower->callCount(QStringLiteral("Refresh")); // the question before it is answered by now
+        QCoreApplication::processEvents();
+    }
     setDisplayDevice(2, discharging, 33, 0, 0, true);
     ASSERT_TRUE(waitForCapacity(33));
     setProperties({{QStringLiteral("Percentage"), QStringLiteral("full")},

@@ -12,9 +12,9 @@ namespace {
 bool sleepThroughX() {
     const auto* application =
         qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-    if (!application)
+    auto* connection = application ? application->connection() : nullptr;
+    if (!connection) // Qt's offscreen platform has the interface and no server behind it
         return false;
-    auto* connection = application->connection();
     const auto* extension = xcb_get_extension_data(connection, &xcb_dpms_id);
     if (!extension || !extension->present)
         return false;

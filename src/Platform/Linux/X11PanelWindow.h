@@ -5,6 +5,7 @@
 #include "Platform/Linux/X11KeyFocus.h"
 #include "Platform/Linux/X11RawPresses.h"
 #include "Platform/PanelWindow.h"
+#include "Platform/Qt/QuickPanel.h"
 
 #include <QQuickWindow>
 #include <QRegion>
@@ -14,7 +15,7 @@ namespace orvelle {
 
 /// A translucent window that no window manager touches: above full-screen windows, on every desktop
 /// and never activated.
-class X11PanelWindow : public PanelWindow {
+class X11PanelWindow : public PanelWindow, public QuickPanel {
 public:
     X11PanelWindow(X11Desktop& desktop, X11RawPresses& presses, const PanelAttributes& attributes,
                    const Rect& frame);
@@ -24,11 +25,11 @@ public:
     static const X11PanelWindow* of(const QWindow& window);
 
     /// For the views, which draw into it.
-    QQuickWindow& quickWindow();
+    QQuickWindow& quickWindow() override;
     /// The part that the views draw on, in the window's coordinates with the origin at the top
     /// left; they tell it with each frame that changes it. Without a compositor, which alone can
     /// blend, only this part of the window is there. Until the first call it is the whole window.
-    void setShapeMask(const QRegion& shape);
+    void setShapeMask(const QRegion& shape) override;
 
     Rect frame() const override { return frame_; }
     void setFrame(const Rect& frame) override;

@@ -16,7 +16,7 @@ struct X11Strut {
         int end = 0;
     };
     int left = 0, right = 0, top = 0, bottom = 0;
-    Range leftY, rightY, topX, bottomX;
+    Range leftY{}, rightY{}, topX{}, bottomX{};
 };
 
 /// What windows managed by the window manager reserve.

@@ -1,6 +1,6 @@
 #include "Platform/Icu/IcuFormatting.h"
 
-#include "TemporaryVariable.h"
+#include "Support/TemporaryVariable.h"
 
 #include <gtest/gtest.h>
 

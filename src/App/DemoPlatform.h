@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Platform/Icu/IcuFormatting.h"
+#include "Platform/Linux/LinuxDesktop.h"
+#include "Platform/Linux/StandardLog.h"
+#include "Platform/Platform.h"
+#include "Platform/Qt/QtRunLoop.h"
+#include "Platform/Simulated/SimulatedMachine.h"
+#include "Platform/Simulated/SimulatedUserDefaults.h"
+
+namespace orvelle {
+
+/// A made-up machine on the real display. Touches neither the user's files nor the network.
+class DemoPlatform : public Platform {
+public:
+    DemoPlatform();
+
+    Appearance& appearance() override { return appearance_; }
+    Application& application() override { return desktop_.application; }
+    EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
+    FileSystem& fileSystem() override { return fileSystem_; }
+    Formatting& formatting() override { return formatting_; }
+    HostStatistics& hostStatistics() override { return hostStatistics_; }
+    LogSink& log() override { return log_; }
+    NowPlayingService& nowPlaying() override { return nowPlaying_; }
+    PanelWindows& panelWindows() override { return desktop_.panelWindows; }
+    PowerSources& powerSources() override { return powerSources_; }
+    ProcessLauncher& processLauncher() override { return processLauncher_; }
+    RunLoop& runLoop() override { return runLoop_; }
+    Screens& screens() override { return desktop_.screens; }
+    SMCService& smc() override { return smc_; }
+    UserDefaults& userDefaults() override { return userDefaults_; }
+    UserNotifications& userNotifications() override { return userNotifications_; }
+    Workspace& workspace() override { return workspace_; }
+
+private:
+    StandardLog log_;
+    QtRunLoop runLoop_;
+    SimulatedUserDefaults userDefaults_;
+    LinuxDesktop desktop_{userDefaults_};
+    IcuFormatting formatting_;
+    SimulatedAppearance appearance_;
+    SimulatedFileSystem fileSystem_;
+    SimulatedHostStatistics hostStatistics_;
+    SimulatedNowPlayingService nowPlaying_;
+    SimulatedPowerSources powerSources_;
+    SimulatedProcessLauncher processLauncher_;
+    SimulatedSMCService smc_;
+    SimulatedUserNotifications userNotifications_;
+    SimulatedWorkspace workspace_;
+};
+
+} // namespace orvelle

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Models/NotchState.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace orvelle {
+
+class AppDelegate;
+
+/// Leads the running program through every state and panel, writes a picture of each as the screen
+/// shows it, and ends the program: with exit code 0, or 1 when a picture could not be made.
+class Tour : public QObject {
+public:
+    Tour(AppDelegate& app, const std::string& directory);
+
+private:
+    struct Stop {
+        QString name;
+        std::function<void()> go;
+    };
+
+    void addStops();
+    void next();
+    /// Takes the picture once nothing moves any more.
+    void look();
+    bool isStill() const;
+    bool takePicture();
+    void fail(const QString& reason);
+
+    AppDelegate& app_;
+    QDir directory_;
+    std::vector<Stop> stops_;
+    std::size_t index_ = 0;
+    QTimer watch_;
+    QElapsedTimer since_;
+};
+
+} // namespace orvelle

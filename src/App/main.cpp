@@ -1,0 +1,97 @@
+#include "App/CommandLine.h"
+#include "App/Constants.h"
+#include "App/DefaultsCommand.h"
+#include "App/DemoPlatform.h"
+#include "App/OrvelleApp.h"
+#include "App/Tour.h"
+#include "Platform/Linux/LinuxPlatform.h"
+#include "Platform/Linux/ProcessInstance.h"
+
+#include <QApplication>
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+
+using namespace orvelle;
+
+namespace {
+
+bool hasDisplay() {
+    auto* connection = xcb_connect(nullptr, nullptr);
+    const bool connected = !xcb_connection_has_error(connection);
+    xcb_disconnect(connection);
+    return connected;
+}
+
+void prepareToolkit() {
+    // The panel needs what only X11 offers; a Wayland session serves it through XWayland.
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    // Desktop themes cost memory and start-up time, and the panel has a look of its own.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME"))
+        qputenv("QT_QPA_PLATFORMTHEME", "none");
+    QCoreApplication::setApplicationName(QStringLiteral("orvelle"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Orvelle"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("orvelle"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+}
+
+int runDefaults(const CommandLine& line) {
+    StandardLog log;
+    PosixFileSystem fileSystem;
+    DefaultsFile file(fileSystem, log);
+    return runDefaultsCommand(line.defaultsArguments, file, std::cout, std::cerr);
+}
+
+int run(const CommandLine& line, int& argumentCount, char** arguments) {
+    ProcessInstance instance(line.isDemo ? "orvelle-demo" : "orvelle");
+    if (!line.tourDirectory && instance.claim() == ProcessInstance::Claim::handedOver)
+        return EXIT_SUCCESS;
+    if (!hasDisplay()) {
+        const char* display = std::getenv("DISPLAY");
+        std::cerr << "orvelle: cannot connect to the X server "
+                  << (display && *display ? display : "(DISPLAY is not set)") << '\n';
+        return EXIT_FAILURE;
+    }
+    prepareToolkit();
+    QApplication application(argumentCount, arguments);
+
+    std::unique_ptr<Platform> platform;
+    if (line.isDemo)
+        platform = std::make_unique<DemoPlatform>();
+    else
+        platform = std::make_unique<LinuxPlatform>();
+    Platform::setShared(platform.get());
+
+    OrvelleApp app(*platform);
+    app.listen(instance);
+    app.launch();
+    if (line.tourDirectory) {
+        Tour tour(app.delegate(), *line.tourDirectory);
+        return QApplication::exec();
+    }
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    const auto line = CommandLine::parse({arguments + 1, arguments + argumentCount});
+    switch (line.action) {
+    case CommandLine::Action::help:
+        std::cout << CommandLine::usage();
+        return EXIT_SUCCESS;
+    case CommandLine::Action::version:
+        std::cout << "orvelle " << AppConstants::version << '\n';
+        return EXIT_SUCCESS;
+    case CommandLine::Action::misuse:
+        std::cerr << "orvelle: " << line.complaint << '\n' << CommandLine::usage();
+        return 2;
+    case CommandLine::Action::defaults:
+        return runDefaults(line);
+    case CommandLine::Action::run:
+        break;
+    }
+    return run(line, argumentCount, arguments);
+}

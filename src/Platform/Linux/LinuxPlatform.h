@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Platform/FileUserDefaults.h"
+#include "Platform/Icu/IcuFormatting.h"
+#include "Platform/Linux/HwmonSMCService.h"
+#include "Platform/Linux/InotifyFileWatch.h"
+#include "Platform/Linux/LinuxDesktop.h"
+#include "Platform/Linux/LinuxProcessLauncher.h"
+#include "Platform/Linux/LinuxUserNotifications.h"
+#include "Platform/Linux/LinuxWorkspace.h"
+#include "Platform/Linux/PortalAppearance.h"
+#include "Platform/Linux/PosixFileSystem.h"
+#include "Platform/Linux/ProcHostStatistics.h"
+#include "Platform/Linux/SilentNowPlayingService.h"
+#include "Platform/Linux/StandardLog.h"
+#include "Platform/Linux/UPowerPowerSources.h"
+#include "Platform/Platform.h"
+#include "Platform/Qt/QtRunLoop.h"
+
+namespace orvelle {
+
+/// The running Linux desktop.
+class LinuxPlatform : public Platform {
+public:
+    LinuxPlatform();
+    /// Saves what is not saved yet.
+    ~LinuxPlatform() override;
+
+    Appearance& appearance() override { return appearance_; }
+    Application& application() override { return desktop_.application; }
+    EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
+    FileSystem& fileSystem() override { return fileSystem_; }
+    Formatting& formatting() override { return formatting_; }
+    HostStatistics& hostStatistics() override { return hostStatistics_; }
+    LogSink& log() override { return log_; }
+    NowPlayingService& nowPlaying() override { return nowPlaying_; }
+    PanelWindows& panelWindows() override { return desktop_.panelWindows; }
+    PowerSources& powerSources() override { return powerSources_; }
+    ProcessLauncher& processLauncher() override { return processLauncher_; }
+    RunLoop& runLoop() override { return runLoop_; }
+    Screens& screens() override { return desktop_.screens; }
+    SMCService& smc() override { return smc_; }
+    UserDefaults& userDefaults() override { return userDefaults_; }
+    UserNotifications& userNotifications() override { return userNotifications_; }
+    Workspace& workspace() override { return workspace_; }
+
+private:
+    StandardLog log_;
+    PosixFileSystem fileSystem_;
+    QtRunLoop runLoop_;
+    InotifyFileWatch fileWatch_;
+    FileUserDefaults userDefaults_{fileSystem_, runLoop_, fileWatch_, log_};
+    LinuxDesktop desktop_{userDefaults_};
+    IcuFormatting formatting_;
+    PortalAppearance appearance_;
+    ProcHostStatistics hostStatistics_;
+    HwmonSMCService smc_;
+    SilentNowPlayingService nowPlaying_;
+    UPowerPowerSources powerSources_;
+    LinuxProcessLauncher processLauncher_;
+    LinuxUserNotifications userNotifications_;
+    LinuxWorkspace workspace_{log_, LinuxWorkspace::Environment::ofProcess()};
+};
+
+} // namespace orvelle

@@ -1,0 +1,69 @@
+#include "Platform/Simulated/DemoMachine.h"
+
+#include "Platform/Simulated/SimulatedMachine.h"
+#include "Platform/UserDefaults.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+namespace orvelle::DemoMachine {
+
+namespace {
+
+/// A curve between 0 and 1 that does not look regular.
+double wave(int step) {
+    return 0.5 + 0.3 * std::sin(step * 0.7) + 0.2 * std::sin(step * 0.31 + 1);
+}
+
+} // namespace
+
+void switchEverythingOn(UserDefaults& defaults) {
+    for (const char* key :
+         {"hasCompletedOnboarding", "clipboardEnabled", "systemMonitorEnabled", "weatherEnabled",
+          "pomodoroEnabled", "todoEnabled", "notesEnabled", "stockTickerEnabled", "mirrorEnabled"})
+        defaults.set(key, true);
+}
+
+void script(SimulatedPowerSources& power) {
+    constexpr std::int64_t fullMinutes = 360;
+    const auto level = std::make_shared<std::int64_t>(87);
+    power.onSnapshot = [level](SimulatedPowerSources& machine) {
+        machine.sources = {
+            PowerSourceDescription{{"Type", std::string("InternalBattery")},
+                                   {"Current Capacity", *level},
+                                   {"Is Charging", false},
+                                   {"Power Source State", std::string("Battery Power")},
+                                   {"Time to Empty", *level * fullMinutes / 100}}};
+        *level = std::max<std::int64_t>(*level - 1, 5);
+    };
+}
+
+void script(SimulatedHostStatistics& statistics) {
+    constexpr std::uint64_t gibi = 1ULL << 30;
+    constexpr double upload = 180e3; // bytes per sample at most
+    constexpr double download = 2.4e6;
+    const auto step = std::make_shared<int>(0);
+    statistics.ticks = {ProcessorTicks{}};
+    statistics.network = {
+        InterfaceEntry{"en0", InterfaceEntry::Counters{.outputBytes = 0, .inputBytes = 0}}};
+    statistics.onReadTicks = [=](SimulatedHostStatistics& machine) {
+        const double load = wave((*step)++);
+        auto& ticks = machine.ticks->front();
+        const auto busy = static_cast<std::uint64_t>(60 * load);
+        ticks.user += busy;
+        ticks.system += busy / 3;
+        ticks.idle += 200 - busy - busy / 3;
+        machine.memory = VirtualMemoryStatistics{
+            static_cast<std::uint64_t>((8.2 + load) * gibi) / machine.pageSize(), 0, 0};
+        auto& counters = *machine.network->front().counters;
+        counters.outputBytes += static_cast<std::uint32_t>(upload * load);
+        counters.inputBytes += static_cast<std::uint32_t>(download * wave(*step + 9));
+    };
+}
+
+void script(SimulatedSMCService& smc) {
+    smc.values["TC0P"] = {"sp78", {52, 0}}; // 52 °C
+}
+
+} // namespace orvelle::DemoMachine

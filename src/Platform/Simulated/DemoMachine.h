@@ -1,0 +1,21 @@
+#pragma once
+
+namespace orvelle {
+
+class SimulatedHostStatistics;
+class SimulatedPowerSources;
+class SimulatedSMCService;
+class UserDefaults;
+
+/// A machine that has something to show for every feature, and lives: its battery discharges, its
+/// load and traffic go up and down. The same run shows the same figures.
+namespace DemoMachine {
+
+void switchEverythingOn(UserDefaults& defaults);
+void script(SimulatedPowerSources& power);
+void script(SimulatedHostStatistics& statistics);
+void script(SimulatedSMCService& smc);
+
+} // namespace DemoMachine
+
+} // namespace orvelle

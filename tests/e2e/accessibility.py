@@ -1,0 +1,41 @@
+"""Reads the program's accessibility tree. Run as a process of its own, since the library binds to
+the session bus that its process started with: prints the tree as JSON, one object for each node."""
+
+import json
+import sys
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+
+def describe(node):
+    states = node.get_state_set()
+    return {
+        "role": node.get_role_name(),
+        "name": node.get_name(),
+        "selected": states.contains(Atspi.StateType.SELECTED)
+        or states.contains(Atspi.StateType.CHECKED),
+        "children": [describe(child) for child in children(node)],
+    }
+
+
+def children(node):
+    found = (node.get_child_at_index(index) for index in range(node.get_child_count()))
+    return [child for child in found if child]
+
+
+def main(program):
+    Atspi.init()
+    trees = []
+    for application in children(Atspi.get_desktop(0)):
+        try:
+            if application.get_name() == program:
+                trees.append(describe(application))
+        except GLib.Error:  # it ended, or it rebuilt its views while we looked
+            pass
+    json.dump(trees, sys.stdout)
+
+
+main(sys.argv[1])
