@@ -17,8 +17,8 @@ protected:
         QMouseEvent press(QEvent::MouseButtonPress, at, window.mapToGlobal(at), Qt::RightButton,
                           Qt::RightButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&window, &press);
-        QMouseEvent release(QEvent::MouseButtonRelease, at, window.mapToGlobal(at),
-                            Qt::RightButton, Qt::NoButton, Qt::NoModifier);
+        QMouseEvent release(QEvent::MouseButtonRelease, at, window.mapToGlobal(at), Qt::RightButton,
+                            Qt::NoButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&window, &release);
         turn();
     }

@@ -101,9 +101,8 @@ TEST_F(NotchContentViewTest, aChangeDuringASlideEndsOnTheLastPanel) {
     ASSERT_TRUE(eventually([&] { return item("batteryTitle") != nullptr; }));
     click("tab.systemMonitor");
     settle();
-    EXPECT_TRUE(eventually([&] {
-        return item("metric.CPU") && !item("batteryTitle") && !item("localTime");
-    }));
+    EXPECT_TRUE(eventually(
+        [&] { return item("metric.CPU") && !item("batteryTitle") && !item("localTime"); }));
 }
 
 TEST_F(NotchContentViewTest, clickOnTheActiveTabChangesNothing) {
@@ -184,7 +183,8 @@ TEST_F(NotchContentViewTest, theLevelDisplayCoversThePanelAndKeepsIt) {
     notchState.hudType = HUDType::brightness;
     notchState.hudValue = 0.5;
     notchState.isHUDVisible = true;
-    ASSERT_TRUE(eventually([&] { return item("hud") && item("hud")->parentItem()->opacity() == 1; }));
+    ASSERT_TRUE(
+        eventually([&] { return item("hud") && item("hud")->parentItem()->opacity() == 1; }));
     EXPECT_EQ(frameOf("hud"), QRectF(0, 0, 566, 220));
     EXPECT_NE(item("localTime"), nullptr);
     notchState.isHUDVisible = false;

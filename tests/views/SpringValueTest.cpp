@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,7 +1,9 @@
 #include "Models/Symbol.h"
+
 #include "Views/Qt/SymbolImages.h"
 
 #include <QString>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>

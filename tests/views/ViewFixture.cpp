@@ -1,8 +1,8 @@
 #include "views/ViewFixture.h"
 
 #include <QCoreApplication>
-#include <QKeyEvent>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 #include <cstdlib>
@@ -91,8 +91,8 @@ void ViewFixture::picture(const std::string& name, QQuickWindow& of) {
     if (!folder)
         return;
     settle();
-    of.grabWindow().save(QStringLiteral("%1/%2.png").arg(QString::fromUtf8(folder),
-                                                         QString::fromStdString(name)));
+    of.grabWindow().save(
+        QStringLiteral("%1/%2.png").arg(QString::fromUtf8(folder), QString::fromStdString(name)));
 }
 
 } // namespace orvelle

@@ -24,6 +24,7 @@
 
 #include <QQuickItem>
 #include <QQuickWindow>
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -75,10 +76,10 @@ protected:
     MirrorManager mirror{platform};
     HoverLayoutManager hoverLayout{platform};
     PanelOrderManager panelOrder{platform};
-    NotchEnvironment environment{notchState, media,       fileShelf,  hud,  calendar,    battery,
-                                 clipboard,  systemMonitor, weather,  pomodoro, todo,    notes,
-                                 stockTicker, time,        theme,     mirror, hoverLayout,
-                                 panelOrder};
+    NotchEnvironment environment{notchState, media,       fileShelf,     hud,     calendar,
+                                 battery,    clipboard,   systemMonitor, weather, pomodoro,
+                                 todo,       notes,       stockTicker,   time,    theme,
+                                 mirror,     hoverLayout, panelOrder};
     int settingsOpened = 0;
 
     QQuickWindow window;

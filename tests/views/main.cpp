@@ -1,5 +1,6 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
+
 #include <gtest/gtest.h>
 
 #include <iostream>
@@ -20,7 +21,8 @@ void failOnWarnings(QtMsgType type, const QMessageLogContext&, const QString& me
 } // namespace
 
 int main(int count, char** values) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication application(count, values);
     testing::InitGoogleTest(&count, values);

@@ -60,9 +60,9 @@ const Drawing* drawing(const QString& name) {
             made.renderer = std::make_shared<QSvgRenderer>(file);
             made.bounds = drawnBounds(*made.renderer);
             if (made.bounds.width() > 1.3 * made.bounds.height())
-                made.scale *= std::clamp(
-                    roundSymbol / std::sqrt(made.bounds.width() * made.bounds.height()), 1.0,
-                    largestEnlargement);
+                made.scale *=
+                    std::clamp(roundSymbol / std::sqrt(made.bounds.width() * made.bounds.height()),
+                               1.0, largestEnlargement);
         }
         found = drawings.insert(name, made);
     }
