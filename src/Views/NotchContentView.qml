@@ -73,19 +73,20 @@ Item {
             id: overlay
 
             // What fades out is still what was shown.
-            property var hud
+            property var hud: view.hud
 
             anchors.fill: parent
-            active: opacity > 0
+            active: opacity > 0 && !!hud
             opacity: view.hud ? 1 : 0
             sourceComponent: HUDOverlay {
                 hud: overlay.hud
                 onMoved: value => view.setHUDValue(value)
             }
-            Binding on hud {
-                value: view.hud
-                when: !!view.hud
-                restoreMode: Binding.RestoreNone
+            Connections {
+                target: view
+                function onHudChanged() {
+                    overlay.hud = view.hud ?? overlay.hud
+                }
             }
             Behavior on opacity {
                 NumberAnimation {

@@ -107,7 +107,7 @@ TEST_F(NotchCollapsedViewTest, separatorsStandBetweenWidgetsOnly) {
     const auto* separator = item("separator");
     ASSERT_NE(separator, nullptr);
     EXPECT_EQ(separator->size(), QSizeF(1, 10));
-    EXPECT_EQ(separator->property("color").value<QColor>(), QColor(255, 255, 255, 38));
+    EXPECT_EQ(separator->property("color").value<QColor>().rgba(), qRgba(255, 255, 255, 38));
 }
 
 TEST_F(NotchCollapsedViewTest, noBottomRowWithoutItsContent) {

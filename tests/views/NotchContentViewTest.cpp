@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 namespace orvelle {
 
@@ -100,9 +101,8 @@ TEST_F(NotchContentViewTest, aChangeDuringASlideEndsOnTheLastPanel) {
     ASSERT_TRUE(eventually([&] { return item("batteryTitle") != nullptr; }));
     click("tab.systemMonitor");
     settle();
-    EXPECT_TRUE(eventually([&] {
-        return item("metric.CPU") && !item("batteryTitle") && !item("localTime");
-    }));
+    EXPECT_TRUE(eventually(
+        [&] { return item("metric.CPU") && !item("batteryTitle") && !item("localTime"); }));
 }
 
 TEST_F(NotchContentViewTest, clickOnTheActiveTabChangesNothing) {
@@ -117,14 +117,14 @@ TEST_F(NotchContentViewTest, theActiveTabIsMarkedInTheAccentColour) {
     platform.appearancePort.accent = Color{1, 0, 0, 1};
     show(ActivePanel::battery);
     const auto colorOf = [&](const char* tab) {
-        return item(tab)->property("color").value<QColor>();
+        return item(tab)->property("color").value<QColor>().rgba();
     };
-    EXPECT_EQ(colorOf("tab.battery"), QColor(255, 0, 0, 51));
-    EXPECT_EQ(colorOf("tab.time").alpha(), 0);
+    EXPECT_EQ(colorOf("tab.battery"), qRgba(255, 0, 0, 51));
+    EXPECT_EQ(qAlpha(colorOf("tab.time")), 0);
     platform.appearancePort.accent = Color{0, 1, 0, 1};
     platform.appearancePort.notifyChanged();
     turn();
-    EXPECT_EQ(colorOf("tab.battery"), QColor(0, 255, 0, 51));
+    EXPECT_EQ(colorOf("tab.battery"), qRgba(0, 255, 0, 51));
 }
 
 TEST_F(NotchContentViewTest, tabsAreTabsForAssistiveTools) {
@@ -156,6 +156,21 @@ TEST_F(NotchContentViewTest, arrowKeysMoveFromTabToTab) {
     EXPECT_EQ(notchState.activePanel, ActivePanel::time);
 }
 
+TEST_F(NotchContentViewTest, helpNamesTheTabUnderThePointer) {
+    show(ActivePanel::battery);
+    const auto hover = [&](QPointF at) {
+        QMouseEvent event(QEvent::MouseMove, at, at, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &event);
+    };
+    hover(frameOf("tab.pomodoro").center());
+    ASSERT_TRUE(eventually([&] { return item("help")->isVisible(); }));
+    EXPECT_EQ(item("help")->childItems().constFirst()->property("text").toString(), "Focus");
+    EXPECT_GE(frameOf("help").top(), frameOf("tab.pomodoro").bottom());
+    picture("help");
+    hover(QPointF(283, 150));
+    EXPECT_TRUE(eventually([&] { return !item("help")->isVisible(); }));
+}
+
 TEST_F(NotchContentViewTest, aPanelWithoutAViewShowsItsPlaceholder) {
     show(ActivePanel::settings);
     EXPECT_EQ(textOf("placeholderTitle"), "Settings");
@@ -168,7 +183,8 @@ TEST_F(NotchContentViewTest, theLevelDisplayCoversThePanelAndKeepsIt) {
     notchState.hudType = HUDType::brightness;
     notchState.hudValue = 0.5;
     notchState.isHUDVisible = true;
-    ASSERT_TRUE(eventually([&] { return item("hud") && item("hud")->parentItem()->opacity() == 1; }));
+    ASSERT_TRUE(
+        eventually([&] { return item("hud") && item("hud")->parentItem()->opacity() == 1; }));
     EXPECT_EQ(frameOf("hud"), QRectF(0, 0, 566, 220));
     EXPECT_NE(item("localTime"), nullptr);
     notchState.isHUDVisible = false;

@@ -1,8 +1,8 @@
 #include "views/ViewFixture.h"
 
 #include <QCoreApplication>
-#include <QKeyEvent>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 #include <cstdlib>
@@ -86,13 +86,13 @@ void ViewFixture::click(const QString& objectName) {
     turn();
 }
 
-void ViewFixture::picture(const std::string& name) {
+void ViewFixture::picture(const std::string& name, QQuickWindow& of) {
     const char* folder = std::getenv("ORVELLE_PICTURES");
     if (!folder)
         return;
     settle();
-    window.grabWindow().save(QString::fromUtf8(folder) + u'/' + QString::fromStdString(name) +
-                             QStringLiteral(".png"));
+    of.grabWindow().save(
+        QStringLiteral("%1/%2.png").arg(QString::fromUtf8(folder), QString::fromStdString(name)));
 }
 
 } // namespace orvelle

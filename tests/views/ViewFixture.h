@@ -24,6 +24,7 @@
 
 #include <QQuickItem>
 #include <QQuickWindow>
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -53,7 +54,8 @@ protected:
     QRectF frameOf(const QString& objectName) const;
     void click(const QString& objectName);
     /// Keeps a picture when ORVELLE_PICTURES names a folder.
-    void picture(const std::string& name);
+    void picture(const std::string& name) { picture(name, window); }
+    void picture(const std::string& name, QQuickWindow& of);
 
     SimulatedPlatform platform;
     NotchState notchState{platform};
@@ -74,10 +76,10 @@ protected:
     MirrorManager mirror{platform};
     HoverLayoutManager hoverLayout{platform};
     PanelOrderManager panelOrder{platform};
-    NotchEnvironment environment{notchState, media,       fileShelf,  hud,  calendar,    battery,
-                                 clipboard,  systemMonitor, weather,  pomodoro, todo,    notes,
-                                 stockTicker, time,        theme,     mirror, hoverLayout,
-                                 panelOrder};
+    NotchEnvironment environment{notchState, media,       fileShelf,     hud,     calendar,
+                                 battery,    clipboard,   systemMonitor, weather, pomodoro,
+                                 todo,       notes,       stockTicker,   time,    theme,
+                                 mirror,     hoverLayout, panelOrder};
     int settingsOpened = 0;
 
     QQuickWindow window;

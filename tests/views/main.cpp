@@ -1,5 +1,6 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
+
 #include <gtest/gtest.h>
 
 #include <iostream>
@@ -8,7 +9,9 @@ namespace {
 
 /// A view that complains is a view that is broken.
 void failOnWarnings(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type != QtDebugMsg && type != QtInfoMsg &&
+    // The platform that draws nowhere has no pointer and keyboard to hand to a menu.
+    const bool isExpected = message.startsWith("This plugin does not support grabbing");
+    if (type != QtDebugMsg && type != QtInfoMsg && !isExpected &&
         testing::UnitTest::GetInstance()->current_test_info())
         ADD_FAILURE() << message.toStdString();
     else
@@ -18,7 +21,8 @@ void failOnWarnings(QtMsgType type, const QMessageLogContext&, const QString& me
 } // namespace
 
 int main(int count, char** values) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication application(count, values);
     testing::InitGoogleTest(&count, values);

@@ -11,6 +11,7 @@ MenuWindow {
     function open(menu, position) {
         entries = menu
         highlighted = -1
+        rows.forceLayout() // the window's size decides where it fits
         openAt(position)
     }
     function pick(row) {

@@ -51,7 +51,9 @@ private:
 #define ORVELLE_SHOWN(Type, name)                                                                  \
     Q_PROPERTY(Type name READ name NOTIFY name##Changed FINAL)                                     \
 public:                                                                                            \
-    const Type& name() const { return name##_; }                                                   \
+    const Type& name() const {                                                                     \
+        return name##_;                                                                            \
+    }                                                                                              \
     Q_SIGNAL void name##Changed();                                                                 \
                                                                                                    \
 private:                                                                                           \
@@ -67,7 +69,9 @@ private:                                                                        
 #define ORVELLE_CONSTANT(Type, name, Half)                                                         \
     Q_PROPERTY(Type name READ name CONSTANT FINAL)                                                 \
 public:                                                                                            \
-    Type name() const { return toQt(Half::name); }                                                 \
+    Type name() const {                                                                            \
+        return toQt(Half::name);                                                                   \
+    }                                                                                              \
                                                                                                    \
 private:
 
@@ -75,7 +79,9 @@ private:
 #define ORVELLE_LIST(Row, name)                                                                    \
     Q_PROPERTY(QAbstractItemModel* name READ name CONSTANT FINAL)                                  \
 public:                                                                                            \
-    QAbstractItemModel* name() { return &name##_; }                                                \
+    QAbstractItemModel* name() {                                                                   \
+        return &name##_;                                                                           \
+    }                                                                                              \
                                                                                                    \
 private:                                                                                           \
     ListModel<Row> name##_;

@@ -57,9 +57,8 @@ private:
     void place(const Record& record, std::size_t position) {
         const int row = static_cast<int>(position);
         const auto target = std::next(rows_.begin(), row);
-        const auto found = std::find_if(target, rows_.end(), [&](const Record& other) {
-            return other.id == record.id;
-        });
+        const auto found = std::find_if(target, rows_.end(),
+                                        [&](const Record& other) { return other.id == record.id; });
         if (found == rows_.end()) {
             beginInsertRows({}, row, row);
             rows_.insert(target, record);

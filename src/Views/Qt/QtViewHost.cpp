@@ -37,9 +37,9 @@ void QtViewHost::showNotchContent(PanelWindow& window, const NotchEnvironment& e
 QQuickItem* QtViewHost::showNotchContent(QQuickWindow& window,
                                          const NotchEnvironment& environment) {
     content_.reset();
-    engine_ =
-        std::make_unique<ViewEngine>(ViewEnvironment{environment, platform_, openSettings_});
-    QQmlComponent component(engine_.get(), QUrl(QStringLiteral("qrc:/Orvelle/NotchContentView.qml")));
+    engine_ = std::make_unique<ViewEngine>(ViewEnvironment{environment, platform_, openSettings_});
+    QQmlComponent component(engine_.get(),
+                            QUrl(QStringLiteral("qrc:/Orvelle/NotchContentView.qml")));
     content_.reset(qobject_cast<QQuickItem*>(component.create()));
     if (!content_) {
         qCritical() << component.errors();

@@ -23,8 +23,7 @@ private:
 
 SpringValue::SpringValue(QObject* parent)
     : QObject(parent), movement_(std::make_unique<Movement>(*this)) {
-    connect(movement_.get(), &QAbstractAnimation::stateChanged, this,
-            &SpringValue::runningChanged);
+    connect(movement_.get(), &QAbstractAnimation::stateChanged, this, &SpringValue::runningChanged);
 }
 
 SpringValue::~SpringValue() {

@@ -61,7 +61,7 @@ private:
     Spring spring_;
     double target_ = 0;
     double value_ = 0;
-    Seconds delay_ = 0;         ///< before a movement from rest begins
+    Seconds delay_ = 0;          ///< before a movement from rest begins
     double restDistance_ = 0.05; ///< nearer than this, and as slow, the value is at its target
     double velocity_ = 0;
     Spring::Motion initial_{0, 0};

@@ -1,5 +1,6 @@
 #include "Views/Qt/SymbolImages.h"
 
+#include <QFile>
 #include <QHash>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -54,15 +55,14 @@ const Drawing* drawing(const QString& name) {
     auto found = drawings.find(name);
     if (found == drawings.end()) {
         Drawing made;
-        auto renderer =
-            std::make_shared<QSvgRenderer>(QStringLiteral(":/symbols/%1.svg").arg(name));
-        if (renderer->isValid()) {
-            made.renderer = renderer;
-            made.bounds = drawnBounds(*renderer);
+        const auto file = QStringLiteral(":/symbols/%1.svg").arg(name);
+        if (QFile::exists(file)) {
+            made.renderer = std::make_shared<QSvgRenderer>(file);
+            made.bounds = drawnBounds(*made.renderer);
             if (made.bounds.width() > 1.3 * made.bounds.height())
-                made.scale *= std::clamp(
-                    roundSymbol / std::sqrt(made.bounds.width() * made.bounds.height()), 1.0,
-                    largestEnlargement);
+                made.scale *=
+                    std::clamp(roundSymbol / std::sqrt(made.bounds.width() * made.bounds.height()),
+                               1.0, largestEnlargement);
         }
         found = drawings.insert(name, made);
     }

@@ -65,9 +65,9 @@ QSGNode* SymbolItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
         node->setTexture(window()->createTextureFromImage(picture));
     }
     // Whole pixels, in the middle of whatever room the item was given.
-    const QRectF picture(QPointF(qRound((width() - implicitWidth()) / 2),
-                                 qRound((height() - implicitHeight()) / 2)),
-                         QSizeF(implicitWidth(), implicitHeight()));
+    const QRectF picture(
+        QPointF(qRound((width() - implicitWidth()) / 2), qRound((height() - implicitHeight()) / 2)),
+        QSizeF(implicitWidth(), implicitHeight()));
     node->setRect(picture);
     return node;
 }
