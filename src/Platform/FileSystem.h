@@ -12,8 +12,8 @@ namespace orvelle {
 
 /// The user's own files. Paths are absolute UTF-8. Small files only.
 ///
-/// Calls work on the spot and take as long as the disk does, for ever when it hangs. Any thread, as
-/// long as one at a time works on a file; a lock's handle may die on another thread than its own.
+/// Calls work on the spot and take as long as the disk does, for ever when it hangs. Any thread,
+/// one operation at a time on each file.
 class FileSystem {
 public:
     enum class ReadFailure { missing, unreadable, tooLarge };

@@ -12,11 +12,9 @@ public:
     mutable Gate reading;
     Gate writing;
     Gate locking;
-    mutable int readCount = 0;
 
     Contents read(const std::string& path, std::size_t limit) const override {
         reading.pass();
-        ++readCount;
         return SimulatedFileSystem::read(path, limit);
     }
     bool write(const std::string& path, std::string_view bytes) override {
