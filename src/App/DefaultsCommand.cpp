@@ -122,8 +122,7 @@ private:
     }
 
     int save() {
-        const auto outcome = file_.save(patience, DefaultsFile::Insist::yes);
-        if (outcome.result == DefaultsFile::SaveResult::saved)
+        if (file_.save(patience))
             return success;
         errors_ << "orvelle defaults: the settings cannot be written\n";
         return failure;

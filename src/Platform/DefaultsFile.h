@@ -1,40 +1,23 @@
 #pragma once
 
-#include "Foundation/Json.h"
-#include "Platform/FileSystem.h"
+#include "Platform/DefaultsStorage.h"
 #include "Platform/Log.h"
 #include "Platform/UserDefaults.h"
 
-#include <set>
-
 namespace orvelle {
 
-/// The settings file, "defaults.json" in the configuration folder, as a copy in memory and the
-/// changes to it that are not saved yet. Other processes may write the file at any time: saving
-/// lays the own changes over what the file holds by then.
+/// The settings of the settings file as a copy in memory, with the changes to it that are not saved
+/// yet. Members that no setting can hold stay in the file as they are and read as unset. Each
+/// trouble with the file is logged once until it is over. One thread only.
 ///
-/// A file that is no JSON object, cannot be read or is larger than `maximumSize` is put aside as
-/// "defaults.json.corrupt" at the start, and the settings start empty. A file that becomes so later
-/// is put aside when it is in the way of a save. Members that no setting can hold stay in
-/// the file as they are and read as unset. Each trouble is logged once until it is over.
+/// `save` works on the spot. Whoever must not wait for the disk lets another thread work on the
+/// storage with a `copy`, and hands what came out to `adopt`.
 class DefaultsFile {
 public:
-    static constexpr std::size_t maximumSize = 4 << 20;
+    static constexpr std::size_t maximumSize = DefaultsStorage::maximumSize;
 
-    enum class SaveResult {
-        saved,
-        /// Another process is writing; worth another try in a moment.
-        busy,
-        /// The disk does not take it; the changes stay unsaved.
-        refused
-    };
-    /// Whether to save although another process seems to be writing.
-    enum class Insist { no, yes };
-
-    /// Reads the file; this is the only reading until `reload` or `save`.
+    /// Reads the file on the spot.
     DefaultsFile(FileSystem& fileSystem, LogSink& log);
-
-    static std::string path(const FileSystem& fileSystem);
 
     std::optional<DefaultsValue> value(std::string_view key) const;
     /// Of the settings that can be read, ascending.
@@ -43,41 +26,29 @@ public:
     void set(std::string_view key, const DefaultsValue& value);
     /// In memory only. False for a key that the file does not have.
     bool remove(std::string_view key);
-    bool hasUnsavedChanges() const { return !unsaved_.empty(); }
 
-    /// Takes over what others have written; unsaved changes stay. A file that is gone or unreadable
-    /// for the moment changes nothing. True when any value differs from before.
-    bool reload();
+    bool hasUnsavedChanges() const { return !own_.unsaved.empty(); }
+    /// Saves what is not saved yet, even when another process is still writing after `patience`.
+    /// False when the disk does not take it; the changes stay unsaved.
+    bool save(Seconds patience);
 
-    struct SaveOutcome {
-        SaveResult result;
-        /// Others had written values that are taken over now.
-        bool valuesChanged = false;
-    };
-    /// `patience` is how long to wait for another process.
-    SaveOutcome save(Seconds patience, Insist insist);
+    const DefaultsStorage& storage() const { return storage_; }
+    const DefaultsCopy& copy() const { return own_; }
+    /// Forgets the changes that are saved, except where a later one has come since, and takes over
+    /// what others have written, under the changes that are left. True when any value differs from
+    /// before.
+    bool adopt(DefaultsStorage::Outcome outcome);
+    /// Logs a trouble with the file, a sentence, unless it was the last one.
+    void report(const std::string& trouble);
 
 private:
-    struct Reading {
-        /// None when there is no file, or no use in it.
-        std::optional<Json::Object> document;
-        /// Why the file is of no use; empty otherwise.
-        std::string problem;
-        bool hasContent = true;
-    };
-
-    Reading read() const;
-    /// Puts a file without use aside; false when it stays in the way.
-    bool makeWay(const Reading& unusable);
-    Json::Object withUnsavedChanges(Json::Object document) const;
-    void report(const std::string& trouble);
+    void noteChange(std::string_view key);
     void reportUnreadableValues();
 
-    FileSystem& fileSystem_;
+    DefaultsStorage storage_;
     Logger logger_;
-    std::string path_;
-    Json::Object document_;
-    std::set<std::string, std::less<>> unsaved_;
+    DefaultsCopy own_;
+    std::uint64_t changeCount_ = 0;
     std::string reported_;
 };
 

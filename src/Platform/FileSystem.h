@@ -10,7 +10,10 @@
 
 namespace orvelle {
 
-/// The user's own files. Paths are absolute UTF-8. Small files only: calls work on the spot.
+/// The user's own files. Paths are absolute UTF-8. Small files only.
+///
+/// Calls work on the spot and take as long as the disk does, for ever when it hangs. Any thread,
+/// one operation at a time on each file.
 class FileSystem {
 public:
     enum class ReadFailure { missing, unreadable, tooLarge };

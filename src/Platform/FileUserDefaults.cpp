@@ -13,10 +13,10 @@ constexpr Seconds shutdownPatience = 1;
 
 FileUserDefaults::FileUserDefaults(FileSystem& fileSystem, RunLoop& runLoop, FileWatch& watch,
                                    LogSink& log)
-    : runLoop_(runLoop), outsideChanges_(watch.watch(DefaultsFile::path(fileSystem),
+    : runLoop_(runLoop), outsideChanges_(watch.watch(DefaultsStorage::path(fileSystem),
                                                      [this] {
-                                                         if (file_.reload())
-                                                             changed_();
+                                                         isReadingDue_ = true;
+                                                         proceed();
                                                      })),
       file_(fileSystem, log) {}
 
@@ -50,29 +50,69 @@ Subscription FileUserDefaults::observeChanges(std::function<void()> changed) {
 }
 
 void FileUserDefaults::flush() {
+    if (!file_.hasUnsavedChanges())
+        return;
+    if (underWay_) {
+        if (!underWay_->finish(shutdownPatience)) {
+            file_.report(file_.storage().path() +
+                         " lies on a disk that does not answer; the latest changes may be lost");
+            return;
+        }
+        adoptOutcome();
+    }
     saveTimer_.reset();
+    isSavingDue_ = false;
+    isReadingDue_ = false; // saving reads
     busyCount_ = 0;
-    file_.save(shutdownPatience, DefaultsFile::Insist::yes);
+    file_.save(shutdownPatience);
 }
 
 void FileUserDefaults::scheduleSave() {
-    if (!saveTimer_)
-        saveTimer_ = runLoop_.after(saveDelay, [this] { save(); });
+    if (saveTimer_)
+        return;
+    saveTimer_ = runLoop_.after(saveDelay, [this] {
+        saveTimer_.reset();
+        isSavingDue_ = true;
+        proceed();
+    });
 }
 
-void FileUserDefaults::save() {
-    saveTimer_.reset();
-    const auto insist =
-        busyCount_ < patientTries ? DefaultsFile::Insist::no : DefaultsFile::Insist::yes;
-    const auto [result, valuesChanged] = file_.save(0, insist);
-    if (result == DefaultsFile::SaveResult::busy) {
+void FileUserDefaults::proceed() {
+    if (underWay_)
+        return;
+    if (std::exchange(isReadingDue_, false)) {
+        start([storage = file_.storage()] { return storage.read(); });
+    } else if (std::exchange(isSavingDue_, false) && file_.hasUnsavedChanges()) {
+        using Insist = DefaultsStorage::Insist;
+        const auto insist = busyCount_ < patientTries ? Insist::no : Insist::yes;
+        start([storage = file_.storage(), own = file_.copy(), insist] {
+            return storage.save(own, 0, insist);
+        });
+    }
+}
+
+void FileUserDefaults::start(std::function<Outcome()> work) {
+    underWay_ = std::make_shared<Errand<Outcome>>(std::move(work));
+    completion_ = runLoop_.detach([errand = underWay_] { errand->run(); }, [this] { finish(); });
+}
+
+void FileUserDefaults::finish() {
+    const bool isDifferent = adoptOutcome();
+    proceed();
+    if (isDifferent)
+        changed_(); // last: an observer may do anything
+}
+
+bool FileUserDefaults::adoptOutcome() {
+    completion_.reset();
+    auto outcome = std::exchange(underWay_, nullptr)->take();
+    if (outcome.result == DefaultsStorage::Result::busy) {
         ++busyCount_;
         scheduleSave();
-        return;
+    } else if (outcome.result != DefaultsStorage::Result::read) {
+        busyCount_ = 0;
     }
-    busyCount_ = 0;
-    if (valuesChanged)
-        changed_();
+    return file_.adopt(std::move(outcome));
 }
 
 } // namespace orvelle

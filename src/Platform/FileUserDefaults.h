@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Foundation/Errand.h"
 #include "Foundation/Published.h"
 #include "Platform/DefaultsFile.h"
 #include "Platform/FileWatch.h"
@@ -9,11 +10,15 @@ namespace orvelle {
 
 /// The settings in a file that other processes and editors may change at any time. Changes of one
 /// moment are saved together.
+///
+/// The values live on the main thread. The disk is worked on in the background, one operation at a
+/// time, with a copy of the settings; what comes out is adopted on the main thread.
 class FileUserDefaults : public UserDefaults {
 public:
     /// From a change to its saving, when no other process is writing.
     static constexpr Seconds saveDelay = 0.05;
 
+    /// Reads the file on the spot. File system and log must outlive the run loop's background work.
     FileUserDefaults(FileSystem& fileSystem, RunLoop& runLoop, FileWatch& watch, LogSink& log);
     FileUserDefaults(const FileUserDefaults&) = delete;
     FileUserDefaults& operator=(const FileUserDefaults&) = delete;
@@ -25,20 +30,31 @@ public:
     void remove(std::string_view key) override;
     Subscription observeChanges(std::function<void()> changed) override;
 
-    /// Saves now what is not saved yet; for the way out of the program. Waits for another process's
-    /// writing for a second at most.
+    /// Saves on the spot what is not saved yet, without telling the observers; for the way out of
+    /// the program. Waits for an operation under way and for another process's writing, for a
+    /// second at most each. A disk that does not answer by then is logged.
     void flush();
 
 private:
+    using Outcome = DefaultsStorage::Outcome;
+
     void scheduleSave();
-    void save();
+    /// Begins the next operation that is due, unless one is under way.
+    void proceed();
+    void start(std::function<Outcome()> work);
+    void finish();
+    bool adoptOutcome();
 
     RunLoop& runLoop_;
     Subscription outsideChanges_; ///< begins before the first reading, so that none is missed
     DefaultsFile file_;
     Event<> changed_;
     Timer saveTimer_;
+    bool isReadingDue_ = false;
+    bool isSavingDue_ = false;
     int busyCount_ = 0;
+    std::shared_ptr<Errand<Outcome>> underWay_;
+    Subscription completion_;
 };
 
 } // namespace orvelle

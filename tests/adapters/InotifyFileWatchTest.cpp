@@ -146,13 +146,19 @@ TEST_F(InotifyFileWatchTest, SettingsOfTwoProcessesMeetInTheFile) {
     const auto subscription = two.observeChanges([this] { ++changes; });
     one.set("a", 5.0);
     one.flush();
-    EXPECT_TRUE(happens([&] { return two.object("a") == DefaultsValue(5.0); }));
+    EXPECT_TRUE(happens([&] {
+        runLoop.runPosted();
+        return two.object("a") == DefaultsValue(5.0);
+    }));
     EXPECT_EQ(changes, 1);
     two.set("b", true);
     one.set("c", true);
     two.flush();
     one.flush();
-    EXPECT_TRUE(happens([&] { return two.boolean("c") && one.boolean("b"); }));
+    EXPECT_TRUE(happens([&] {
+        runLoop.runPosted();
+        return two.boolean("c") && one.boolean("b");
+    }));
     EXPECT_TRUE(log.lines.empty());
 }
 

@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const std::string text(reinterpret_cast<const char*>(bytes), size);
     SimulatedFileSystem files;
     SimulatedLog log;
-    const auto path = DefaultsFile::path(files);
+    const auto path = DefaultsStorage::path(files);
     files.files[path] = text;
 
     DefaultsFile first(files, log);
@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     if (size > 0 && files.files[path].empty() && files.files[path + ".corrupt"] != text)
         std::abort();
     first.set("own", true);
-    if (first.save(0, DefaultsFile::Insist::yes).result != DefaultsFile::SaveResult::saved)
+    if (!first.save(0))
         std::abort();
 
     const DefaultsFile second(files, log);

@@ -132,6 +132,7 @@ TEST_F(DefaultsCommandTest, RunningProgramTakesTheChangeOver) {
     running.set("own", true);
     run({"write", "requireRealNotch", "-bool", "true"});
     watch.notifyChanged();
+    runLoop.runPosted();
     EXPECT_TRUE(running.boolean("requireRealNotch"));
     running.flush();
     EXPECT_EQ(stored("own"), DefaultsValue(true));

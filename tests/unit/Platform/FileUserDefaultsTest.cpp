@@ -25,7 +25,11 @@ protected:
     /// As an editor or another process does.
     void writeOutside(const std::string& text) {
         fileSystem.files[path] = text;
+        noticeChange();
+    }
+    void noticeChange() {
         watch.notifyChanged();
+        runLoop.runPosted();
     }
     void save() { runLoop.advance(FileUserDefaults::saveDelay); }
 
@@ -158,7 +162,7 @@ TEST_F(FileUserDefaultsTest, OwnWriteDoesNotEcho) {
     const auto defaults = open();
     defaults->set("a", 0.1);
     save();
-    watch.notifyChanged();
+    noticeChange();
     EXPECT_EQ(changeCount, 1);
 }
 
@@ -263,7 +267,7 @@ TEST_F(FileUserDefaultsTest, ValuesOfAnUnknownKindStayInTheFileUntouched) {
     save();
     EXPECT_EQ(file(), "{\n  \"good\": 2,\n  \"list\": [1,2],\n  \"none\": null,\n"
                       "  \"odd\": {\"$date\":\"soon\"}\n}\n");
-    watch.notifyChanged();
+    noticeChange();
     EXPECT_EQ(log.lines.size(), 1u);
     EXPECT_FALSE(fileSystem.files.contains(aside));
 }
@@ -341,7 +345,7 @@ TEST_F(FileUserDefaultsTest, VanishedFileChangesNothingAndComesBackWhole) {
     fileSystem.files[path] = R"({"a": 1})";
     const auto defaults = open();
     fileSystem.files.clear();
-    watch.notifyChanged();
+    noticeChange();
     EXPECT_EQ(defaults->integer("a"), 1);
     EXPECT_EQ(changeCount, 0);
     defaults->set("b", true);

@@ -1,0 +1,104 @@
+#include "Platform/DefaultsStorage.h"
+
+#include "Platform/DefaultsCoding.h"
+
+namespace orvelle {
+
+Json::Object DefaultsCopy::over(Json::Object others) const {
+    for (const auto& [key, change] : unsaved) {
+        if (const auto own = document.find(key); own != document.end())
+            others.insert_or_assign(key, own->second);
+        else
+            others.erase(key);
+    }
+    return others;
+}
+
+DefaultsStorage::DefaultsStorage(FileSystem& fileSystem)
+    : fileSystem_(&fileSystem), path_(path(fileSystem)) {}
+
+std::string DefaultsStorage::path(const FileSystem& fileSystem) {
+    return fileSystem.configurationDirectory() + "/defaults.json";
+}
+
+DefaultsStorage::Outcome DefaultsStorage::open() const {
+    Outcome outcome;
+    auto reading = readFile();
+    if (!reading.problem.empty())
+        makeWay(reading, outcome.troubles);
+    outcome.document = std::move(reading.document);
+    return outcome;
+}
+
+DefaultsStorage::Outcome DefaultsStorage::read() const {
+    Outcome outcome;
+    auto reading = readFile();
+    if (!reading.problem.empty())
+        outcome.troubles.push_back(path_ + " " + reading.problem +
+                                   "; the settings stay as they were");
+    outcome.document = std::move(reading.document);
+    return outcome;
+}
+
+DefaultsStorage::Outcome DefaultsStorage::save(const DefaultsCopy& own, Seconds patience,
+                                               Insist insist) const {
+    Outcome outcome;
+    outcome.result = insist == Insist::no ? Result::busy : Result::refused;
+    const auto lock = fileSystem_->lock(path_.substr(0, path_.rfind('/')), patience);
+    if (!lock && insist == Insist::no)
+        return outcome;
+    const auto reading = readFile();
+    if (!reading.problem.empty() && (insist == Insist::no || !makeWay(reading, outcome.troubles)))
+        return outcome; // an editor may be in the middle of writing
+
+    outcome.result = Result::refused;
+    auto merged = own.over(reading.document.value_or(own.document));
+    if (merged != reading.document) {
+        const auto text = defaultsFileText(merged);
+        if (text.size() > maximumSize || !fileSystem_->write(path_, text)) {
+            outcome.troubles.push_back(path_ +
+                                       " cannot be written; settings are kept for this run only");
+            return outcome;
+        }
+    }
+    outcome.result = Result::saved;
+    outcome.document = std::move(merged);
+    outcome.saved = own.unsaved;
+    return outcome;
+}
+
+DefaultsStorage::Reading DefaultsStorage::readFile() const {
+    const auto contents = fileSystem_->read(path_, maximumSize);
+    if (contents.failure) {
+        switch (*contents.failure) {
+        case FileSystem::ReadFailure::missing:
+            return {};
+        case FileSystem::ReadFailure::tooLarge:
+            return {{}, "is larger than 4 MB"};
+        case FileSystem::ReadFailure::unreadable:
+            return {{}, "cannot be read"};
+        }
+    }
+    if (contents.bytes.empty())
+        return {{}, "is empty", false};
+    const auto json = Json::parse(contents.bytes);
+    const auto* members = json ? json->object() : nullptr;
+    if (!members)
+        return {{}, "is not a JSON object"};
+    return {*members, {}};
+}
+
+bool DefaultsStorage::makeWay(const Reading& unusable, std::vector<std::string>& troubles) const {
+    const auto trouble = path_ + " " + unusable.problem;
+    if (!unusable.hasContent) {
+        troubles.push_back(trouble);
+        return true;
+    }
+    const bool moved = fileSystem_->move(path_, path_ + ".corrupt");
+    troubles.push_back(trouble +
+                       (moved ? "; it is kept as defaults.json.corrupt"
+                              : " and cannot be put aside; settings are kept for this run only"));
+    return moved;
+}
+
+} // namespace orvelle

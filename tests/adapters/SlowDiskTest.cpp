@@ -1,0 +1,67 @@
+#include "Platform/FileUserDefaults.h"
+#include "Platform/Qt/QtRunLoop.h"
+#include "Support/GatedFileSystem.h"
+#include "adapters/QtTest.h"
+
+#include <gtest/gtest.h>
+
+namespace orvelle {
+namespace {
+
+const std::string path = "/simulated/config/defaults.json";
+
+class SlowDisk : public testing::Test {
+protected:
+    SlowDisk() {
+        application();
+        runLoop.emplace();
+        fileSystem.files[path] = R"({"a": 1})";
+        defaults = std::make_unique<FileUserDefaults>(fileSystem, *runLoop, watch, log);
+    }
+    /// Whether the main thread serves its timers and the settings while a thread stands at `gate`.
+    bool mainThreadGoesOn(const Gate& gate) {
+        int ticks = 0;
+        const auto timer = runLoop->every(0.01, [&] {
+            ++ticks;
+            defaults->set("tick", std::int64_t{ticks});
+        });
+        return waitUntil([&] { return ticks == 10; }) && defaults->integer("tick") == 10 &&
+               gate.isReached();
+    }
+
+    GatedFileSystem fileSystem;
+    SimulatedFileWatch watch;
+    SimulatedLog log;
+    std::optional<QtRunLoop> runLoop;
+    std::unique_ptr<FileUserDefaults> defaults;
+};
+
+TEST_F(SlowDisk, SavingDoesNotStopTheMainThread) {
+    for (Gate* gate : {&fileSystem.locking, &fileSystem.reading, &fileSystem.writing}) {
+        gate->close();
+        defaults->set("a", std::int64_t{2});
+        EXPECT_TRUE(waitUntil([&] { return gate->isReached(); }));
+        EXPECT_TRUE(mainThreadGoesOn(*gate));
+        gate->open();
+        defaults->flush();
+    }
+    EXPECT_EQ(fileSystem.files.at(path), "{\n  \"a\": 2,\n  \"tick\": 10\n}\n");
+    EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(SlowDisk, ReadingAnOutsideEditDoesNotStopTheMainThread) {
+    fileSystem.files[path] = R"({"a": 2})";
+    bool isTold = false;
+    const auto changes =
+        defaults->observeChanges([&] { isTold = isTold || defaults->integer("a") == 2; });
+    fileSystem.reading.close();
+    watch.notifyChanged();
+    EXPECT_TRUE(waitUntil([&] { return fileSystem.reading.isReached(); }));
+    EXPECT_TRUE(mainThreadGoesOn(fileSystem.reading));
+    EXPECT_FALSE(isTold);
+    fileSystem.reading.open();
+    EXPECT_TRUE(waitUntil([&] { return isTold; }));
+}
+
+} // namespace
+} // namespace orvelle

@@ -1,0 +1,258 @@
+#include "Platform/FileUserDefaults.h"
+#include "Platform/Simulated/SimulatedRunLoop.h"
+#include "Support/GatedFileSystem.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace orvelle {
+namespace {
+
+const std::string path = "/simulated/config/defaults.json";
+
+/// Virtual time, with background work on a thread of its own; its completion waits for the test.
+class ThreadedRunLoop : public SimulatedRunLoop {
+public:
+    ~ThreadedRunLoop() override { awaitWork(); }
+
+    int detachCount = 0;
+    /// The threads have other things to do, and begin nothing before `complete`.
+    bool isBusy = false;
+
+    Subscription detach(std::function<void()> work, std::function<void()> done) override {
+        awaitWork();
+        ++detachCount;
+        work_ = std::move(work);
+        if (!isBusy)
+            begin();
+        auto wanted = std::make_shared<bool>(true);
+        completion_ = [wanted, done = std::move(done)] {
+            if (*wanted)
+                done();
+        };
+        return Subscription([wanted] { *wanted = false; });
+    }
+    void awaitWork() {
+        if (thread_.joinable())
+            thread_.join();
+    }
+    void complete() {
+        begin();
+        awaitWork();
+        if (const auto completion = std::exchange(completion_, nullptr))
+            completion();
+    }
+
+private:
+    void begin() {
+        if (auto work = std::exchange(work_, nullptr))
+            thread_ = std::thread(std::move(work));
+    }
+
+    std::function<void()> work_;
+    std::thread thread_;
+    std::function<void()> completion_;
+};
+
+class DefaultsSaving : public testing::Test {
+protected:
+    DefaultsSaving() {
+        fileSystem.files[path] = "{}";
+        defaults = std::make_unique<FileUserDefaults>(fileSystem, runLoop, watch, log);
+        changes = defaults->observeChanges([this] { ++changeCount; });
+    }
+    std::string file() const { return fileSystem.files.at(path); }
+    void startSave() { runLoop.advance(FileUserDefaults::saveDelay); }
+    void save() {
+        startSave();
+        runLoop.complete();
+    }
+    /// Begins a save of "a" that is held up at the gate.
+    void holdSave(Gate& gate) {
+        gate.close();
+        defaults->set("a", std::int64_t{1});
+        startSave();
+        ASSERT_TRUE(gate.awaitArrival());
+    }
+    /// Opens the gate from another thread while `wait` waits on this one.
+    template <class Wait>
+    void openDuring(Gate& gate, Wait wait) {
+        std::thread opener([&gate] { gate.open(); });
+        wait();
+        opener.join();
+    }
+
+    GatedFileSystem fileSystem;
+    SimulatedFileWatch watch;
+    SimulatedLog log;
+    ThreadedRunLoop runLoop;
+    std::unique_ptr<FileUserDefaults> defaults;
+    Subscription changes;
+    int changeCount = 0;
+};
+
+TEST_F(DefaultsSaving, ChangeDuringASaveIsSavedByTheNextOne) {
+    holdSave(fileSystem.writing);
+    defaults->set("a", std::int64_t{2});
+    defaults->set("b", true);
+    fileSystem.writing.open();
+    runLoop.complete();
+    EXPECT_EQ(file(), "{\n  \"a\": 1\n}\n");
+    EXPECT_EQ(defaults->integer("a"), 2);
+    EXPECT_TRUE(defaults->boolean("b"));
+    EXPECT_EQ(changeCount, 3) << "an own save is no news";
+    save();
+    EXPECT_EQ(file(), "{\n  \"a\": 2,\n  \"b\": true\n}\n");
+}
+
+TEST_F(DefaultsSaving, RemovalDuringASaveIsSavedByTheNextOne) {
+    holdSave(fileSystem.writing);
+    defaults->remove("a");
+    fileSystem.writing.open();
+    runLoop.complete();
+    EXPECT_EQ(defaults->object("a"), std::nullopt);
+    save();
+    EXPECT_EQ(file(), "{\n}\n");
+}
+
+TEST_F(DefaultsSaving, OneSaveAtATimeIsUnderWay) {
+    holdSave(fileSystem.writing);
+    for (int step = 0; step < 10; ++step) {
+        defaults->set("b", std::int64_t{step});
+        runLoop.advance(1);
+    }
+    EXPECT_EQ(runLoop.detachCount, 1);
+    fileSystem.writing.open();
+    runLoop.complete();
+    EXPECT_EQ(runLoop.detachCount, 2) << "the next save is overdue";
+    runLoop.complete();
+    EXPECT_EQ(file(), "{\n  \"a\": 1,\n  \"b\": 9\n}\n");
+    runLoop.advance(10);
+    EXPECT_EQ(runLoop.detachCount, 2);
+}
+
+TEST_F(DefaultsSaving, RefusedSaveWaitsForTheNextChange) {
+    fileSystem.writable = false;
+    holdSave(fileSystem.writing);
+    fileSystem.writing.open();
+    runLoop.complete();
+    runLoop.advance(10);
+    EXPECT_EQ(runLoop.detachCount, 1);
+    fileSystem.writable = true;
+    defaults->set("b", true);
+    save();
+    EXPECT_EQ(file(), "{\n  \"a\": 1,\n  \"b\": true\n}\n");
+}
+
+TEST_F(DefaultsSaving, OutsideWriteBeforeTheSaveReadsIsNotLost) {
+    holdSave(fileSystem.locking);
+    fileSystem.files[path] = R"({"a": 5, "b": 5})";
+    fileSystem.locking.open();
+    runLoop.complete();
+    EXPECT_EQ(file(), "{\n  \"a\": 1,\n  \"b\": 5\n}\n");
+    EXPECT_EQ(defaults->integer("b"), 5);
+    EXPECT_EQ(changeCount, 2) << "the value taken over is news to the observers";
+}
+
+TEST_F(DefaultsSaving, OutsideWriteBeforeTheSaveCompletesIsNotLost) {
+    holdSave(fileSystem.writing);
+    defaults->set("c", std::int64_t{3});
+    fileSystem.writing.open();
+    runLoop.awaitWork();
+    fileSystem.files[path] = R"({"a": 5, "b": 5, "c": 5})";
+    watch.notifyChanged();
+    runLoop.complete(); // of the save
+    EXPECT_EQ(defaults->integer("a"), 1);
+    runLoop.complete(); // of the reading
+    EXPECT_EQ(defaults->integer("a"), 5);
+    EXPECT_EQ(defaults->integer("b"), 5);
+    EXPECT_EQ(defaults->integer("c"), 3);
+    save();
+    EXPECT_EQ(file(), "{\n  \"a\": 5,\n  \"b\": 5,\n  \"c\": 3\n}\n");
+}
+
+TEST_F(DefaultsSaving, ChangeDuringAReadingIsNotUndone) {
+    fileSystem.files[path] = R"({"a": 5, "b": 5})";
+    fileSystem.reading.close();
+    watch.notifyChanged();
+    ASSERT_TRUE(fileSystem.reading.awaitArrival());
+    defaults->set("a", std::int64_t{1});
+    fileSystem.reading.open();
+    runLoop.complete();
+    EXPECT_EQ(defaults->integer("a"), 1);
+    EXPECT_EQ(defaults->integer("b"), 5);
+}
+
+TEST_F(DefaultsSaving, OutsideEditsDuringAReadingAreReadTogether) {
+    fileSystem.reading.close();
+    watch.notifyChanged();
+    ASSERT_TRUE(fileSystem.reading.awaitArrival());
+    for (int edit = 0; edit < 5; ++edit)
+        watch.notifyChanged();
+    fileSystem.reading.open();
+    runLoop.awaitWork();
+    fileSystem.files[path] = R"({"a": 5})";
+    runLoop.complete();
+    runLoop.complete();
+    EXPECT_EQ(defaults->integer("a"), 5);
+    EXPECT_EQ(runLoop.detachCount, 2);
+}
+
+TEST_F(DefaultsSaving, FlushDuringASaveSavesEverything) {
+    holdSave(fileSystem.writing);
+    defaults->set("a", std::int64_t{2});
+    openDuring(fileSystem.writing, [this] { defaults->flush(); });
+    EXPECT_EQ(file(), "{\n  \"a\": 2\n}\n");
+    EXPECT_EQ(fileSystem.writeCount, 2);
+    runLoop.complete();
+    runLoop.advance(10);
+    EXPECT_EQ(runLoop.detachCount, 1) << "nothing is left to save";
+}
+
+TEST_F(DefaultsSaving, FlushGivesUpOnADiskThatHangs) {
+    holdSave(fileSystem.writing);
+    defaults->flush();
+    EXPECT_EQ(log.lines.size(), 1u);
+    fileSystem.writing.open();
+    runLoop.complete();
+    EXPECT_EQ(file(), "{\n  \"a\": 1\n}\n");
+}
+
+TEST_F(DefaultsSaving, FlushDoesNotWaitForABackgroundThatHasNotBegun) {
+    runLoop.isBusy = true;
+    defaults->set("a", true);
+    startSave();
+    defaults->flush();
+    EXPECT_EQ(file(), "{\n  \"a\": true\n}\n");
+    EXPECT_TRUE(log.lines.empty());
+    runLoop.complete();
+    EXPECT_EQ(fileSystem.writeCount, 1);
+    EXPECT_EQ(changeCount, 1);
+}
+
+TEST_F(DefaultsSaving, OwnerThatGoesDuringASaveLeavesEverythingSaved) {
+    holdSave(fileSystem.writing);
+    defaults->set("b", true);
+    openDuring(fileSystem.writing, [this] { defaults.reset(); });
+    EXPECT_EQ(file(), "{\n  \"a\": 1,\n  \"b\": true\n}\n");
+    runLoop.complete();
+    runLoop.advance(10);
+    EXPECT_EQ(runLoop.detachCount, 1);
+    EXPECT_EQ(changeCount, 2);
+}
+
+TEST_F(DefaultsSaving, OwnerThatGoesDuringAReadingDoesNotWaitForIt) {
+    fileSystem.files[path] = R"({"a": 5})";
+    fileSystem.reading.close();
+    watch.notifyChanged();
+    ASSERT_TRUE(fileSystem.reading.awaitArrival());
+    defaults.reset();
+    EXPECT_TRUE(fileSystem.reading.isReached());
+    fileSystem.reading.open();
+    runLoop.complete();
+    EXPECT_EQ(changeCount, 0);
+}
+
+} // namespace
+} // namespace orvelle
