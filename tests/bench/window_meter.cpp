@@ -120,7 +120,8 @@ public:
                         static_cast<std::int16_t>(collapsed.y + collapsed.height / 2));
             wait("a new size", [&](const auto& event) { return isResize(event, collapsed); });
             const double resized = sinceInMilliseconds(start);
-            wait("content", [&](const auto& event) { return isDamage(event); });
+            passResize();
+            wait("content", [&](const auto& event) { return isPaint(event); });
             const double painted = sinceInMilliseconds(start);
             std::printf("%.3f %.3f\n", resized, painted);
             movePointerAway();
@@ -136,6 +137,24 @@ private:
     bool isDamage(const xcb_generic_event_t& event) const {
         return typeOf(event) == damaged_ &&
                reinterpret_cast<const xcb_damage_notify_event_t&>(event).drawable == window_;
+    }
+
+    /// Tells what the program draws from what a new outline uncovers, which lies at the edges.
+    bool isPaint(const xcb_generic_event_t& event) const {
+        if (!isDamage(event))
+            return false;
+        const auto& damage = reinterpret_cast<const xcb_damage_notify_event_t&>(event);
+        const int middle = damage.geometry.width / 2;
+        return damage.area.y == 0 && damage.area.x <= middle &&
+               damage.area.x + damage.area.width > middle;
+    }
+
+    /// Drops the damage that the server itself did by moving what the window showed.
+    void passResize() {
+        const Reply<xcb_get_input_focus_reply_t> fence(
+            xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+        while (Reply<xcb_generic_event_t>(xcb_poll_for_queued_event(connection_))) {
+        }
     }
 
     bool isResize(const xcb_generic_event_t& event, const Frame& before) const {
