@@ -198,7 +198,7 @@ void AppDelegate::stopFeatures() {
     systemMonitorManager.updateTimer.reset();
     systemMonitorManager.previousCPUInfo.reset();
     systemMonitorManager.previousNetworkBytes.reset();
-    weatherManager.refreshTimer.reset();
+    weatherManager.stop();
     pomodoroManager.pauseTimer();
     stockTickerManager.refreshTimer.reset();
     timeManager.timer.reset();

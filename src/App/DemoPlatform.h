@@ -5,6 +5,8 @@
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtRunLoop.h"
+#include "Platform/Simulated/SimulatedHttpClient.h"
+#include "Platform/Simulated/SimulatedLocation.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 
@@ -20,7 +22,10 @@ public:
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     FileSystem& fileSystem() override { return fileSystem_; }
     Formatting& formatting() override { return formatting_; }
+    Geocoder& geocoder() override { return geocoder_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
+    HttpClient& httpClient() override { return httpClient_; }
+    LocationService& locationService() override { return locationService_; }
     LogSink& log() override { return log_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
@@ -41,7 +46,10 @@ private:
     IcuFormatting formatting_;
     SimulatedAppearance appearance_;
     SimulatedFileSystem fileSystem_;
+    SimulatedGeocoder geocoder_{runLoop_};
     SimulatedHostStatistics hostStatistics_;
+    SimulatedHttpClient httpClient_{runLoop_};
+    SimulatedLocationService locationService_;
     SimulatedNowPlayingService nowPlaying_;
     SimulatedPowerSources powerSources_;
     SimulatedProcessLauncher processLauncher_;

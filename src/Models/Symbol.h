@@ -15,6 +15,7 @@ struct SymbolRow {
 
 inline constexpr SymbolRow symbolTable[] = {
     // clang-format off
+    {"arrow.clockwise", "arrow_clockwise"},
     {"arrow.down", "arrow_down"},
     {"arrow.up", "arrow_up"},
     {"backward.fill", "backward_fill"},
@@ -27,6 +28,8 @@ inline constexpr SymbolRow symbolTable[] = {
     {"calendar", "calendar"},
     {"chart.line.uptrend.xyaxis", ""},
     {"checklist", ""},
+    {"chevron.left", "chevron_left"},
+    {"chevron.right", "chevron_right"},
     {"clock", "clock"},
     {"cloud.bolt.rain.fill", "cloud_bolt_rain_fill"},
     {"cloud.drizzle.fill", "cloud_drizzle_fill"},
@@ -45,6 +48,7 @@ inline constexpr SymbolRow symbolTable[] = {
     {"forward.fill", "forward_fill"},
     {"gauge.with.dots.needle.0percent", ""},
     {"gear", "gear"},
+    {"humidity", ""},
     {"keyboard.badge.ellipsis", ""},
     {"memorychip", ""},
     {"moon.fill", "moon_fill"},
@@ -54,6 +58,7 @@ inline constexpr SymbolRow symbolTable[] = {
     {"pause.fill", "pause_fill"},
     {"person.crop.square", "person_crop_square"},
     {"play.fill", "play_fill"},
+    {"plus.circle.fill", "plus_circle_fill"},
     {"powerplug.fill", ""},
     {"questionmark.circle", "question_circle"},
     {"speaker.slash.fill", "speaker_slash_fill"},
@@ -61,9 +66,12 @@ inline constexpr SymbolRow symbolTable[] = {
     {"speaker.wave.2.fill", "speaker_2_fill"},
     {"sun.max.fill", "sun_max_fill"},
     {"sun.min.fill", "sun_min_fill"},
+    {"thermometer", "thermometer"},
     {"thermometer.medium", "thermometer"},
     {"timer", "timer"},
+    {"trash", "trash"},
     {"tray.fill", "tray_fill"},
+    {"wind", "wind"},
     // clang-format on
 };
 

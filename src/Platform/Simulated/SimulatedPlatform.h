@@ -2,6 +2,8 @@
 
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Platform.h"
+#include "Platform/Simulated/SimulatedHttpClient.h"
+#include "Platform/Simulated/SimulatedLocation.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
@@ -12,18 +14,21 @@ namespace orvelle {
 /// A machine for tests: every port is scripted, time is virtual, texts are English in New York.
 class SimulatedPlatform : public Platform {
 public:
+    SimulatedRunLoop runLoopPort; ///< first: other ports answer through it
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
     SimulatedEventMonitors eventMonitorsPort;
     SimulatedFileSystem fileSystemPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
+    SimulatedGeocoder geocoderPort{runLoopPort};
     SimulatedHostStatistics hostStatisticsPort;
+    SimulatedHttpClient httpClientPort{runLoopPort};
+    SimulatedLocationService locationServicePort;
     SimulatedLog logPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
     SimulatedPowerSources powerSourcesPort;
     SimulatedProcessLauncher processLauncherPort;
-    SimulatedRunLoop runLoopPort;
     SimulatedScreens screensPort;
     SimulatedSMCService smcPort;
     SimulatedUserDefaults userDefaultsPort;
@@ -35,7 +40,10 @@ public:
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
     Formatting& formatting() override { return formattingPort; }
+    Geocoder& geocoder() override { return geocoderPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
+    HttpClient& httpClient() override { return httpClientPort; }
+    LocationService& locationService() override { return locationServicePort; }
     LogSink& log() override { return logPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
     PanelWindows& panelWindows() override { return panelWindowsPort; }

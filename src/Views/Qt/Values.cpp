@@ -8,6 +8,8 @@ namespace {
 
 int qtWeight(FontWeight weight) {
     switch (weight) {
+    case FontWeight::thin:
+        return QFont::Thin;
     case FontWeight::regular:
         break;
     case FontWeight::medium:
@@ -41,7 +43,7 @@ QSizeF toQt(const Size& size) {
 
 TextValue toQt(const StyledText& text) {
     return {toQt(std::string_view(text.text)), text.style.size, qtWeight(text.style.weight),
-            toQt(text.style.color)};
+            toQt(text.style.color), text.style.design == FontDesign::monospaced};
 }
 
 SymbolValue toQt(const StyledSymbol& symbol) {
