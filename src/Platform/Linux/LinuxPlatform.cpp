@@ -17,6 +17,7 @@ std::string kdeSettingsFile() {
 
 LinuxPlatform::LinuxPlatform()
     : appearance_(runLoop_, &QDBusConnection::sessionBus, kdeSettingsFile()),
+      locationService_(runLoop_, &QDBusConnection::systemBus),
       powerSources_(runLoop_, &QDBusConnection::systemBus),
       processLauncher_(runLoop_, log_, &QDBusConnection::systemBus, &QDBusConnection::sessionBus,
                        qEnvironmentVariable("XDG_SESSION_ID")) {}

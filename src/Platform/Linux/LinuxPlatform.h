@@ -2,6 +2,8 @@
 
 #include "Platform/FileUserDefaults.h"
 #include "Platform/Icu/IcuFormatting.h"
+#include "Platform/Linux/GWeatherGeocoder.h"
+#include "Platform/Linux/GeoClueLocationService.h"
 #include "Platform/Linux/HwmonSMCService.h"
 #include "Platform/Linux/InotifyFileWatch.h"
 #include "Platform/Linux/LinuxDesktop.h"
@@ -15,6 +17,7 @@
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Linux/UPowerPowerSources.h"
 #include "Platform/Platform.h"
+#include "Platform/Qt/QtHttpClient.h"
 #include "Platform/Qt/QtRunLoop.h"
 
 namespace orvelle {
@@ -31,7 +34,10 @@ public:
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     FileSystem& fileSystem() override { return fileSystem_; }
     Formatting& formatting() override { return formatting_; }
+    Geocoder& geocoder() override { return geocoder_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
+    HttpClient& httpClient() override { return httpClient_; }
+    LocationService& locationService() override { return locationService_; }
     LogSink& log() override { return log_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
@@ -53,7 +59,10 @@ private:
     LinuxDesktop desktop_{userDefaults_};
     IcuFormatting formatting_;
     PortalAppearance appearance_;
+    GWeatherGeocoder geocoder_{runLoop_};
     ProcHostStatistics hostStatistics_;
+    QtHttpClient httpClient_;
+    GeoClueLocationService locationService_;
     HwmonSMCService smc_;
     SilentNowPlayingService nowPlaying_;
     UPowerPowerSources powerSources_;
