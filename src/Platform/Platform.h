@@ -4,12 +4,14 @@ namespace orvelle {
 
 class Appearance;
 class Application;
+class DistributedNotificationCenter;
 class EventMonitors;
 class FileSystem;
 class Formatting;
 class Geocoder;
 class HostStatistics;
 class HttpClient;
+class ImageCodec;
 class LocationService;
 class LogSink;
 class NowPlayingService;
@@ -17,8 +19,11 @@ class PanelWindows;
 class PowerSources;
 class ProcessLauncher;
 class RunLoop;
+class RunningApplications;
 class Screens;
+class ScriptExecutor;
 class SMCService;
+class UrlData;
 class UserDefaults;
 class UserNotifications;
 class Workspace;
@@ -31,12 +36,14 @@ public:
 
     virtual Appearance& appearance() = 0;
     virtual Application& application() = 0;
+    virtual DistributedNotificationCenter& distributedNotifications() = 0;
     virtual EventMonitors& eventMonitors() = 0;
     virtual FileSystem& fileSystem() = 0;
     virtual Formatting& formatting() = 0;
     virtual Geocoder& geocoder() = 0;
     virtual HostStatistics& hostStatistics() = 0;
     virtual HttpClient& httpClient() = 0;
+    virtual ImageCodec& imageCodec() = 0;
     virtual LocationService& locationService() = 0;
     virtual LogSink& log() = 0;
     virtual NowPlayingService& nowPlaying() = 0;
@@ -44,8 +51,11 @@ public:
     virtual PowerSources& powerSources() = 0;
     virtual ProcessLauncher& processLauncher() = 0;
     virtual RunLoop& runLoop() = 0;
+    virtual RunningApplications& runningApplications() = 0;
     virtual Screens& screens() = 0;
+    virtual ScriptExecutor& scriptExecutor() = 0;
     virtual SMCService& smc() = 0;
+    virtual UrlData& urlData() = 0;
     virtual UserDefaults& userDefaults() = 0;
     virtual UserNotifications& userNotifications() = 0;
     virtual Workspace& workspace() = 0;

@@ -13,11 +13,12 @@
 #include "Platform/Linux/PortalAppearance.h"
 #include "Platform/Linux/PosixFileSystem.h"
 #include "Platform/Linux/ProcHostStatistics.h"
-#include "Platform/Linux/SilentNowPlayingService.h"
+#include "Platform/Linux/SilentMedia.h"
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Linux/UPowerPowerSources.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtHttpClient.h"
+#include "Platform/Qt/QtImageCodec.h"
 #include "Platform/Qt/QtRunLoop.h"
 
 namespace orvelle {
@@ -31,12 +32,16 @@ public:
 
     Appearance& appearance() override { return appearance_; }
     Application& application() override { return desktop_.application; }
+    DistributedNotificationCenter& distributedNotifications() override {
+        return distributedNotifications_;
+    }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     FileSystem& fileSystem() override { return fileSystem_; }
     Formatting& formatting() override { return formatting_; }
     Geocoder& geocoder() override { return geocoder_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
     HttpClient& httpClient() override { return httpClient_; }
+    ImageCodec& imageCodec() override { return imageCodec_; }
     LocationService& locationService() override { return locationService_; }
     LogSink& log() override { return log_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
@@ -44,8 +49,11 @@ public:
     PowerSources& powerSources() override { return powerSources_; }
     ProcessLauncher& processLauncher() override { return processLauncher_; }
     RunLoop& runLoop() override { return runLoop_; }
+    RunningApplications& runningApplications() override { return runningApplications_; }
     Screens& screens() override { return desktop_.screens; }
+    ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
     SMCService& smc() override { return smc_; }
+    UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
     Workspace& workspace() override { return workspace_; }
@@ -65,6 +73,11 @@ private:
     GeoClueLocationService locationService_;
     HwmonSMCService smc_;
     SilentNowPlayingService nowPlaying_;
+    SilentDistributedNotificationCenter distributedNotifications_;
+    QtImageCodec imageCodec_;
+    SilentRunningApplications runningApplications_;
+    SilentScriptExecutor scriptExecutor_;
+    SilentUrlData urlData_;
     UPowerPowerSources powerSources_;
     LinuxProcessLauncher processLauncher_;
     LinuxUserNotifications userNotifications_;
