@@ -2,6 +2,7 @@
 
 #include "Platform/FileUserDefaults.h"
 #include "Platform/Icu/IcuFormatting.h"
+#include "Platform/Linux/CanberraSound.h"
 #include "Platform/Linux/HwmonSMCService.h"
 #include "Platform/Linux/InotifyFileWatch.h"
 #include "Platform/Linux/LinuxDesktop.h"
@@ -14,6 +15,8 @@
 #include "Platform/Linux/SilentMedia.h"
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Linux/UPowerPowerSources.h"
+#include "Platform/Linux/X11FrontmostApplication.h"
+#include "Platform/Linux/X11Pasteboard.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtImageCodec.h"
 #include "Platform/Qt/QtRunLoop.h"
@@ -35,11 +38,13 @@ public:
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     FileSystem& fileSystem() override { return fileSystem_; }
     Formatting& formatting() override { return formatting_; }
+    FrontmostApplication& frontmostApplication() override { return frontmostApplication_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
     ImageCodec& imageCodec() override { return imageCodec_; }
     LogSink& log() override { return log_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
+    Pasteboard& pasteboard() override { return pasteboard_; }
     PowerSources& powerSources() override { return powerSources_; }
     ProcessLauncher& processLauncher() override { return processLauncher_; }
     RunLoop& runLoop() override { return runLoop_; }
@@ -47,6 +52,7 @@ public:
     Screens& screens() override { return desktop_.screens; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
     SMCService& smc() override { return smc_; }
+    Sound& sound() override { return sound_; }
     UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
@@ -61,6 +67,9 @@ private:
     LinuxDesktop desktop_{userDefaults_};
     IcuFormatting formatting_;
     PortalAppearance appearance_;
+    X11FrontmostApplication frontmostApplication_;
+    X11Pasteboard pasteboard_;
+    CanberraSound sound_;
     ProcHostStatistics hostStatistics_;
     HwmonSMCService smc_;
     SilentNowPlayingService nowPlaying_;

@@ -4,7 +4,9 @@
 #include "Platform/Platform.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
+#include "Platform/Simulated/SimulatedPasteboard.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
+#include "Platform/Simulated/SimulatedSound.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindows.h"
 
@@ -19,11 +21,13 @@ public:
     SimulatedEventMonitors eventMonitorsPort;
     SimulatedFileSystem fileSystemPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
+    SimulatedFrontmostApplication frontmostApplicationPort;
     SimulatedHostStatistics hostStatisticsPort;
     SimulatedImageCodec imageCodecPort;
     SimulatedLog logPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
+    SimulatedPasteboard pasteboardPort;
     SimulatedPowerSources powerSourcesPort;
     SimulatedProcessLauncher processLauncherPort;
     SimulatedRunLoop runLoopPort;
@@ -31,6 +35,7 @@ public:
     SimulatedScreens screensPort;
     SimulatedScriptExecutor scriptExecutorPort;
     SimulatedSMCService smcPort;
+    SimulatedSound soundPort;
     SimulatedUrlData urlDataPort;
     SimulatedUserDefaults userDefaultsPort;
     SimulatedUserNotifications userNotificationsPort;
@@ -44,11 +49,13 @@ public:
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
     Formatting& formatting() override { return formattingPort; }
+    FrontmostApplication& frontmostApplication() override { return frontmostApplicationPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
     ImageCodec& imageCodec() override { return imageCodecPort; }
     LogSink& log() override { return logPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
     PanelWindows& panelWindows() override { return panelWindowsPort; }
+    Pasteboard& pasteboard() override { return pasteboardPort; }
     PowerSources& powerSources() override { return powerSourcesPort; }
     ProcessLauncher& processLauncher() override { return processLauncherPort; }
     RunLoop& runLoop() override { return runLoopPort; }
@@ -56,6 +63,7 @@ public:
     Screens& screens() override { return screensPort; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutorPort; }
     SMCService& smc() override { return smcPort; }
+    Sound& sound() override { return soundPort; }
     UrlData& urlData() override { return urlDataPort; }
     UserDefaults& userDefaults() override { return userDefaultsPort; }
     UserNotifications& userNotifications() override { return userNotificationsPort; }
