@@ -13,14 +13,15 @@ endif()
 find_package(Qt6 6.4 ${need} COMPONENTS Core DBus Gui Network Qml Quick Svg Widgets)
 find_package(PkgConfig ${need})
 if(PkgConfig_FOUND)
+    pkg_check_modules(CANBERRA ${need} IMPORTED_TARGET libcanberra)
     pkg_check_modules(XCB ${need} IMPORTED_TARGET
         xcb xcb-dpms xcb-ewmh xcb-randr xcb-shape xcb-xfixes xcb-xinput)
 endif()
 
-if(Qt6_FOUND AND XCB_FOUND)
+if(Qt6_FOUND AND CANBERRA_FOUND AND XCB_FOUND)
     set(ORVELLE_HAS_DESKTOP ON)
     qt_standard_project_setup()
     set(CMAKE_AUTOMOC OFF) # the layers below Qt do without its tools; those above switch it on
 else()
-    message(STATUS "Building the core and its tests only: Qt 6.4 or xcb's libraries are missing")
+    message(STATUS "Building the core and its tests only: Qt 6.4, libcanberra or xcb's libraries are missing")
 endif()

@@ -10,6 +10,8 @@
 #include "Platform/Simulated/SimulatedLocation.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
+#include "Platform/Simulated/SimulatedPasteboard.h"
+#include "Platform/Simulated/SimulatedSound.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 
 namespace orvelle {
@@ -27,6 +29,7 @@ public:
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     FileSystem& fileSystem() override { return fileSystem_; }
     Formatting& formatting() override { return formatting_; }
+    FrontmostApplication& frontmostApplication() override { return frontmostApplication_; }
     Geocoder& geocoder() override { return geocoder_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
     HttpClient& httpClient() override { return httpClient_; }
@@ -35,6 +38,7 @@ public:
     LogSink& log() override { return log_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
+    Pasteboard& pasteboard() override { return pasteboard_; }
     PowerSources& powerSources() override { return powerSources_; }
     ProcessLauncher& processLauncher() override { return processLauncher_; }
     RunLoop& runLoop() override { return runLoop_; }
@@ -42,6 +46,7 @@ public:
     Screens& screens() override { return desktop_.screens; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
     SMCService& smc() override { return smc_; }
+    Sound& sound() override { return sound_; }
     UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
@@ -60,14 +65,17 @@ private:
     IcuFormatting formatting_;
     SimulatedAppearance appearance_;
     SimulatedFileSystem fileSystem_;
+    SimulatedFrontmostApplication frontmostApplication_;
     SimulatedGeocoder geocoder_{runLoop_};
     SimulatedHostStatistics hostStatistics_;
     SimulatedHttpClient httpClient_{runLoop_};
     SimulatedLocationService locationService_;
     SimulatedNowPlayingService nowPlaying_;
+    SimulatedPasteboard pasteboard_;
     SimulatedPowerSources powerSources_;
     SimulatedProcessLauncher processLauncher_;
     SimulatedSMCService smc_;
+    SimulatedSound sound_;
     SimulatedUserNotifications userNotifications_;
     SimulatedWorkspace workspace_;
 };

@@ -28,6 +28,8 @@ private:
     };
 
     void addStops();
+    void addTimerStops();
+    void addEmptyStops();
     void next();
     /// Takes the picture once nothing moves any more.
     void look();

@@ -13,14 +13,33 @@
 #include "Features/Time/TimeManager.h"
 #include "Features/Weather/WeatherManager.h"
 
+#include <set>
+#include <string_view>
+#include <utility>
+
 namespace orvelle {
 
 namespace {
+
+/// The widgets that have a view of their own.
+constexpr std::pair<std::string_view, const char*> embeddedViews[] = {
+    {"stockTicker", "StockTickerCycleView"},
+};
+
+std::set<std::string> embeddedWidgets() {
+    std::set<std::string> ids;
+    for (const auto& [id, view] : embeddedViews)
+        ids.emplace(id);
+    return ids;
+}
 
 QUrl widgetView(const HoverWidget& widget) {
     const char* name = widget.truncatesTail ? "HoverTitle" : "HoverTexts";
     if (widget.kind == HoverWidget::Kind::media)
         name = "HoverMedia";
+    for (const auto& [id, view] : embeddedViews)
+        if (id == widget.id)
+            name = view;
     return QUrl(QStringLiteral("qrc:/Orvelle/%1.qml").arg(QLatin1String(name)));
 }
 
@@ -62,14 +81,14 @@ std::vector<HoverWidgetValue> toQt(const std::vector<HoverWidget>& widgets) {
 
 void NotchCollapsedBinding::attach(const ViewEnvironment& environment) {
     const auto& notch = environment.notch;
-    view_.emplace(notch, std::set<std::string>{}, environment.platform);
+    view_.emplace(notch, embeddedWidgets(), environment.platform);
 
     follow(notch.notchState.notchSize, notch.hoverLayoutManager.placements);
     follow(notch.mediaManager.currentMedia, notch.weatherManager.weather,
            notch.calendarManager.events, notch.fileShelfManager.isEnabled,
            notch.fileShelfManager.items, notch.notesManager.isEnabled, notch.notesManager.items,
-           notch.pomodoroManager.isEnabled, notch.mirrorManager.isEnabled,
-           notch.stockTickerManager.isEnabled);
+           notch.pomodoroManager.isEnabled, notch.pomodoroManager.state,
+           notch.mirrorManager.isEnabled, notch.stockTickerManager.isEnabled);
     follow(notch.timeManager.isEnabled, notch.timeManager.currentTime);
     const auto& battery = notch.batteryManager;
     follow(battery.batteryLevel, battery.isCharging, battery.isPluggedIn, battery.hasBattery);

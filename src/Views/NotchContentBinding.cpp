@@ -23,8 +23,14 @@ namespace {
 /// The panels that have a view of their own.
 constexpr std::pair<ActivePanel, const char*> panelViews[] = {
     {ActivePanel::battery, "BatteryPanel"},
+    {ActivePanel::clipboard, "ClipboardHistoryView"},
+    {ActivePanel::notes, "NotesExpandedView"},
+    {ActivePanel::pomodoro, "PomodoroExpandedView"},
+    {ActivePanel::stockTicker, "StockTickerExpandedView"},
     {ActivePanel::systemMonitor, "SystemMonitorPanel"},
     {ActivePanel::time, "TimeExpandedView"},
+    {ActivePanel::todo, "TodoExpandedView"},
+    {ActivePanel::weather, "WeatherExpandedView"},
 };
 
 QUrl panelView(ActivePanel panel) {

@@ -3,13 +3,16 @@
 #include "Platform/Icu/SystemTimeZone.h"
 
 #include <unicode/numberformatter.h>
+#include <unicode/reldatefmt.h>
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 #include <unicode/tznames.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 #include <map>
 
 namespace orvelle {
@@ -90,6 +93,15 @@ struct IcuFormatting::Cache {
         return *number;
     }
 
+    const icu::RelativeDateTimeFormatter& relativeDates() {
+        if (!relative) {
+            UErrorCode status = U_ZERO_ERROR;
+            relative = std::make_unique<icu::RelativeDateTimeFormatter>(
+                locale, nullptr, UDAT_STYLE_SHORT, UDISPCTX_CAPITALIZATION_NONE, status);
+        }
+        return *relative;
+    }
+
     template <class Map>
     static typename Map::mapped_type& entry(Map& map, const typename Map::key_type& key) {
         if (map.size() >= capacity && !map.contains(key))
@@ -101,6 +113,7 @@ struct IcuFormatting::Cache {
     std::map<std::string, std::unique_ptr<icu::TimeZone>> zones;
     std::map<std::pair<std::string, std::string>, std::unique_ptr<icu::SimpleDateFormat>>
         formatters;
+    std::unique_ptr<icu::RelativeDateTimeFormatter> relative;
     std::array<std::optional<icu::number::LocalizedNumberFormatter>, 3> numbers;
 };
 
@@ -151,6 +164,34 @@ std::string IcuFormatting::date(Date date, const std::string& pattern, const Tim
         return {};
     icu::UnicodeString text;
     return utf8(formatter->format(milliseconds(date), text));
+}
+
+std::string IcuFormatting::relativeTime(Date date, Date now) const {
+    constexpr Seconds minute = 60;
+    constexpr Seconds hour = 60 * minute;
+    constexpr Seconds day = 24 * hour;
+    constexpr std::pair<Seconds, URelativeDateTimeUnit> units[] = {
+        {365 * day, UDAT_REL_UNIT_YEAR}, {30 * day, UDAT_REL_UNIT_MONTH},
+        {7 * day, UDAT_REL_UNIT_WEEK},   {day, UDAT_REL_UNIT_DAY},
+        {hour, UDAT_REL_UNIT_HOUR},      {minute, UDAT_REL_UNIT_MINUTE},
+        {1, UDAT_REL_UNIT_SECOND}};
+    const Seconds distance = date - now;
+    if (!std::isfinite(distance))
+        return {};
+    const auto* unit =
+        std::find_if(std::begin(units), std::prev(std::end(units)),
+                     [&](const auto& each) { return std::abs(distance) >= each.first; });
+    // The present moment counts as past: a zero keeps its sign.
+    const double amount =
+        std::copysign(std::floor(std::abs(distance) / unit->first), distance > 0 ? 1.0 : -1.0);
+    UErrorCode status = U_ZERO_ERROR;
+    icu::UnicodeString text;
+    cache_->relativeDates().formatNumeric(amount, unit->second, text, status);
+    return utf8(text);
+}
+
+std::string IcuFormatting::locale() const {
+    return cache_->locale.getName();
 }
 
 std::string IcuFormatting::memoryByteCount(std::uint64_t bytes) const {

@@ -20,7 +20,8 @@ LinuxPlatform::LinuxPlatform()
       locationService_(runLoop_, &QDBusConnection::systemBus),
       powerSources_(runLoop_, &QDBusConnection::systemBus),
       processLauncher_(runLoop_, log_, &QDBusConnection::systemBus, &QDBusConnection::sessionBus,
-                       qEnvironmentVariable("XDG_SESSION_ID")) {}
+                       qEnvironmentVariable("XDG_SESSION_ID")),
+      userNotifications_(runLoop_, &QDBusConnection::sessionBus) {}
 
 LinuxPlatform::~LinuxPlatform() {
     userDefaults_.flush();

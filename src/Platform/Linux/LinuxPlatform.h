@@ -2,8 +2,9 @@
 
 #include "Platform/FileUserDefaults.h"
 #include "Platform/Icu/IcuFormatting.h"
-#include "Platform/Linux/GWeatherGeocoder.h"
+#include "Platform/Linux/CanberraSound.h"
 #include "Platform/Linux/GeoClueLocationService.h"
+#include "Platform/Linux/GWeatherGeocoder.h"
 #include "Platform/Linux/HwmonSMCService.h"
 #include "Platform/Linux/InotifyFileWatch.h"
 #include "Platform/Linux/LinuxDesktop.h"
@@ -16,6 +17,8 @@
 #include "Platform/Linux/SilentMedia.h"
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Linux/UPowerPowerSources.h"
+#include "Platform/Linux/X11FrontmostApplication.h"
+#include "Platform/Linux/X11Pasteboard.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtHttpClient.h"
 #include "Platform/Qt/QtImageCodec.h"
@@ -38,6 +41,7 @@ public:
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     FileSystem& fileSystem() override { return fileSystem_; }
     Formatting& formatting() override { return formatting_; }
+    FrontmostApplication& frontmostApplication() override { return frontmostApplication_; }
     Geocoder& geocoder() override { return geocoder_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
     HttpClient& httpClient() override { return httpClient_; }
@@ -46,6 +50,7 @@ public:
     LogSink& log() override { return log_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
+    Pasteboard& pasteboard() override { return pasteboard_; }
     PowerSources& powerSources() override { return powerSources_; }
     ProcessLauncher& processLauncher() override { return processLauncher_; }
     RunLoop& runLoop() override { return runLoop_; }
@@ -53,6 +58,7 @@ public:
     Screens& screens() override { return desktop_.screens; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
     SMCService& smc() override { return smc_; }
+    Sound& sound() override { return sound_; }
     UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
@@ -67,7 +73,10 @@ private:
     LinuxDesktop desktop_{userDefaults_};
     IcuFormatting formatting_;
     PortalAppearance appearance_;
+    CanberraSound sound_;
     GWeatherGeocoder geocoder_{runLoop_};
+    X11FrontmostApplication frontmostApplication_;
+    X11Pasteboard pasteboard_;
     ProcHostStatistics hostStatistics_;
     QtHttpClient httpClient_;
     GeoClueLocationService locationService_;

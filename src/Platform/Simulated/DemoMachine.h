@@ -1,8 +1,13 @@
 #pragma once
 
+#include "Foundation/Date.h"
+
 namespace orvelle {
 
+class SimulatedFileSystem;
+class SimulatedFrontmostApplication;
 class SimulatedHostStatistics;
+class SimulatedPasteboard;
 class SimulatedPowerSources;
 class SimulatedSMCService;
 class UserDefaults;
@@ -15,6 +20,10 @@ void switchEverythingOn(UserDefaults& defaults);
 void script(SimulatedPowerSources& power);
 void script(SimulatedHostStatistics& statistics);
 void script(SimulatedSMCService& smc);
+/// Lists that were kept, counted back from `now`.
+void script(SimulatedFileSystem& files, Date now);
+/// Texts that are copied in several programs, one at each look.
+void script(SimulatedPasteboard& pasteboard, SimulatedFrontmostApplication& frontmost);
 
 } // namespace DemoMachine
 

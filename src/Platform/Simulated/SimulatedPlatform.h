@@ -6,7 +6,9 @@
 #include "Platform/Simulated/SimulatedLocation.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
+#include "Platform/Simulated/SimulatedPasteboard.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
+#include "Platform/Simulated/SimulatedSound.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindows.h"
 
@@ -22,6 +24,7 @@ public:
     SimulatedEventMonitors eventMonitorsPort;
     SimulatedFileSystem fileSystemPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
+    SimulatedFrontmostApplication frontmostApplicationPort;
     SimulatedGeocoder geocoderPort{runLoopPort};
     SimulatedHostStatistics hostStatisticsPort;
     SimulatedHttpClient httpClientPort{runLoopPort};
@@ -30,12 +33,14 @@ public:
     SimulatedLog logPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
+    SimulatedPasteboard pasteboardPort;
     SimulatedPowerSources powerSourcesPort;
     SimulatedProcessLauncher processLauncherPort;
     SimulatedRunningApplications runningApplicationsPort;
     SimulatedScreens screensPort;
     SimulatedScriptExecutor scriptExecutorPort;
     SimulatedSMCService smcPort;
+    SimulatedSound soundPort;
     SimulatedUrlData urlDataPort;
     SimulatedUserDefaults userDefaultsPort;
     SimulatedUserNotifications userNotificationsPort;
@@ -49,6 +54,7 @@ public:
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
     Formatting& formatting() override { return formattingPort; }
+    FrontmostApplication& frontmostApplication() override { return frontmostApplicationPort; }
     Geocoder& geocoder() override { return geocoderPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
     HttpClient& httpClient() override { return httpClientPort; }
@@ -57,6 +63,7 @@ public:
     LogSink& log() override { return logPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
     PanelWindows& panelWindows() override { return panelWindowsPort; }
+    Pasteboard& pasteboard() override { return pasteboardPort; }
     PowerSources& powerSources() override { return powerSourcesPort; }
     ProcessLauncher& processLauncher() override { return processLauncherPort; }
     RunLoop& runLoop() override { return runLoopPort; }
@@ -64,6 +71,7 @@ public:
     Screens& screens() override { return screensPort; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutorPort; }
     SMCService& smc() override { return smcPort; }
+    Sound& sound() override { return soundPort; }
     UrlData& urlData() override { return urlDataPort; }
     UserDefaults& userDefaults() override { return userDefaultsPort; }
     UserNotifications& userNotifications() override { return userNotificationsPort; }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace orvelle {
 
@@ -9,6 +10,7 @@ namespace orvelle {
 struct MenuEntry {
     std::string title;
     std::function<void()> perform;
+    std::string_view symbol = {}; ///< beside the title, such as a check mark; empty for none
 };
 
 } // namespace orvelle

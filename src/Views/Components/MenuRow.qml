@@ -6,12 +6,14 @@ Rectangle {
     id: root
 
     property string title
+    property string symbol
+    property real indent: 0
     property bool isHighlighted
     signal entered
     signal picked
 
     width: Math.max(parent.implicitWidth, implicitWidth)
-    implicitWidth: Math.max(140, caption.implicitWidth + 20)
+    implicitWidth: Math.max(140, caption.implicitWidth + indent + 20)
     implicitHeight: 24
     radius: 5
     color: isHighlighted ? Style.highlightColor : "transparent"
@@ -19,9 +21,19 @@ Rectangle {
     Accessible.name: title
     Accessible.onPressAction: picked()
 
+    Loader {
+        x: 8
+        active: root.symbol !== ""
+        anchors.verticalCenter: parent.verticalCenter
+        sourceComponent: Symbol {
+            name: root.symbol
+            size: 11
+            color: Style.textColor
+        }
+    }
     Text {
         id: caption
-        x: 10
+        x: 10 + root.indent
         anchors.verticalCenter: parent.verticalCenter
         text: root.title
         textFormat: Text.PlainText

@@ -53,6 +53,8 @@ MenuWindow {
                 required property string modelData
 
                 title: modelData
+                symbol: root.entries.symbols[index] ?? ""
+                indent: root.entries.symbols.length > 0 ? 16 : 0
                 isHighlighted: root.highlighted === index
                 onEntered: root.highlighted = index
                 onPicked: root.pick(index)

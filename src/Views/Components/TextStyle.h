@@ -7,7 +7,7 @@
 
 namespace orvelle {
 
-enum class FontWeight { thin, regular, medium, semibold, bold };
+enum class FontWeight { ultraLight, thin, light, regular, medium, semibold, bold };
 enum class FontDesign { standard, monospaced };
 
 /// The size of the smallest texts that are read as a line, in points.

@@ -13,11 +13,14 @@ namespace orvelle {
 struct MenuValue {
     Q_GADGET
     Q_PROPERTY(QStringList titles READ titles)
+    Q_PROPERTY(QStringList symbols READ symbols)
 
 public:
     std::vector<MenuEntry> entries;
 
     QStringList titles() const;
+    /// Of each entry; empty when no entry has one.
+    QStringList symbols() const;
     /// Nothing for a row that does not exist.
     Q_INVOKABLE void perform(int row) const;
 };

@@ -25,7 +25,8 @@ void QtViewHost::showNotchContent(PanelWindow& window, const NotchEnvironment& e
     auto* panel = dynamic_cast<QuickPanel*>(&window);
     if (!panel)
         return;
-    const auto* content = showNotchContent(panel->quickWindow(), environment);
+    const auto* content =
+        showNotchContent(panel->quickWindow(), environment, [&window] { window.makeKey(); });
     if (!content)
         return;
     auto* shape = content->property("shape").value<NotchShapeItem*>();
@@ -34,10 +35,11 @@ void QtViewHost::showNotchContent(PanelWindow& window, const NotchEnvironment& e
     });
 }
 
-QQuickItem* QtViewHost::showNotchContent(QQuickWindow& window,
-                                         const NotchEnvironment& environment) {
+QQuickItem* QtViewHost::showNotchContent(QQuickWindow& window, const NotchEnvironment& environment,
+                                         std::function<void()> takeKeyboard) {
     content_.reset();
-    engine_ = std::make_unique<ViewEngine>(ViewEnvironment{environment, platform_, openSettings_});
+    engine_ = std::make_unique<ViewEngine>(
+        ViewEnvironment{environment, platform_, std::move(takeKeyboard), openSettings_});
     QQmlComponent component(engine_.get(),
                             QUrl(QStringLiteral("qrc:/Orvelle/NotchContentView.qml")));
     content_.reset(qobject_cast<QQuickItem*>(component.create()));

@@ -24,7 +24,9 @@ public:
     void showNotchContent(PanelWindow& window, const NotchEnvironment& environment) override;
 
     /// The same for a bare window, which must outlive this host. Replaces what was shown before.
-    QQuickItem* showNotchContent(QQuickWindow& window, const NotchEnvironment& environment);
+    /// `takeKeyboard` gives the keyboard to that window.
+    QQuickItem* showNotchContent(QQuickWindow& window, const NotchEnvironment& environment,
+                                 std::function<void()> takeKeyboard = {});
 
 private:
     Platform& platform_;

@@ -2,17 +2,20 @@
 
 #include "Extensions/ColorTheme.h"
 #include "Views/Qt/Binding.h"
+#include "Views/Qt/Face.h"
 #include "Views/Qt/Values.h"
 
 namespace orvelle {
 
-/// What menus, help and focus rings look like, beside what the core's components fix.
+/// What menus, help, focus rings and selected texts look like, beside what the core's components
+/// fix.
 struct PopupStyle {
     static constexpr Color fillColor = notchSurface;
     static constexpr Color edgeColor = Color::white(1, 0.14);
     static constexpr Color highlightColor = Color::white(1, 0.14);
     static constexpr Color textColor = Color::white(1, 0.9);
     static constexpr Color focusColor = Color::white(1, 0.45);
+    static constexpr Color selectionColor = colors::blue.withAlpha(0.55);
 };
 
 /// The constants of the shared components, for QML.
@@ -28,7 +31,9 @@ class Style : public QObject {
     ORVELLE_CONSTANT(QColor, highlightColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, textColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, focusColor, PopupStyle)
+    ORVELLE_CONSTANT(QColor, selectionColor, PopupStyle)
     Q_PROPERTY(QColor dividerColor READ dividerColor CONSTANT FINAL)
+    Q_PROPERTY(QString monospacedFamily READ monospacedFamily CONSTANT FINAL)
     Q_PROPERTY(double dividerThickness READ dividerThickness CONSTANT FINAL)
     Q_PROPERTY(double fillResponse READ fillResponse CONSTANT FINAL)
     Q_PROPERTY(double fillDampingFraction READ fillDampingFraction CONSTANT FINAL)
@@ -37,6 +42,10 @@ class Style : public QObject {
 
 public:
     QColor dividerColor() const { return toQt(Divider::color); }
+    QString monospacedFamily() const {
+        static const QString family = orvelle::monospacedFamily();
+        return family;
+    }
     double dividerThickness() const { return Divider::thickness; }
     double fillResponse() const { return AnimatedSlider::fillSpring.response; }
     double fillDampingFraction() const { return AnimatedSlider::fillSpring.dampingFraction; }

@@ -8,8 +8,12 @@ namespace {
 
 int qtWeight(FontWeight weight) {
     switch (weight) {
-    case FontWeight::thin:
+    case FontWeight::ultraLight:
         return QFont::Thin;
+    case FontWeight::thin:
+        return QFont::ExtraLight;
+    case FontWeight::light:
+        return QFont::Light;
     case FontWeight::regular:
         break;
     case FontWeight::medium:
@@ -46,6 +50,10 @@ TextValue toQt(const StyledText& text) {
             toQt(text.style.color), text.style.design == FontDesign::monospaced};
 }
 
+TextValue toQt(const TextStyle& style) {
+    return toQt(StyledText{{}, style});
+}
+
 SymbolValue toQt(const StyledSymbol& symbol) {
     return {toQt(symbol.name), symbol.size, toQt(symbol.color)};
 }
@@ -69,6 +77,14 @@ SliderValue toQt(const AnimatedSlider& slider) {
 
 PlaceholderValue toQt(const FilePlaceholder& placeholder) {
     return {toQt(placeholder.symbol), toQt(placeholder.title)};
+}
+
+SwipeActionValue toQt(const SwipeAction& action) {
+    return {orvelle::toQt(action.label), orvelle::toQt(action.symbol), orvelle::toQt(action.tint)};
+}
+
+SpinnerValue toQt(const ProgressSpinner& spinner) {
+    return {spinner};
 }
 
 QString toQt(ActivePanel panel) {

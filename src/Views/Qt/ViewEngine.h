@@ -13,6 +13,8 @@ namespace orvelle {
 struct ViewEnvironment {
     NotchEnvironment notch;
     Platform& platform;
+    /// Gives the keyboard to the window, for a field that was pressed; empty without such a window.
+    std::function<void()> takeKeyboard;
     std::function<void()> openSettings; ///< empty when there is no settings window to open
 };
 
