@@ -69,7 +69,7 @@ private:
     SimulatedGeocoder geocoder_{runLoop_};
     SimulatedHostStatistics hostStatistics_;
     SimulatedHttpClient httpClient_{runLoop_};
-    SimulatedLocationService locationService_;
+    SimulatedLocationService locationService_{runLoop_};
     SimulatedNowPlayingService nowPlaying_;
     SimulatedPasteboard pasteboard_;
     SimulatedPowerSources powerSources_;

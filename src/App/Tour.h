@@ -29,6 +29,7 @@ private:
 
     void addStops();
     void addTimerStops();
+    void addWeatherStops();
     void addEmptyStops();
     void next();
     /// Takes the picture once nothing moves any more.

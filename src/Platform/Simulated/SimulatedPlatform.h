@@ -29,7 +29,7 @@ public:
     SimulatedHostStatistics hostStatisticsPort;
     SimulatedHttpClient httpClientPort{runLoopPort};
     SimulatedImageCodec imageCodecPort;
-    SimulatedLocationService locationServicePort;
+    SimulatedLocationService locationServicePort{runLoopPort};
     SimulatedLog logPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
