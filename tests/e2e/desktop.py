@@ -167,6 +167,9 @@ class Desktop:
         subprocess.run(["xdotool", "type", "--delay", "1", text], env=self.environment, check=True,
                        timeout=30)
 
+    def key(self, name):
+        subprocess.run(["xdotool", "key", name], env=self.environment, check=True, timeout=30)
+
     def resize(self, width, height):
         """Gives the display another size, not above its first, as in the monitor settings."""
         mode = f"{width}x{height}"

@@ -13,8 +13,6 @@ import geoclue
 from desktop import WIDTH, stays, wait_until
 from web import Web, chart, forecast
 
-PANEL = 566
-TAB_BAR_PADDING, TAB_BAR_MIDDLE, PANEL_MIDDLE = 12, 48, 140
 FIELDS = ("&current=temperature_2m,apparent_temperature,relative_humidity_2m,wind_speed_10m,"
           "weather_code,is_day&temperature_unit=fahrenheit&wind_speed_unit=mph")
 STOCK_AGENT = "Mozilla/5.0 (Macintosh; Intel Mac OS X 10_15_7)"
@@ -58,15 +56,15 @@ def write_settings(environment, **settings):
     path.write_text(json.dumps(settings))
 
 
-def texts(desktop):
-    """Every text that the program shows."""
+def nodes(desktop):
+    """Everything that the program shows, flat."""
     reader = pathlib.Path(__file__).with_name("accessibility.py")
     answer = subprocess.run(["/usr/bin/python3", reader, "orvelle"], env=desktop.environment,
                             capture_output=True, text=True, timeout=30)
     found = []
 
     def collect(node):
-        found.append((node["role"], node["name"]))
+        found.append(node)
         for child in node["children"]:
             collect(child)
 
@@ -76,21 +74,36 @@ def texts(desktop):
 
 
 def labels(desktop):
-    return [name for role, name in texts(desktop) if role in ("label", "text", "static")]
+    return [node["name"] for node in nodes(desktop) if node["role"] == "label"]
+
+
+def point_at(program, role, name):
+    """Waits until what has this role and name is at rest and under the pointer's reach: without a
+    compositor the window is only where its shape has grown to."""
+    desktop = program.desktop
+    seen = []
+
+    def resting_place():
+        seen.append(next((node["middle"] for node in nodes(desktop)
+                          if node["role"] == role and node["name"] == name), None))
+        return len(seen) > 1 and seen[-1] == seen[-2] and seen[-1]
+
+    x, y = wait_until(resting_place, f"{role} {name!r} at rest", program.describe)
+
+    def is_within_reach():
+        left, top, _, _ = program.geometry()
+        return any(0 <= x - left - box[0] < box[2] and 0 <= y - top - box[1] < box[3]
+                   for box in desktop.shape_boxes(program.window()))
+
+    wait_until(is_within_reach, f"reach of {role} {name!r}", program.describe)
+    desktop.move_pointer(x, y)
+    return x, y
 
 
 def open_panel(program, label):
-    desktop = program.desktop
     program.expand()
-
-    def tabs():
-        return [name for role, name in texts(desktop) if role == "page tab"]
-
-    names = wait_until(tabs, "tab bar", program.describe)
-    step = (PANEL - 2 * TAB_BAR_PADDING) / len(names)
-    left = (WIDTH - PANEL) // 2 + TAB_BAR_PADDING
-    desktop.move_pointer(round(left + (names.index(label) + 0.5) * step), TAB_BAR_MIDDLE)
-    desktop.click()
+    point_at(program, "page tab", label)
+    program.desktop.click()
 
 
 def wait_for_label(program, text):
@@ -184,7 +197,7 @@ def test_without_geoclue_saved_places_work(start_weather, web):
 def swipe(program, web):
     """To the next place. Gives the request that it leads to."""
     desktop = program.desktop
-    desktop.move_pointer(WIDTH // 2, PANEL_MIDDLE)
+    desktop.move_pointer(WIDTH // 2, 140)
     before = len(web.requests("/v1/forecast"))
 
     def moved():
@@ -308,7 +321,7 @@ def test_a_typed_symbol_is_fetched_and_kept(start_stocks, openbox, web, environm
     open_panel(program, "Stocks")
     wait_for_label(program, "No stocks added")
     assert openbox.focus() == other.id, "the panel leaves the keyboard where it is"
-    openbox.move_pointer(WIDTH // 2, 82)
+    point_at(program, "text", "Add symbol (e.g. AAPL)...")
     openbox.click()
     wait_until(lambda: openbox.focus() == program.window().id, "keyboard", program.describe)
     openbox.type(" ko\n")
@@ -328,7 +341,7 @@ def test_a_file_of_no_use_is_told_and_kept_aside(start_stocks, openbox, environm
     assert said(program, "Failed to load stock tickers: ")
     open_panel(program, "Stocks")
     wait_for_label(program, "No stocks added")
-    openbox.move_pointer(WIDTH // 2, 82)
+    point_at(program, "text", "Add symbol (e.g. AAPL)...")
     openbox.click()
     wait_until(lambda: openbox.focus() == program.window().id, "keyboard", program.describe)
     openbox.type("ko\n")
@@ -338,34 +351,33 @@ def test_a_file_of_no_use_is_told_and_kept_aside(start_stocks, openbox, environm
     assert aside.read_text() == "[{\"id\":"
 
 
-ROW_MIDDLE, ROW_RIGHT = 122, (WIDTH + PANEL) // 2 - 30
-
-
-def drag(desktop, start, distance):
-    desktop.move_pointer(*start)
+def pull(program, name, distance):
+    """Pulls the row of this name to the side by its middle."""
+    desktop = program.desktop
+    x, y = point_at(program, "list item", name)
     desktop.press(1)
     for step in range(1, 11):
-        desktop.move_pointer(start[0] + distance * step // 10, start[1])
+        desktop.move_pointer(x + distance * step // 10, y)
     desktop.release(1)
 
 
-def test_a_pull_uncovers_the_delete_button_and_a_press_on_it_deletes(start_stocks, web):
+def wait_for_rows(program, *names):
+    wait_until(lambda: [node["name"] for node in nodes(program.desktop)
+                        if node["role"] == "list item"] == list(names), f"rows {names}",
+               program.describe)
+
+
+def test_a_pull_uncovers_the_delete_button_and_a_press_on_it_deletes(start_stocks):
     program = start_stocks(["A", "B"])
     open_panel(program, "Stocks")
-    wait_for_label(program, "A")
-    drag(program.desktop, (ROW_RIGHT, ROW_MIDDLE), -90)
-    wait_until(lambda: ("push button", "Delete") in texts(program.desktop)
-               or ("button", "Delete") in texts(program.desktop), "button", program.describe)
-    program.desktop.move_pointer(ROW_RIGHT, ROW_MIDDLE)
+    pull(program, "A", -90)
+    point_at(program, "button", "Delete")
     program.desktop.click()
-    wait_until(lambda: "B" in labels(program.desktop) and "A" not in labels(program.desktop),
-               "row to go", program.describe)
+    wait_for_rows(program, "B")
 
 
-def test_a_long_pull_deletes(start_stocks, web):
+def test_a_long_pull_deletes(start_stocks):
     program = start_stocks(["A", "B"])
     open_panel(program, "Stocks")
-    wait_for_label(program, "A")
-    drag(program.desktop, (ROW_RIGHT, ROW_MIDDLE), -450)
-    wait_until(lambda: "B" in labels(program.desktop) and "A" not in labels(program.desktop),
-               "row to go", program.describe)
+    pull(program, "A", -350)
+    wait_for_rows(program, "B")
