@@ -25,7 +25,11 @@ NotchEnvironment AppDelegate::environment() {
             calendarManager,    batteryManager,   clipboardManager, systemMonitorManager,
             weatherManager,     pomodoroManager,  todoManager,      notesManager,
             stockTickerManager, timeManager,      themeManager,     mirrorManager,
-            hoverLayoutManager, panelOrderManager};
+            hoverLayoutManager, panelOrderManager, [this] { openSettings(); }};
+}
+
+SettingsEnvironment AppDelegate::settingsEnvironment() {
+    return {environment(), updateChecker, [this] { reportBug(); }};
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
@@ -72,18 +76,88 @@ void AppDelegate::logScreens() {
 
 void AppDelegate::setupStatusBar() {
     log_.info("Setting up status bar");
+    statusBarItem = platform_.statusBar().makeStatusItem();
+    const StatusItem::Image image{std::string("rectangle.topthird.inset.filled"_symbol), "Orvelle",
+                                  14};
+    statusBarItem->setImage(image, lifetime_.guard([this](bool hasButton) {
+        if (hasButton)
+            log_.info("Status bar icon set");
+        else
+            log_.error("Failed to get status bar button — menu bar icon will be invisible");
+    }));
+    statusBarMenu = std::make_unique<StatusBarMenu>(
+        StatusBarMenu::Commands{[this] { showNotch(); }, [this] { openSettings(); },
+                                [this] { runSetupWizard(); }, [this] { reportBug(); },
+                                [this] { checkForUpdates(); }, [this] { quitApp(); }},
+        systemMonitorManager, batteryManager, platform_);
+    statusBarItem->setMenu(statusBarMenu->items());
+}
+
+void AppDelegate::openSettings() {
+    if (settingsWindow && settingsWindow->isVisible()) {
+        settingsWindow->makeKeyAndOrderFront();
+        return;
+    }
+    settingsWindow = views_.showSettings({"Orvelle Settings", {500, 400}}, settingsEnvironment(),
+                                         [this] { settingsWindowWillClose(); });
+    platform_.application().setActivationPolicy(ActivationPolicy::regular);
+}
+
+void AppDelegate::settingsWindowWillClose() {
+    settingsWindow.reset();
+    platform_.application().setActivationPolicy(ActivationPolicy::accessory);
+}
+
+void AppDelegate::runSetupWizard() {
+    platform_.userDefaults().set(Settings::hasCompletedOnboarding.name, false);
+    showOnboarding();
+}
+
+void AppDelegate::reportBug() {
+    const BugReport report{platform_.application().operatingSystemVersionString(),
+                           platform_.application().architecture()};
+    platform_.workspace().open(report.url());
+}
+
+void AppDelegate::checkForUpdates() {
+    updateCheck_ = updateChecker.check(lifetime_.guard([this] { offerUpdate(); }));
+}
+
+void AppDelegate::offerUpdate() {
+    if (!updateChecker.updateAvailable || !updateChecker.latestVersion.get())
+        return;
+    statusBarMenu->showUpdate(*updateChecker.latestVersion.get());
+    if (const auto& url = updateChecker.downloadURL.get())
+        platform_.workspace().open(*url);
+}
+
+void AppDelegate::quitApp() {
+    platform_.application().terminate();
 }
 
 void AppDelegate::showOnboarding() {
-    // There is nothing to ask of the user yet, so that the first launch completes by itself.
-    onboardingCompleted(notchWindowController == nullptr);
+    if (onboardingWindow && onboardingWindow->isVisible()) {
+        onboardingWindow->makeKeyAndOrderFront();
+        return;
+    }
+    const bool setupIsDue = notchWindowController == nullptr;
+    onboardingWindow = views_.showOnboarding(
+        {"Welcome to Orvelle", {480, 380}}, [this, setupIsDue] { onboardingCompleted(setupIsDue); },
+        [this] { onboardingWindowWillClose(); });
+    platform_.application().setActivationPolicy(ActivationPolicy::regular);
 }
 
 void AppDelegate::onboardingCompleted(bool setupIsDue) {
     platform_.userDefaults().set(Settings::hasCompletedOnboarding.name, true);
+    onboardingWindow.reset();
     if (setupIsDue)
         completeSetup();
     platform_.application().setActivationPolicy(ActivationPolicy::accessory);
+}
+
+// The user closed the wizard by its close button, which counts as finishing it.
+void AppDelegate::onboardingWindowWillClose() {
+    onboardingCompleted(notchWindowController == nullptr);
 }
 
 void AppDelegate::completeSetup() {

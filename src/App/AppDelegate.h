@@ -5,6 +5,8 @@
 #include "Core/NotchWindow/NotchWindowController.h"
 #include "Core/PanelOrderManager.h"
 #include "Core/PluginRegistry.h"
+#include "Core/SettingsEnvironment.h"
+#include "Core/StatusBarMenu.h"
 #include "Core/ViewHost.h"
 #include "Features/Battery/BatteryManager.h"
 #include "Features/Calendar/CalendarManager.h"
@@ -65,20 +67,32 @@ public:
     PluginRegistry pluginRegistry;
 
     std::unique_ptr<NotchWindowController> notchWindowController;
+    std::unique_ptr<StatusItem> statusBarItem;
+    std::unique_ptr<AppWindow> settingsWindow;
+    std::unique_ptr<AppWindow> onboardingWindow;
+    std::unique_ptr<StatusBarMenu> statusBarMenu;
 
     void applicationDidFinishLaunching();
     void applicationWillTerminate();
 
     /// Opens the panel, as a second start of the program asks the first to.
     void showNotch();
+    void openSettings();
+    void runSetupWizard();
+    void reportBug();
+    void checkForUpdates();
+    void quitApp();
 
     NotchEnvironment environment();
+    SettingsEnvironment settingsEnvironment();
 
 private:
     void logScreens();
     void setupStatusBar();
     void showOnboarding();
     void onboardingCompleted(bool setupIsDue);
+    void settingsWindowWillClose();
+    void onboardingWindowWillClose();
     void completeSetup();
     void bringUpNotchAndFeatures();
     void setupNotchWindow();

@@ -20,6 +20,7 @@ class RunningApplications;
 class Screens;
 class ScriptExecutor;
 class SMCService;
+class StatusBar;
 class UrlData;
 class UserDefaults;
 class UserNotifications;
@@ -49,6 +50,7 @@ public:
     virtual Screens& screens() = 0;
     virtual ScriptExecutor& scriptExecutor() = 0;
     virtual SMCService& smc() = 0;
+    virtual StatusBar& statusBar() = 0;
     virtual UrlData& urlData() = 0;
     virtual UserDefaults& userDefaults() = 0;
     virtual UserNotifications& userNotifications() = 0;

@@ -5,6 +5,7 @@
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
+#include "Platform/Simulated/SimulatedStatusBar.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindows.h"
 
@@ -31,6 +32,7 @@ public:
     SimulatedScreens screensPort;
     SimulatedScriptExecutor scriptExecutorPort;
     SimulatedSMCService smcPort;
+    SimulatedStatusBar statusBarPort;
     SimulatedUrlData urlDataPort;
     SimulatedUserDefaults userDefaultsPort;
     SimulatedUserNotifications userNotificationsPort;
@@ -56,6 +58,7 @@ public:
     Screens& screens() override { return screensPort; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutorPort; }
     SMCService& smc() override { return smcPort; }
+    StatusBar& statusBar() override { return statusBarPort; }
     UrlData& urlData() override { return urlDataPort; }
     UserDefaults& userDefaults() override { return userDefaultsPort; }
     UserNotifications& userNotifications() override { return userNotificationsPort; }
