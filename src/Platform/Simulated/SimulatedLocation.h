@@ -1,0 +1,76 @@
+#pragma once
+
+#include "Platform/Geocoder.h"
+#include "Platform/LocationService.h"
+#include "Platform/RunLoop.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace orvelle {
+
+class SimulatedLocationService;
+
+class SimulatedLocationManager : public LocationManager {
+public:
+    SimulatedLocationManager(SimulatedLocationService& service, LocationManagerDelegate& delegate)
+        : service_(service), delegate_(delegate) {}
+    ~SimulatedLocationManager() override;
+
+    bool isUpdating = false;
+    int startCount = 0;
+    int stopCount = 0;
+    int requestCount = 0;
+
+    /// What the machine's service has to say, whether it was asked or not.
+    void deliver(const std::vector<Coordinate>& fixes);
+    void changeAuthorization();
+    void fail(const std::string& description);
+
+    LocationAuthorization authorizationStatus() const override;
+    void startUpdatingLocation() override;
+    void stopUpdatingLocation() override;
+    void requestLocation() override;
+
+private:
+    SimulatedLocationService& service_;
+    LocationManagerDelegate& delegate_;
+};
+
+class SimulatedLocationService : public LocationService {
+public:
+    LocationAuthorization authorization = LocationAuthorization::notDetermined;
+    /// Called for each request, so that a demonstration can answer it.
+    std::function<void(SimulatedLocationManager&)> onRequest;
+    SimulatedLocationManager* last = nullptr; ///< none when it has died
+    int managerCount = 0;
+
+    std::unique_ptr<LocationManager> makeLocationManager(LocationManagerDelegate& delegate,
+                                                         LocationAccuracy accuracy) override;
+};
+
+/// Knows one place everywhere, or none. Answers at the next turn of the loop.
+class SimulatedGeocoder : public Geocoder {
+public:
+    explicit SimulatedGeocoder(RunLoop& runLoop) : runLoop_(runLoop) {}
+
+    std::optional<std::string> locality;
+    std::vector<Coordinate> requests;
+    bool isSlow = false; ///< keeps the answers back until the test wants them
+    void answerSlowRequests();
+
+    Subscription reverseGeocode(Coordinate coordinate, Completion done) override;
+
+private:
+    struct Waiting {
+        Completion done;
+        bool isWanted = true;
+    };
+    void finish(Waiting& waiting) const;
+
+    RunLoop& runLoop_;
+    std::vector<std::shared_ptr<Waiting>> slow_;
+};
+
+} // namespace orvelle
