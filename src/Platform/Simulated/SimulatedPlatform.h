@@ -2,6 +2,8 @@
 
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Platform.h"
+#include "Platform/Simulated/SimulatedCameraService.h"
+#include "Platform/Simulated/SimulatedEventStore.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
@@ -24,6 +26,8 @@ public:
     SimulatedPowerSources powerSourcesPort;
     SimulatedProcessLauncher processLauncherPort;
     SimulatedRunLoop runLoopPort;
+    SimulatedCameraService cameraPort{runLoopPort};
+    SimulatedEventStore eventStorePort{runLoopPort};
     SimulatedScreens screensPort;
     SimulatedSMCService smcPort;
     SimulatedUserDefaults userDefaultsPort;
@@ -32,7 +36,9 @@ public:
 
     Appearance& appearance() override { return appearancePort; }
     Application& application() override { return applicationPort; }
+    CameraService& camera() override { return cameraPort; }
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
+    EventStore& eventStore() override { return eventStorePort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
     Formatting& formatting() override { return formattingPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
