@@ -5,6 +5,7 @@
 #include "Platform/Simulated/SimulatedCameraService.h"
 #include "Platform/Simulated/SimulatedEventStore.h"
 #include "Platform/Simulated/SimulatedMachine.h"
+#include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindows.h"
@@ -16,10 +17,12 @@ class SimulatedPlatform : public Platform {
 public:
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
+    SimulatedDistributedNotificationCenter distributedNotificationsPort;
     SimulatedEventMonitors eventMonitorsPort;
     SimulatedFileSystem fileSystemPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
     SimulatedHostStatistics hostStatisticsPort;
+    SimulatedImageCodec imageCodecPort;
     SimulatedLog logPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
@@ -28,8 +31,11 @@ public:
     SimulatedRunLoop runLoopPort;
     SimulatedCameraService cameraPort{runLoopPort};
     SimulatedEventStore eventStorePort{runLoopPort};
+    SimulatedRunningApplications runningApplicationsPort;
     SimulatedScreens screensPort;
+    SimulatedScriptExecutor scriptExecutorPort;
     SimulatedSMCService smcPort;
+    SimulatedUrlData urlDataPort;
     SimulatedUserDefaults userDefaultsPort;
     SimulatedUserNotifications userNotificationsPort;
     SimulatedWorkspace workspacePort;
@@ -37,19 +43,26 @@ public:
     Appearance& appearance() override { return appearancePort; }
     Application& application() override { return applicationPort; }
     CameraService& camera() override { return cameraPort; }
+    DistributedNotificationCenter& distributedNotifications() override {
+        return distributedNotificationsPort;
+    }
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
     EventStore& eventStore() override { return eventStorePort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
     Formatting& formatting() override { return formattingPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
+    ImageCodec& imageCodec() override { return imageCodecPort; }
     LogSink& log() override { return logPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
     PanelWindows& panelWindows() override { return panelWindowsPort; }
     PowerSources& powerSources() override { return powerSourcesPort; }
     ProcessLauncher& processLauncher() override { return processLauncherPort; }
     RunLoop& runLoop() override { return runLoopPort; }
+    RunningApplications& runningApplications() override { return runningApplicationsPort; }
     Screens& screens() override { return screensPort; }
+    ScriptExecutor& scriptExecutor() override { return scriptExecutorPort; }
     SMCService& smc() override { return smcPort; }
+    UrlData& urlData() override { return urlDataPort; }
     UserDefaults& userDefaults() override { return userDefaultsPort; }
     UserNotifications& userNotifications() override { return userNotificationsPort; }
     Workspace& workspace() override { return workspacePort; }
