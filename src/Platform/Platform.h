@@ -4,8 +4,10 @@ namespace orvelle {
 
 class Appearance;
 class Application;
+class CameraService;
 class DistributedNotificationCenter;
 class EventMonitors;
+class EventStore;
 class FileSystem;
 class Formatting;
 class HostStatistics;
@@ -34,8 +36,10 @@ public:
 
     virtual Appearance& appearance() = 0;
     virtual Application& application() = 0;
+    virtual CameraService& camera() = 0;
     virtual DistributedNotificationCenter& distributedNotifications() = 0;
     virtual EventMonitors& eventMonitors() = 0;
+    virtual EventStore& eventStore() = 0;
     virtual FileSystem& fileSystem() = 0;
     virtual Formatting& formatting() = 0;
     virtual HostStatistics& hostStatistics() = 0;

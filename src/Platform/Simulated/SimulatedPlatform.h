@@ -2,6 +2,8 @@
 
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Platform.h"
+#include "Platform/Simulated/SimulatedCameraService.h"
+#include "Platform/Simulated/SimulatedEventStore.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
@@ -28,6 +30,8 @@ public:
     SimulatedPowerSources powerSourcesPort;
     SimulatedProcessLauncher processLauncherPort;
     SimulatedRunLoop runLoopPort;
+    SimulatedCameraService cameraPort{runLoopPort};
+    SimulatedEventStore eventStorePort{runLoopPort};
     SimulatedRunningApplications runningApplicationsPort;
     SimulatedScreens screensPort;
     SimulatedScriptExecutor scriptExecutorPort;
@@ -40,10 +44,12 @@ public:
 
     Appearance& appearance() override { return appearancePort; }
     Application& application() override { return applicationPort; }
+    CameraService& camera() override { return cameraPort; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotificationsPort;
     }
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
+    EventStore& eventStore() override { return eventStorePort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
     Formatting& formatting() override { return formattingPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
