@@ -5,6 +5,8 @@
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtRunLoop.h"
+#include "Platform/Simulated/SimulatedAudioHardware.h"
+#include "Platform/Simulated/SimulatedDisplayBrightness.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 
@@ -17,6 +19,8 @@ public:
 
     Appearance& appearance() override { return appearance_; }
     Application& application() override { return desktop_.application; }
+    AudioHardware& audioHardware() override { return audioHardware_; }
+    DisplayBrightness& displayBrightness() override { return displayBrightness_; }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     FileSystem& fileSystem() override { return fileSystem_; }
     Formatting& formatting() override { return formatting_; }
@@ -40,6 +44,8 @@ private:
     LinuxDesktop desktop_{userDefaults_};
     IcuFormatting formatting_;
     SimulatedAppearance appearance_;
+    SimulatedAudioHardware audioHardware_;
+    SimulatedDisplayBrightness displayBrightness_;
     SimulatedFileSystem fileSystem_;
     SimulatedHostStatistics hostStatistics_;
     SimulatedNowPlayingService nowPlaying_;

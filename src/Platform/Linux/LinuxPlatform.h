@@ -13,9 +13,11 @@
 #include "Platform/Linux/ProcHostStatistics.h"
 #include "Platform/Linux/SilentNowPlayingService.h"
 #include "Platform/Linux/StandardLog.h"
+#include "Platform/Linux/SysfsDisplayBrightness.h"
 #include "Platform/Linux/UPowerPowerSources.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtRunLoop.h"
+#include "Platform/Simulated/SimulatedAudioHardware.h"
 
 namespace orvelle {
 
@@ -28,6 +30,8 @@ public:
 
     Appearance& appearance() override { return appearance_; }
     Application& application() override { return desktop_.application; }
+    AudioHardware& audioHardware() override { return audioHardware_; }
+    DisplayBrightness& displayBrightness() override { return displayBrightness_; }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     FileSystem& fileSystem() override { return fileSystem_; }
     Formatting& formatting() override { return formatting_; }
@@ -53,6 +57,8 @@ private:
     LinuxDesktop desktop_{userDefaults_};
     IcuFormatting formatting_;
     PortalAppearance appearance_;
+    SimulatedAudioHardware audioHardware_;
+    SysfsDisplayBrightness displayBrightness_;
     ProcHostStatistics hostStatistics_;
     HwmonSMCService smc_;
     SilentNowPlayingService nowPlaying_;

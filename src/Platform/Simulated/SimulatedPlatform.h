@@ -2,6 +2,8 @@
 
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Platform.h"
+#include "Platform/Simulated/SimulatedAudioHardware.h"
+#include "Platform/Simulated/SimulatedDisplayBrightness.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
@@ -14,6 +16,8 @@ class SimulatedPlatform : public Platform {
 public:
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
+    SimulatedAudioHardware audioHardwarePort;
+    SimulatedDisplayBrightness displayBrightnessPort;
     SimulatedEventMonitors eventMonitorsPort;
     SimulatedFileSystem fileSystemPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
@@ -32,6 +36,8 @@ public:
 
     Appearance& appearance() override { return appearancePort; }
     Application& application() override { return applicationPort; }
+    AudioHardware& audioHardware() override { return audioHardwarePort; }
+    DisplayBrightness& displayBrightness() override { return displayBrightnessPort; }
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
     Formatting& formatting() override { return formattingPort; }
