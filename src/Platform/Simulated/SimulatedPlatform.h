@@ -5,6 +5,7 @@
 #include "Platform/Simulated/SimulatedAudioHardware.h"
 #include "Platform/Simulated/SimulatedDisplayBrightness.h"
 #include "Platform/Simulated/SimulatedMachine.h"
+#include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindows.h"
@@ -18,18 +19,23 @@ public:
     SimulatedApplication applicationPort;
     SimulatedAudioHardware audioHardwarePort;
     SimulatedDisplayBrightness displayBrightnessPort;
+    SimulatedDistributedNotificationCenter distributedNotificationsPort;
     SimulatedEventMonitors eventMonitorsPort;
     SimulatedFileSystem fileSystemPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
     SimulatedHostStatistics hostStatisticsPort;
+    SimulatedImageCodec imageCodecPort;
     SimulatedLog logPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
     SimulatedPowerSources powerSourcesPort;
     SimulatedProcessLauncher processLauncherPort;
     SimulatedRunLoop runLoopPort;
+    SimulatedRunningApplications runningApplicationsPort;
     SimulatedScreens screensPort;
+    SimulatedScriptExecutor scriptExecutorPort;
     SimulatedSMCService smcPort;
+    SimulatedUrlData urlDataPort;
     SimulatedUserDefaults userDefaultsPort;
     SimulatedUserNotifications userNotificationsPort;
     SimulatedWorkspace workspacePort;
@@ -38,18 +44,25 @@ public:
     Application& application() override { return applicationPort; }
     AudioHardware& audioHardware() override { return audioHardwarePort; }
     DisplayBrightness& displayBrightness() override { return displayBrightnessPort; }
+    DistributedNotificationCenter& distributedNotifications() override {
+        return distributedNotificationsPort;
+    }
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
     Formatting& formatting() override { return formattingPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
+    ImageCodec& imageCodec() override { return imageCodecPort; }
     LogSink& log() override { return logPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
     PanelWindows& panelWindows() override { return panelWindowsPort; }
     PowerSources& powerSources() override { return powerSourcesPort; }
     ProcessLauncher& processLauncher() override { return processLauncherPort; }
     RunLoop& runLoop() override { return runLoopPort; }
+    RunningApplications& runningApplications() override { return runningApplicationsPort; }
     Screens& screens() override { return screensPort; }
+    ScriptExecutor& scriptExecutor() override { return scriptExecutorPort; }
     SMCService& smc() override { return smcPort; }
+    UrlData& urlData() override { return urlDataPort; }
     UserDefaults& userDefaults() override { return userDefaultsPort; }
     UserNotifications& userNotifications() override { return userNotificationsPort; }
     Workspace& workspace() override { return workspacePort; }
