@@ -4,6 +4,8 @@ namespace orvelle {
 
 class Appearance;
 class Application;
+class AudioHardware;
+class DisplayBrightness;
 class DistributedNotificationCenter;
 class EventMonitors;
 class FileSystem;
@@ -33,6 +35,8 @@ public:
 
     virtual Appearance& appearance() = 0;
     virtual Application& application() = 0;
+    virtual AudioHardware& audioHardware() = 0;
+    virtual DisplayBrightness& displayBrightness() = 0;
     virtual DistributedNotificationCenter& distributedNotifications() = 0;
     virtual EventMonitors& eventMonitors() = 0;
     virtual FileSystem& fileSystem() = 0;

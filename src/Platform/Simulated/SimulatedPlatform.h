@@ -2,6 +2,8 @@
 
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Platform.h"
+#include "Platform/Simulated/SimulatedAudioHardware.h"
+#include "Platform/Simulated/SimulatedDisplayBrightness.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
@@ -15,6 +17,8 @@ class SimulatedPlatform : public Platform {
 public:
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
+    SimulatedAudioHardware audioHardwarePort;
+    SimulatedDisplayBrightness displayBrightnessPort;
     SimulatedDistributedNotificationCenter distributedNotificationsPort;
     SimulatedEventMonitors eventMonitorsPort;
     SimulatedFileSystem fileSystemPort;
@@ -38,6 +42,8 @@ public:
 
     Appearance& appearance() override { return appearancePort; }
     Application& application() override { return applicationPort; }
+    AudioHardware& audioHardware() override { return audioHardwarePort; }
+    DisplayBrightness& displayBrightness() override { return displayBrightnessPort; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotificationsPort;
     }
