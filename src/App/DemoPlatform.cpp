@@ -6,6 +6,8 @@ namespace orvelle {
 
 DemoPlatform::DemoPlatform() {
     DemoMachine::switchEverythingOn(userDefaults_);
+    DemoMachine::script(audioHardware_);
+    DemoMachine::script(displayBrightness_);
     DemoMachine::script(powerSources_);
     DemoMachine::script(hostStatistics_);
     DemoMachine::script(smc_);

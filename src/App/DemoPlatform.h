@@ -6,6 +6,8 @@
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtImageCodec.h"
 #include "Platform/Qt/QtRunLoop.h"
+#include "Platform/Simulated/SimulatedAudioHardware.h"
+#include "Platform/Simulated/SimulatedDisplayBrightness.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
@@ -19,6 +21,8 @@ public:
 
     Appearance& appearance() override { return appearance_; }
     Application& application() override { return desktop_.application; }
+    AudioHardware& audioHardware() override { return audioHardware_; }
+    DisplayBrightness& displayBrightness() override { return displayBrightness_; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotifications_;
     }
@@ -54,6 +58,8 @@ private:
     LinuxDesktop desktop_{userDefaults_};
     IcuFormatting formatting_;
     SimulatedAppearance appearance_;
+    SimulatedAudioHardware audioHardware_;
+    SimulatedDisplayBrightness displayBrightness_;
     SimulatedFileSystem fileSystem_;
     SimulatedHostStatistics hostStatistics_;
     SimulatedNowPlayingService nowPlaying_;

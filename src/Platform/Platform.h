@@ -4,7 +4,9 @@ namespace orvelle {
 
 class Appearance;
 class Application;
+class AudioHardware;
 class CameraService;
+class DisplayBrightness;
 class DistributedNotificationCenter;
 class EventMonitors;
 class EventStore;
@@ -36,7 +38,9 @@ public:
 
     virtual Appearance& appearance() = 0;
     virtual Application& application() = 0;
+    virtual AudioHardware& audioHardware() = 0;
     virtual CameraService& camera() = 0;
+    virtual DisplayBrightness& displayBrightness() = 0;
     virtual DistributedNotificationCenter& distributedNotifications() = 0;
     virtual EventMonitors& eventMonitors() = 0;
     virtual EventStore& eventStore() = 0;

@@ -11,8 +11,10 @@
 #include "Platform/Linux/PortalAppearance.h"
 #include "Platform/Linux/PosixFileSystem.h"
 #include "Platform/Linux/ProcHostStatistics.h"
+#include "Platform/Linux/PulseAudioHardware.h"
 #include "Platform/Linux/SilentMedia.h"
 #include "Platform/Linux/StandardLog.h"
+#include "Platform/Linux/SysfsDisplayBrightness.h"
 #include "Platform/Linux/UPowerPowerSources.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtImageCodec.h"
@@ -29,6 +31,8 @@ public:
 
     Appearance& appearance() override { return appearance_; }
     Application& application() override { return desktop_.application; }
+    AudioHardware& audioHardware() override { return audioHardware_; }
+    DisplayBrightness& displayBrightness() override { return displayBrightness_; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotifications_;
     }
@@ -61,6 +65,8 @@ private:
     LinuxDesktop desktop_{userDefaults_};
     IcuFormatting formatting_;
     PortalAppearance appearance_;
+    PulseAudioHardware audioHardware_{runLoop_};
+    SysfsDisplayBrightness displayBrightness_;
     ProcHostStatistics hostStatistics_;
     HwmonSMCService smc_;
     SilentNowPlayingService nowPlaying_;

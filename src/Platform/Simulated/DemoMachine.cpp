@@ -1,5 +1,7 @@
 #include "Platform/Simulated/DemoMachine.h"
 
+#include "Platform/Simulated/SimulatedAudioHardware.h"
+#include "Platform/Simulated/SimulatedDisplayBrightness.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/UserDefaults.h"
 
@@ -23,6 +25,17 @@ void switchEverythingOn(UserDefaults& defaults) {
          {"hasCompletedOnboarding", "clipboardEnabled", "systemMonitorEnabled", "weatherEnabled",
           "pomodoroEnabled", "todoEnabled", "notesEnabled", "stockTickerEnabled", "mirrorEnabled"})
         defaults.set(key, true);
+}
+
+void script(SimulatedAudioHardware& audio) {
+    audio.list = {{.id = 1, .name = "Built-in Speakers", .volume = 0.55F},
+                  {.id = 2, .name = "Living Room", .volume = 0.3F},
+                  {.id = 3, .name = "Headphones", .volume = 0.7F}};
+    audio.defaultOutput = 1;
+}
+
+void script(SimulatedDisplayBrightness& brightness) {
+    brightness.displays = {{0.8F}};
 }
 
 void script(SimulatedPowerSources& power) {

@@ -2,6 +2,8 @@
 
 namespace orvelle {
 
+class SimulatedAudioHardware;
+class SimulatedDisplayBrightness;
 class SimulatedHostStatistics;
 class SimulatedPowerSources;
 class SimulatedSMCService;
@@ -12,6 +14,8 @@ class UserDefaults;
 namespace DemoMachine {
 
 void switchEverythingOn(UserDefaults& defaults);
+void script(SimulatedAudioHardware& audio);
+void script(SimulatedDisplayBrightness& brightness);
 void script(SimulatedPowerSources& power);
 void script(SimulatedHostStatistics& statistics);
 void script(SimulatedSMCService& smc);

@@ -2,7 +2,9 @@
 
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Platform.h"
+#include "Platform/Simulated/SimulatedAudioHardware.h"
 #include "Platform/Simulated/SimulatedCameraService.h"
+#include "Platform/Simulated/SimulatedDisplayBrightness.h"
 #include "Platform/Simulated/SimulatedEventStore.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
@@ -18,6 +20,8 @@ class SimulatedPlatform : public Platform {
 public:
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
+    SimulatedAudioHardware audioHardwarePort;
+    SimulatedDisplayBrightness displayBrightnessPort;
     SimulatedDistributedNotificationCenter distributedNotificationsPort;
     SimulatedEventMonitors eventMonitorsPort;
     SimulatedFileSystem fileSystemPort;
@@ -44,7 +48,9 @@ public:
 
     Appearance& appearance() override { return appearancePort; }
     Application& application() override { return applicationPort; }
+    AudioHardware& audioHardware() override { return audioHardwarePort; }
     CameraService& camera() override { return cameraPort; }
+    DisplayBrightness& displayBrightness() override { return displayBrightnessPort; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotificationsPort;
     }
