@@ -1,12 +1,15 @@
 #include "App/AppDelegate.h"
 
+#include "Core/BugReport.h"
 #include "Core/Describe.h"
 #include "Core/NotchWindow/NotchDetector.h"
 #include "Foundation/Format.h"
+#include "Models/Symbol.h"
 #include "Platform/RunLoop.h"
 #include "Platform/Screens.h"
 #include "Platform/UserDefaults.h"
 #include "Platform/UserNotifications.h"
+#include "Platform/Workspace.h"
 #include "Settings/SettingsKeys.h"
 
 namespace orvelle {
@@ -21,11 +24,25 @@ AppDelegate::AppDelegate(ViewHost& views, Platform& platform)
       mirrorManager(platform), hoverLayoutManager(platform), panelOrderManager(platform) {}
 
 NotchEnvironment AppDelegate::environment() {
-    return {notchState,         mediaManager,     fileShelfManager, hudManager,
-            calendarManager,    batteryManager,   clipboardManager, systemMonitorManager,
-            weatherManager,     pomodoroManager,  todoManager,      notesManager,
-            stockTickerManager, timeManager,      themeManager,     mirrorManager,
-            hoverLayoutManager, panelOrderManager, [this] { openSettings(); }};
+    return {notchState,
+            mediaManager,
+            fileShelfManager,
+            hudManager,
+            calendarManager,
+            batteryManager,
+            clipboardManager,
+            systemMonitorManager,
+            weatherManager,
+            pomodoroManager,
+            todoManager,
+            notesManager,
+            stockTickerManager,
+            timeManager,
+            themeManager,
+            mirrorManager,
+            hoverLayoutManager,
+            panelOrderManager,
+            [this] { openSettings(); }};
 }
 
 SettingsEnvironment AppDelegate::settingsEnvironment() {
@@ -116,11 +133,11 @@ void AppDelegate::runSetupWizard() {
 void AppDelegate::reportBug() {
     const BugReport report{platform_.application().operatingSystemVersionString(),
                            platform_.application().architecture()};
-    platform_.workspace().open(report.url());
+    platform_.workspace().open(report.mailAddress());
 }
 
 void AppDelegate::checkForUpdates() {
-    updateCheck_ = updateChecker.check(lifetime_.guard([this] { offerUpdate(); }));
+    updateChecker.check(lifetime_.guard([this] { offerUpdate(); }));
 }
 
 void AppDelegate::offerUpdate() {

@@ -93,6 +93,7 @@ private:
     void onboardingCompleted(bool setupIsDue);
     void settingsWindowWillClose();
     void onboardingWindowWillClose();
+    void offerUpdate();
     void completeSetup();
     void bringUpNotchAndFeatures();
     void setupNotchWindow();

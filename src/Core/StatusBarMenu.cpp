@@ -58,10 +58,9 @@ StatusBarMenu::StatusBarMenu(Commands commands, const SystemMonitorManager& syst
       items_{
           command("Show Orvelle", std::move(commands.showNotch), "n"),
           separator(),
-          submenu("System Info",
-                  {sysInfoCPUItem_, sysInfoMemItem_, separator(), sysInfoNetUpItem_,
-                   sysInfoNetDownItem_, separator(), sysInfoTempItem_, separator(),
-                   sysInfoBatteryItem_}),
+          submenu("System Info", {sysInfoCPUItem_, sysInfoMemItem_, separator(), sysInfoNetUpItem_,
+                                  sysInfoNetDownItem_, separator(), sysInfoTempItem_, separator(),
+                                  sysInfoBatteryItem_}),
           separator(),
           command("Settings...", std::move(commands.openSettings), ","),
           command("Run Setup Wizard...", std::move(commands.runSetupWizard)),
@@ -69,11 +68,12 @@ StatusBarMenu::StatusBarMenu(Commands commands, const SystemMonitorManager& syst
           updateMenuItem_,
           separator(),
           command("Quit Orvelle", std::move(commands.quitApp), "q"),
-      },
-      sysInfoCancellable_(systemMonitor.metrics.observe([this](const SystemMetrics& metrics) {
-          platform_.runLoop().post(
-              lifetime_.guard([this, metrics] { updateSystemInfoMenu(metrics); }));
-      })) {}
+      } {
+    sysInfoCancellable_ = systemMonitor.metrics.observe([this](const SystemMetrics& metrics) {
+        platform_.runLoop().post(
+            lifetime_.guard([this, metrics] { updateSystemInfoMenu(metrics); }));
+    });
+}
 
 void StatusBarMenu::showUpdate(const std::string& version) {
     updateMenuItem_->title = "Update Available: v" + version;

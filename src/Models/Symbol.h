@@ -56,6 +56,7 @@ inline constexpr SymbolRow symbolTable[] = {
     {"play.fill", "play_fill"},
     {"powerplug.fill", ""},
     {"questionmark.circle", "question_circle"},
+    {"rectangle.topthird.inset.filled", ""},
     {"speaker.slash.fill", "speaker_slash_fill"},
     {"speaker.wave.2", "speaker_2"},
     {"speaker.wave.2.fill", "speaker_2_fill"},

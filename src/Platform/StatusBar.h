@@ -19,9 +19,9 @@ struct MenuItem {
     };
     Kind kind = Kind::separator;
     Published<std::string> title;
-    Published<std::string> symbol;   ///< empty for none
-    std::string keyEquivalent;       ///< pressed with the platform's command modifier; empty for none
-    std::function<void()> perform;   ///< of a command
+    Published<std::string> symbol; ///< empty for none
+    std::string keyEquivalent;     ///< pressed with the platform's command modifier; empty for none
+    std::function<void()> perform; ///< of a command
     std::vector<std::shared_ptr<MenuItem>> items; ///< of a submenu
 };
 using Menu = std::vector<std::shared_ptr<MenuItem>>;

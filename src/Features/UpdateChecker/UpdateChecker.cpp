@@ -6,4 +6,9 @@ UpdateChecker::UpdateChecker(Platform&) {}
 
 void UpdateChecker::start() {}
 
+void UpdateChecker::check(std::function<void()> done) {
+    if (done)
+        done();
+}
+
 } // namespace orvelle

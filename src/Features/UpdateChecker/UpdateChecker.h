@@ -4,6 +4,7 @@
 #include "Platform/Platform.h"
 #include "Platform/RunLoop.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -22,6 +23,7 @@ public:
     Timer timer;
 
     void start();
+    void check(std::function<void()> done = {});
 };
 
 } // namespace orvelle
