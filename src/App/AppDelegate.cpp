@@ -21,7 +21,8 @@ AppDelegate::AppDelegate(ViewHost& views, Platform& platform)
       clipboardManager(platform), systemMonitorManager(platform), weatherManager(platform),
       pomodoroManager(platform), todoManager(platform), notesManager(platform),
       stockTickerManager(platform), timeManager(platform), themeManager(platform),
-      mirrorManager(platform), hoverLayoutManager(platform), panelOrderManager(platform) {}
+      mirrorManager(platform), hoverLayoutManager(platform), panelOrderManager(platform),
+      featureSwitches_(makeFeatureSwitches()) {}
 
 NotchEnvironment AppDelegate::environment() {
     return {notchState,
@@ -242,64 +243,85 @@ void AppDelegate::showNoScreenAlert() {
     }
 }
 
-void AppDelegate::applyFeatureDefaults() {
-    const auto stored = [this](const SettingKey<bool>& key) {
-        return platform_.userDefaults().storedBoolean(key.name).value_or(key.defaultValue);
+std::vector<AppDelegate::FeatureSwitch> AppDelegate::makeFeatureSwitches() {
+    const auto nothing = [] {};
+    return {
+        {Settings::mediaEnabled, mediaManager, [this] { mediaManager.stop(); }},
+        {Settings::fileShelfEnabled, fileShelfManager,
+         [this] { fileShelfManager.cleanupTimer.reset(); }},
+        {Settings::hudEnabled, hudManager,
+         [this] {
+             hudManager.isMonitoring = false;
+             hudManager.stopIntercepting();
+         }},
+        {Settings::calendarEnabled, calendarManager,
+         [this] { calendarManager.notificationObserver.reset(); }},
+        {Settings::batteryEnabled, batteryManager, [this] { batteryManager.updateTimer.reset(); }},
+        {Settings::clipboardEnabled, clipboardManager,
+         [this] { clipboardManager.pollTimer.reset(); }},
+        {Settings::systemMonitorEnabled, systemMonitorManager,
+         [this] {
+             systemMonitorManager.updateTimer.reset();
+             systemMonitorManager.previousCPUInfo.reset();
+             systemMonitorManager.previousNetworkBytes.reset();
+         }},
+        {Settings::weatherEnabled, weatherManager, [this] { weatherManager.refreshTimer.reset(); }},
+        {Settings::pomodoroEnabled, pomodoroManager, [this] { pomodoroManager.pauseTimer(); }},
+        {Settings::todoEnabled, todoManager, nothing},
+        {Settings::notesEnabled, notesManager, nothing},
+        {Settings::stockTickerEnabled, stockTickerManager,
+         [this] { stockTickerManager.refreshTimer.reset(); }},
+        {Settings::timeEnabled, timeManager, [this] { timeManager.timer.reset(); }},
+        {Settings::mirrorEnabled, mirrorManager, [this] { mirrorManager.stopSession(); }},
     };
-    mediaManager.isEnabled = stored(Settings::mediaEnabled); // starts or stops at once
-    fileShelfManager.isEnabled = stored(Settings::fileShelfEnabled);
-    hudManager.isEnabled = stored(Settings::hudEnabled);
-    calendarManager.isEnabled = stored(Settings::calendarEnabled);
-    batteryManager.isEnabled = stored(Settings::batteryEnabled);
-    clipboardManager.isEnabled = stored(Settings::clipboardEnabled);
-    systemMonitorManager.isEnabled = stored(Settings::systemMonitorEnabled);
-    weatherManager.isEnabled = stored(Settings::weatherEnabled);
-    pomodoroManager.isEnabled = stored(Settings::pomodoroEnabled);
-    todoManager.isEnabled = stored(Settings::todoEnabled);
-    notesManager.isEnabled = stored(Settings::notesEnabled);
-    stockTickerManager.isEnabled = stored(Settings::stockTickerEnabled); // likewise
-    timeManager.isEnabled = stored(Settings::timeEnabled);
-    mirrorManager.isEnabled = stored(Settings::mirrorEnabled);
+}
+
+bool AppDelegate::stored(const SettingKey<bool>& key) const {
+    return platform_.userDefaults().storedBoolean(key.name).value_or(key.defaultValue);
+}
+
+void AppDelegate::applyFeatureDefaults() {
+    for (auto& feature : featureSwitches_) {
+        feature.isOn = stored(feature.key);
+        feature.module.isEnabled = feature.isOn; // of some features, it starts or stops at once
+    }
     notchState.clickWidgetNavigatesToPanel = stored(Settings::clickWidgetNavigatesToPanel);
 }
 
 // Each manager decides for itself whether its switch lets it run.
 void AppDelegate::startAllFeatures() {
-    mediaManager.start();
-    fileShelfManager.start();
-    hudManager.start();
-    calendarManager.start();
-    batteryManager.start();
-    clipboardManager.start();
-    systemMonitorManager.start();
-    weatherManager.start();
-    platform_.userNotifications().requestAuthorization(); // for the focus timer
-    stockTickerManager.start();
-    timeManager.start();
+    for (auto& feature : featureSwitches_) {
+        feature.module.start();
+        if (&feature.module == &pomodoroManager)
+            platform_.userNotifications().requestAuthorization();
+    }
 }
 
 void AppDelegate::stopFeatures() {
-    mediaManager.stop();
-    fileShelfManager.cleanupTimer.reset();
-    hudManager.isMonitoring = false;
-    hudManager.stopIntercepting();
-    calendarManager.notificationObserver.reset();
-    batteryManager.updateTimer.reset();
-    clipboardManager.pollTimer.reset();
-    systemMonitorManager.updateTimer.reset();
-    systemMonitorManager.previousCPUInfo.reset();
-    systemMonitorManager.previousNetworkBytes.reset();
-    weatherManager.refreshTimer.reset();
-    pomodoroManager.pauseTimer();
-    stockTickerManager.refreshTimer.reset();
-    timeManager.timer.reset();
-    mirrorManager.stopSession();
+    for (auto& feature : featureSwitches_)
+        feature.stop();
+}
+
+void AppDelegate::followFeatureSwitches() {
+    for (auto& feature : featureSwitches_) {
+        if (feature.isOn == stored(feature.key))
+            continue;
+        feature.isOn = !feature.isOn;
+        feature.module.isEnabled = feature.isOn;
+        if (feature.isOn)
+            feature.module.start();
+        else
+            feature.stop();
+    }
 }
 
 void AppDelegate::observeRequireRealNotch() {
     // Any setting may have changed; the detector looks for itself.
     requireRealNotchObserver_ = platform_.userDefaults().observeChanges([this] {
-        platform_.runLoop().post(lifetime_.guard([this] { followRequireRealNotch(); }));
+        platform_.runLoop().post(lifetime_.guard([this] {
+            followRequireRealNotch();
+            followFeatureSwitches();
+        }));
     });
 }
 

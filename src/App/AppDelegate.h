@@ -28,8 +28,11 @@
 #include "Platform/Application.h"
 #include "Platform/Log.h"
 #include "Platform/Platform.h"
+#include "Settings/SettingsKeys.h"
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 namespace orvelle {
 
@@ -87,6 +90,16 @@ public:
     SettingsEnvironment settingsEnvironment();
 
 private:
+    /// A feature with its setting. The order of the table is that of starting and stopping.
+    struct FeatureSwitch {
+        SettingKey<bool> key;
+        FeatureModule& module;
+        std::function<void()> stop;
+        bool isOn = false; ///< as the setting was seen last
+    };
+
+    std::vector<FeatureSwitch> makeFeatureSwitches();
+    bool stored(const SettingKey<bool>& key) const;
     void logScreens();
     void setupStatusBar();
     void showOnboarding();
@@ -102,8 +115,11 @@ private:
     void stopFeatures();
     void observeRequireRealNotch();
     void followRequireRealNotch();
+    /// Starts and stops the features whose settings have changed.
+    void followFeatureSwitches();
     void showNoScreenAlert();
 
+    std::vector<FeatureSwitch> featureSwitches_;
     Subscription requireRealNotchObserver_;
     Lifetime lifetime_;
 };

@@ -247,6 +247,34 @@ TEST_F(AppDelegateTest, ASwitchedOffFeatureRunsNoTimerAndAsksNothing) {
     EXPECT_EQ(platform.smcPort.openCount, 0);
 }
 
+TEST_F(AppDelegateTest, AFeatureFollowsItsSettingWhileTheProgramRuns) {
+    launchNormally();
+    defaults().set("systemMonitorEnabled", true);
+    runPosted();
+    EXPECT_TRUE(app.systemMonitorManager.isEnabled);
+    EXPECT_TRUE(app.systemMonitorManager.updateTimer);
+    defaults().set("systemMonitorEnabled", false);
+    runPosted();
+    EXPECT_FALSE(app.systemMonitorManager.isEnabled);
+    EXPECT_FALSE(app.systemMonitorManager.updateTimer);
+    EXPECT_EQ(app.systemMonitorManager.previousCPUInfo, std::nullopt);
+}
+
+TEST_F(AppDelegateTest, AnotherSettingsChangeLeavesTheFeaturesAlone) {
+    launchNormally();
+    app.batteryManager.isEnabled = false; // as the program itself may do
+    defaults().set("customAccentHue", 0.3);
+    runPosted();
+    EXPECT_FALSE(app.batteryManager.isEnabled);
+}
+
+TEST_F(AppDelegateTest, WhileTheFirstWizardIsOpenNoSettingStartsAFeature) {
+    app.applicationDidFinishLaunching();
+    defaults().set("systemMonitorEnabled", true);
+    runPosted();
+    EXPECT_FALSE(app.systemMonitorManager.updateTimer);
+}
+
 TEST_F(AppDelegateTest, TerminationEndsEveryTimer) {
     defaults().set("systemMonitorEnabled", true);
     launchNormally();
@@ -286,9 +314,15 @@ TEST_F(AppDelegateTest, TheHudIsWiredWithoutANotchState) {
     EXPECT_EQ(app.notchState.hudType.get(), std::nullopt);
 }
 
-TEST_F(AppDelegateTest, NothingIsRegisteredAsAPlugin) {
+TEST_F(AppDelegateTest, NothingIsRegisteredAsAPluginFromLaunchToTermination) {
+    std::vector<std::size_t> counts;
+    const auto observed = app.pluginRegistry.registeredPlugins.observe(
+        [&](const auto& plugins) { counts.push_back(plugins.size()); });
     launchNormally();
-    EXPECT_TRUE(app.pluginRegistry.registeredPlugins->empty());
+    app.showNotch();
+    advance(3600);
+    app.applicationWillTerminate();
+    EXPECT_EQ(counts, std::vector<std::size_t>{0}) << "the present count, and no change";
 }
 
 TEST_F(AppDelegateTest, AnotherStartShowsThePanel) {
