@@ -19,6 +19,11 @@ void MediaManager::stop() {
     platform_.nowPlaying().unregisterForNotifications();
 }
 
+void MediaManager::playPause() {
+    platform_.nowPlaying().sendCommand(NowPlayingService::togglePlayPause);
+    currentMedia.update([](auto& media) { media.isPlaying = !media.isPlaying; });
+}
+
 void MediaManager::nextTrack() {
     platform_.nowPlaying().sendCommand(NowPlayingService::nextTrack);
 }
