@@ -4,18 +4,23 @@ namespace orvelle {
 
 class Appearance;
 class Application;
+class DistributedNotificationCenter;
 class EventMonitors;
 class FileSystem;
 class Formatting;
 class HostStatistics;
+class ImageCodec;
 class LogSink;
 class NowPlayingService;
 class PanelWindows;
 class PowerSources;
 class ProcessLauncher;
 class RunLoop;
+class RunningApplications;
 class Screens;
+class ScriptExecutor;
 class SMCService;
+class UrlData;
 class UserDefaults;
 class UserNotifications;
 class Workspace;
@@ -28,18 +33,23 @@ public:
 
     virtual Appearance& appearance() = 0;
     virtual Application& application() = 0;
+    virtual DistributedNotificationCenter& distributedNotifications() = 0;
     virtual EventMonitors& eventMonitors() = 0;
     virtual FileSystem& fileSystem() = 0;
     virtual Formatting& formatting() = 0;
     virtual HostStatistics& hostStatistics() = 0;
+    virtual ImageCodec& imageCodec() = 0;
     virtual LogSink& log() = 0;
     virtual NowPlayingService& nowPlaying() = 0;
     virtual PanelWindows& panelWindows() = 0;
     virtual PowerSources& powerSources() = 0;
     virtual ProcessLauncher& processLauncher() = 0;
     virtual RunLoop& runLoop() = 0;
+    virtual RunningApplications& runningApplications() = 0;
     virtual Screens& screens() = 0;
+    virtual ScriptExecutor& scriptExecutor() = 0;
     virtual SMCService& smc() = 0;
+    virtual UrlData& urlData() = 0;
     virtual UserDefaults& userDefaults() = 0;
     virtual UserNotifications& userNotifications() = 0;
     virtual Workspace& workspace() = 0;

@@ -3,6 +3,7 @@
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Platform.h"
 #include "Platform/Simulated/SimulatedMachine.h"
+#include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindows.h"
@@ -14,36 +15,48 @@ class SimulatedPlatform : public Platform {
 public:
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
+    SimulatedDistributedNotificationCenter distributedNotificationsPort;
     SimulatedEventMonitors eventMonitorsPort;
     SimulatedFileSystem fileSystemPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
     SimulatedHostStatistics hostStatisticsPort;
+    SimulatedImageCodec imageCodecPort;
     SimulatedLog logPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
     SimulatedPowerSources powerSourcesPort;
     SimulatedProcessLauncher processLauncherPort;
     SimulatedRunLoop runLoopPort;
+    SimulatedRunningApplications runningApplicationsPort;
     SimulatedScreens screensPort;
+    SimulatedScriptExecutor scriptExecutorPort;
     SimulatedSMCService smcPort;
+    SimulatedUrlData urlDataPort;
     SimulatedUserDefaults userDefaultsPort;
     SimulatedUserNotifications userNotificationsPort;
     SimulatedWorkspace workspacePort;
 
     Appearance& appearance() override { return appearancePort; }
     Application& application() override { return applicationPort; }
+    DistributedNotificationCenter& distributedNotifications() override {
+        return distributedNotificationsPort;
+    }
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
     Formatting& formatting() override { return formattingPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
+    ImageCodec& imageCodec() override { return imageCodecPort; }
     LogSink& log() override { return logPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
     PanelWindows& panelWindows() override { return panelWindowsPort; }
     PowerSources& powerSources() override { return powerSourcesPort; }
     ProcessLauncher& processLauncher() override { return processLauncherPort; }
     RunLoop& runLoop() override { return runLoopPort; }
+    RunningApplications& runningApplications() override { return runningApplicationsPort; }
     Screens& screens() override { return screensPort; }
+    ScriptExecutor& scriptExecutor() override { return scriptExecutorPort; }
     SMCService& smc() override { return smcPort; }
+    UrlData& urlData() override { return urlDataPort; }
     UserDefaults& userDefaults() override { return userDefaultsPort; }
     UserNotifications& userNotifications() override { return userNotificationsPort; }
     Workspace& workspace() override { return workspacePort; }
