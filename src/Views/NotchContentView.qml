@@ -3,7 +3,7 @@ import Orvelle
 
 // The root of the notch's window: the black shape that hangs from its top edge, and what is inside.
 // Nothing but the shape exists while the notch is collapsed.
-Item {
+FocusScope {
     id: root
 
     readonly property NotchShapeItem shape: shapeItem

@@ -162,6 +162,20 @@ TEST_F(NotchContentViewTest, arrowKeysMoveFromTabToTab) {
     EXPECT_EQ(notchState.activePanel, ActivePanel::time);
 }
 
+TEST_F(NotchContentViewTest, theKeyboardBeginsAtTheActiveTab) {
+    show(ActivePanel::battery);
+    EXPECT_EQ(window.activeFocusItem(), item("tab.battery"));
+    notchState.activePanel = ActivePanel::time;
+    settle();
+    EXPECT_EQ(window.activeFocusItem(), item("tab.time"));
+}
+
+TEST_F(NotchContentViewTest, withoutAnActiveTabTheKeyboardBeginsAtTheFirst) {
+    panelOrder.toggleVisibility("battery");
+    show(ActivePanel::battery);
+    EXPECT_EQ(window.activeFocusItem(), item("tab.media"));
+}
+
 TEST_F(NotchContentViewTest, helpNamesTheTabUnderThePointer) {
     show(ActivePanel::battery);
     const auto hover = [&](QPointF at) {

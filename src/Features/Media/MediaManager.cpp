@@ -31,7 +31,8 @@ void MediaManager::stop() {
 }
 
 void MediaManager::playPause() {
-    platform_.nowPlaying().sendCommand(NowPlayingService::togglePlayPause);
+    if (service_.sendCommand)
+        service_.sendCommand(NowPlayingService::togglePlayPause);
     currentMedia.update([](auto& media) { media.isPlaying = !media.isPlaying; });
 }
 
