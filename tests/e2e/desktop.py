@@ -1,6 +1,7 @@
 """A display of the test's own, what lives on it, and what can be seen and done there."""
 
 import contextlib
+import json
 import os
 import pathlib
 import re
@@ -167,6 +168,11 @@ class Desktop:
         subprocess.run(["xdotool", "type", "--delay", "1", text], env=self.environment, check=True,
                        timeout=30)
 
+    def keys(self, *names):
+        """Presses each key once, by its X name."""
+        subprocess.run(["xdotool", "key", "--delay", "1", *names], env=self.environment,
+                       check=True, timeout=30)
+
     def resize(self, width, height):
         """Gives the display another size, not above its first, as in the monitor settings."""
         mode = f"{width}x{height}"
@@ -294,6 +300,32 @@ class Probe(Running):
                     raise AssertionError(f"no {pattern!r} in {self.lines}. {self.describe()}")
             if re.search(pattern, self.lines[index]):
                 return self.lines.pop(index)
+
+
+def accessible_nodes(desktop):
+    """Every node of the program's accessibility tree, parents first."""
+    reader = pathlib.Path(__file__).with_name("accessibility.py")
+    answer = subprocess.run(["/usr/bin/python3", reader, "orvelle"], env=desktop.environment,
+                            capture_output=True, text=True, timeout=30)
+    found = json.loads(answer.stdout or "[]")
+    for node in found:
+        found += node["children"]
+    return found
+
+
+def tabs(desktop):
+    """The tab bar's buttons: names, and which are selected."""
+    return [(node["name"], node["selected"]) for node in accessible_nodes(desktop)
+            if node["role"] == "page tab"]
+
+
+def selected_tab(desktop):
+    return next((name for name, selected in tabs(desktop) if selected), None)
+
+
+def focused_tab(desktop):
+    return next((node["name"] for node in accessible_nodes(desktop)
+                 if node["role"] == "page tab" and node["focused"]), None)
 
 
 def end_process(process):
