@@ -41,6 +41,7 @@ public:
     Screens& screens() override { return desktop_.screens; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
     SMCService& smc() override { return smc_; }
+    StatusBar& statusBar() override { return desktop_.statusBar; }
     UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
@@ -55,7 +56,7 @@ private:
     SimulatedScriptExecutor scriptExecutor_;
     SimulatedUrlData urlData_;
     SimulatedUserDefaults userDefaults_;
-    LinuxDesktop desktop_{userDefaults_};
+    LinuxDesktop desktop_{userDefaults_, runLoop_};
     IcuFormatting formatting_;
     SimulatedAppearance appearance_;
     SimulatedAudioHardware audioHardware_;

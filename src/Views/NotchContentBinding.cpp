@@ -52,7 +52,7 @@ std::vector<TabValue> toQt(const std::vector<NotchContentView::TabButton>& butto
 
 void NotchContentBinding::attach(const ViewEnvironment& environment) {
     const auto& notch = environment.notch;
-    view_.emplace(notch, environment.openSettings, environment.platform);
+    view_.emplace(notch, notch.openSettings, environment.platform);
     collapsedView_.emplace(notch, std::set<std::string>{}, environment.platform);
     state_ = &notch.notchState;
 

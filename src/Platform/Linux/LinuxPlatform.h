@@ -51,6 +51,7 @@ public:
     Screens& screens() override { return desktop_.screens; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
     SMCService& smc() override { return smc_; }
+    StatusBar& statusBar() override { return desktop_.statusBar; }
     UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
@@ -62,7 +63,7 @@ private:
     QtRunLoop runLoop_;
     InotifyFileWatch fileWatch_;
     FileUserDefaults userDefaults_{fileSystem_, runLoop_, fileWatch_, log_};
-    LinuxDesktop desktop_{userDefaults_};
+    LinuxDesktop desktop_{userDefaults_, runLoop_};
     IcuFormatting formatting_;
     PortalAppearance appearance_;
     PulseAudioHardware audioHardware_{runLoop_};

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "Core/NotchEnvironment.h"
+#include "Core/SettingsEnvironment.h"
 #include "Platform/Platform.h"
 
 #include <QQmlEngine>
 
 #include <functional>
+#include <optional>
 
 namespace orvelle {
 
@@ -13,7 +15,6 @@ namespace orvelle {
 struct ViewEnvironment {
     NotchEnvironment notch;
     Platform& platform;
-    std::function<void()> openSettings; ///< empty when there is no settings window to open
 };
 
 /// A QML engine whose views share one environment. Several may live in one process.
