@@ -8,6 +8,7 @@
 #include "Platform/Qt/QtRunLoop.h"
 #include "Platform/Simulated/SimulatedAudioHardware.h"
 #include "Platform/Simulated/SimulatedDisplayBrightness.h"
+#include "Platform/Simulated/SimulatedLoginItem.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
@@ -32,6 +33,7 @@ public:
     HostStatistics& hostStatistics() override { return hostStatistics_; }
     ImageCodec& imageCodec() override { return imageCodec_; }
     LogSink& log() override { return log_; }
+    LoginItem& loginItem() override { return loginItem_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
     PowerSources& powerSources() override { return powerSources_; }
@@ -63,6 +65,7 @@ private:
     SimulatedDisplayBrightness displayBrightness_;
     SimulatedFileSystem fileSystem_;
     SimulatedHostStatistics hostStatistics_;
+    SimulatedLoginItem loginItem_;
     SimulatedNowPlayingService nowPlaying_;
     SimulatedPowerSources powerSources_;
     SimulatedProcessLauncher processLauncher_;

@@ -41,6 +41,7 @@ public:
                                                     std::function<void()> closed) = 0;
     /// `onComplete` hears when the user has come to the end; `closed` as above.
     virtual std::unique_ptr<AppWindow> showOnboarding(const AppWindow::Description& description,
+                                                      const NotchEnvironment& environment,
                                                       std::function<void()> onComplete,
                                                       std::function<void()> closed) = 0;
 };

@@ -15,6 +15,7 @@ class Formatting;
 class HostStatistics;
 class ImageCodec;
 class LogSink;
+class LoginItem;
 class NowPlayingService;
 class PanelWindows;
 class PowerSources;
@@ -49,6 +50,7 @@ public:
     virtual HostStatistics& hostStatistics() = 0;
     virtual ImageCodec& imageCodec() = 0;
     virtual LogSink& log() = 0;
+    virtual LoginItem& loginItem() = 0;
     virtual NowPlayingService& nowPlaying() = 0;
     virtual PanelWindows& panelWindows() = 0;
     virtual PowerSources& powerSources() = 0;

@@ -37,6 +37,7 @@ public:
         return show(settings, description, {}, std::move(closed));
     }
     std::unique_ptr<AppWindow> showOnboarding(const AppWindow::Description& description,
+                                              const NotchEnvironment&,
                                               std::function<void()> onComplete,
                                               std::function<void()> closed) override {
         return show(onboarding, description, std::move(onComplete), std::move(closed));

@@ -87,11 +87,11 @@ protected:
     NotchEnvironment environment{notchState, media,       fileShelf,     hud,     calendar,
                                  battery,    clipboard,   systemMonitor, weather, pomodoro,
                                  todo,       notes,       stockTicker,   time,    theme,
-                                 mirror,     hoverLayout, panelOrder};
+                                 mirror,     hoverLayout, panelOrder,    [this] { ++settingsOpened; }};
     int settingsOpened = 0;
 
     QQuickWindow window;
-    QtViewHost host{platform, [this] { ++settingsOpened; }};
+    QtViewHost host{platform};
     QQuickItem* root = nullptr;
 };
 

@@ -7,8 +7,8 @@ namespace orvelle {
 LocationPermissionRequester::LocationPermissionRequester(Platform& platform,
                                                          std::function<void()> onChange)
     : onChange_(std::move(onChange)),
-      manager_(
-          platform.locationService().makeLocationManager(*this, LocationAccuracy::kilometer)) {}
+      manager_(platform.locationService().makeLocationManager(*this, LocationAccuracy::kilometer)) {
+}
 
 void LocationPermissionRequester::request() {
     manager_->requestLocation();

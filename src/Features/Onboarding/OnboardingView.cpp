@@ -33,7 +33,8 @@ StyledText stepTitle(std::string text) {
     return {std::move(text), {18, FontWeight::semibold, primary}};
 }
 
-OnboardingView::Paragraph paragraph(std::string text, double maximumWidth, Color color = secondary) {
+OnboardingView::Paragraph paragraph(std::string text, double maximumWidth,
+                                    Color color = secondary) {
     return {{std::move(text), {13, FontWeight::regular, color}}, maximumWidth};
 }
 
@@ -103,7 +104,8 @@ OnboardingView::Content OnboardingView::welcomeStep() {
         paragraph("Transform your MacBook's notch into a powerful control center with media "
                   "controls, weather, calendar, file shelf, and more.",
                   wideText),
-        paragraph("Let's set up a few permissions so everything works out of the box.", narrowText)};
+        paragraph("Let's set up a few permissions so everything works out of the box.",
+                  narrowText)};
     return content;
 }
 
@@ -145,10 +147,9 @@ OnboardingView::Content OnboardingView::doneStep() const {
     content.paragraphs = {paragraph("Orvelle is ready to use. Hover over the notch to see your "
                                     "widgets, or pull down to expand the full panel.",
                                     wideText)};
-    content.tips = {
-        tipRow("hand.point.up.fill"_symbol, "Hover the notch to see quick widgets"),
-        tipRow("hand.draw.fill"_symbol, "Swipe down to expand the full panel"),
-        tipRow("gearshape.fill"_symbol, "Right-click the menu bar icon for settings")};
+    content.tips = {tipRow("hand.point.up.fill"_symbol, "Hover the notch to see quick widgets"),
+                    tipRow("hand.draw.fill"_symbol, "Swipe down to expand the full panel"),
+                    tipRow("gearshape.fill"_symbol, "Right-click the menu bar icon for settings")};
     return content;
 }
 
@@ -227,9 +228,8 @@ void OnboardingView::requestCalendarPermission() {
 }
 
 void OnboardingView::requestCameraPermission() {
-    cameraRequest_ = platform_.camera().requestAccess([this](bool) {
-        cameraStatusText = statusText(platform_.camera().authorizationStatus());
-    });
+    cameraRequest_ = platform_.camera().requestAccess(
+        [this](bool) { cameraStatusText = statusText(platform_.camera().authorizationStatus()); });
 }
 
 void OnboardingView::openAutomationSettings() {

@@ -64,8 +64,8 @@ public:
     OnboardingView(std::function<void()> onComplete, const ThemeManager& theme,
                    Platform& platform = Platform::shared());
 
-    const std::vector<Step> steps{Step::welcome,    Step::location,      Step::calendar,
-                                  Step::camera,     Step::automation,    Step::launchAtLogin,
+    const std::vector<Step> steps{Step::welcome, Step::location,   Step::calendar,
+                                  Step::camera,  Step::automation, Step::launchAtLogin,
                                   Step::done};
 
     Published<std::size_t> currentStep{0}; ///< an index into `steps`

@@ -1,5 +1,6 @@
 #include "Platform/Linux/LinuxPlatform.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QStandardPaths>
 
@@ -17,6 +18,7 @@ std::string kdeSettingsFile() {
 
 LinuxPlatform::LinuxPlatform()
     : appearance_(runLoop_, &QDBusConnection::sessionBus, kdeSettingsFile()),
+      loginItem_(fileSystem_, log_, QCoreApplication::applicationFilePath().toStdString()),
       powerSources_(runLoop_, &QDBusConnection::systemBus),
       processLauncher_(runLoop_, log_, &QDBusConnection::systemBus, &QDBusConnection::sessionBus,
                        qEnvironmentVariable("XDG_SESSION_ID")) {}

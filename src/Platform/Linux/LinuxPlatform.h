@@ -16,6 +16,7 @@
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Linux/SysfsDisplayBrightness.h"
 #include "Platform/Linux/UPowerPowerSources.h"
+#include "Platform/Linux/XdgLoginItem.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtImageCodec.h"
 #include "Platform/Qt/QtRunLoop.h"
@@ -42,6 +43,7 @@ public:
     HostStatistics& hostStatistics() override { return hostStatistics_; }
     ImageCodec& imageCodec() override { return imageCodec_; }
     LogSink& log() override { return log_; }
+    LoginItem& loginItem() override { return loginItem_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
     PowerSources& powerSources() override { return powerSources_; }
@@ -76,6 +78,7 @@ private:
     SilentRunningApplications runningApplications_;
     SilentScriptExecutor scriptExecutor_;
     SilentUrlData urlData_;
+    XdgLoginItem loginItem_;
     UPowerPowerSources powerSources_;
     LinuxProcessLauncher processLauncher_;
     LinuxUserNotifications userNotifications_;

@@ -23,9 +23,8 @@ public:
     void setImage(Image image, std::function<void(bool)> placed) override {
         image_ = std::move(image);
         placed_ = std::move(placed);
-        connecting_ = withBus(runLoop_, bus_, [this](const QDBusConnection& connection) {
-            lookForHost(connection);
-        });
+        connecting_ = withBus(
+            runLoop_, bus_, [this](const QDBusConnection& connection) { lookForHost(connection); });
     }
 
     void setMenu(Menu menu) override {
@@ -37,8 +36,8 @@ public:
 private:
     // An icon that is made before the host is there would never tell the host of itself.
     void lookForHost(const QDBusConnection& connection) {
-        watcher_ = std::make_unique<QDBusServiceWatcher>(
-            watcherName, connection, QDBusServiceWatcher::WatchForRegistration);
+        watcher_ = std::make_unique<QDBusServiceWatcher>(watcherName, connection,
+                                                         QDBusServiceWatcher::WatchForRegistration);
         QObject::connect(watcher_.get(), &QDBusServiceWatcher::serviceRegistered, watcher_.get(),
                          [this] { showIcon(); });
         auto call = QDBusMessage::createMethodCall(
@@ -46,8 +45,8 @@ private:
             QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
         call << watcherName;
         callBus(connection, call, watcher_.get(), [this](const QDBusMessage& reply) {
-            const bool hasHost = reply.type() == QDBusMessage::ReplyMessage &&
-                                 reply.arguments().value(0).toBool();
+            const bool hasHost =
+                reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toBool();
             const bool hasPlace = hasHost || QSystemTrayIcon::isSystemTrayAvailable();
             if (hasPlace)
                 showIcon();

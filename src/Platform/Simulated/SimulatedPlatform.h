@@ -6,6 +6,7 @@
 #include "Platform/Simulated/SimulatedCameraService.h"
 #include "Platform/Simulated/SimulatedDisplayBrightness.h"
 #include "Platform/Simulated/SimulatedEventStore.h"
+#include "Platform/Simulated/SimulatedLoginItem.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
@@ -29,6 +30,7 @@ public:
     SimulatedHostStatistics hostStatisticsPort;
     SimulatedImageCodec imageCodecPort;
     SimulatedLog logPort;
+    SimulatedLoginItem loginItemPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
     SimulatedPowerSources powerSourcesPort;
@@ -61,6 +63,7 @@ public:
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
     ImageCodec& imageCodec() override { return imageCodecPort; }
     LogSink& log() override { return logPort; }
+    LoginItem& loginItem() override { return loginItemPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
     PanelWindows& panelWindows() override { return panelWindowsPort; }
     PowerSources& powerSources() override { return powerSourcesPort; }

@@ -15,6 +15,8 @@ namespace orvelle {
 struct ViewEnvironment {
     NotchEnvironment notch;
     Platform& platform;
+    std::optional<SettingsEnvironment> settings = {}; ///< of the settings' window
+    std::function<void()> completeOnboarding = {};    ///< of the wizard's window
 };
 
 /// A QML engine whose views share one environment. Several may live in one process.
