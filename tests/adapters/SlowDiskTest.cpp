@@ -1,7 +1,7 @@
 #include "Platform/FileUserDefaults.h"
 #include "Platform/Qt/QtRunLoop.h"
 #include "Support/GatedFileSystem.h"
-#include "adapters/QtTest.h"
+#include "adapters/EventLoopWait.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,6 @@ const std::string path = "/simulated/config/defaults.json";
 class SlowDisk : public testing::Test {
 protected:
     SlowDisk() {
-        application();
         runLoop.emplace();
         fileSystem.files[path] = R"({"a": 1})";
         defaults = std::make_unique<FileUserDefaults>(fileSystem, *runLoop, watch, log);
