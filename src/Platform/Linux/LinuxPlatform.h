@@ -11,6 +11,7 @@
 #include "Platform/Linux/PortalAppearance.h"
 #include "Platform/Linux/PosixFileSystem.h"
 #include "Platform/Linux/ProcHostStatistics.h"
+#include "Platform/Linux/PulseAudioHardware.h"
 #include "Platform/Linux/SilentMedia.h"
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Linux/SysfsDisplayBrightness.h"
@@ -18,7 +19,6 @@
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtImageCodec.h"
 #include "Platform/Qt/QtRunLoop.h"
-#include "Platform/Simulated/SimulatedAudioHardware.h"
 
 namespace orvelle {
 
@@ -65,7 +65,7 @@ private:
     LinuxDesktop desktop_{userDefaults_};
     IcuFormatting formatting_;
     PortalAppearance appearance_;
-    SimulatedAudioHardware audioHardware_;
+    PulseAudioHardware audioHardware_{runLoop_};
     SysfsDisplayBrightness displayBrightness_;
     ProcHostStatistics hostStatistics_;
     HwmonSMCService smc_;
