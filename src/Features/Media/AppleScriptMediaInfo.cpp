@@ -34,9 +34,8 @@ double seconds(std::string_view text) {
 
 } // namespace
 
-std::optional<AppleScriptMediaInfo> AppleScriptMediaInfo::parse(std::string_view line,
-                                                                std::string bundleID,
-                                                                std::string appName) {
+std::optional<AppleScriptMediaInfo>
+AppleScriptMediaInfo::parse(std::string_view line, std::string bundleID, std::string appName) {
     const auto fields = split(line);
     if (fields.size() < leastFields)
         return std::nullopt;

@@ -157,18 +157,16 @@ std::optional<Image> MediaManager::serviceCover(const NowPlayingReading& reading
     if (*reading.artwork == serviceCover_.bytes)
         return serviceCover_.image;
     serviceCover_ = {*reading.artwork, {}};
-    background_.run(
-        [&codec = platform_.imageCodec(), bytes = *reading.artwork] {
-            return codec.decode(bytes, coverSide);
-        },
-        [this, bytes = *reading.artwork, title = reading.media.title,
-         artist = reading.media.artist](const std::optional<Image>& image) {
-            if (!(bytes == serviceCover_.bytes))
-                return;
-            serviceCover_.image = image;
-            if (image)
-                showArtwork(title, artist, *image);
-        });
+    background_.run([&codec = platform_.imageCodec(),
+                     bytes = *reading.artwork] { return codec.decode(bytes, coverSide); },
+                    [this, bytes = *reading.artwork, title = reading.media.title,
+                     artist = reading.media.artist](const std::optional<Image>& image) {
+                        if (!(bytes == serviceCover_.bytes))
+                            return;
+                        serviceCover_.image = image;
+                        if (image)
+                            showArtwork(title, artist, *image);
+                    });
     return std::nullopt;
 }
 
