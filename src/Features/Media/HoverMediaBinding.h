@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Views/Qt/ArtworkItem.h"
+#include "Views/Qt/Binding.h"
+#include "Views/Qt/MenuValue.h"
+
+namespace orvelle {
+
+class MediaManager;
+class ThemeManager;
+
+/// What the media widget of the hover bar shows beside its texts.
+class HoverMediaBinding : public Binding {
+    Q_OBJECT
+    QML_ELEMENT
+    ORVELLE_SHOWN(orvelle::ImageValue, artwork)
+    ORVELLE_SHOWN(bool, isPlaying)
+    ORVELLE_SHOWN(QColor, tint)
+
+public:
+    Q_INVOKABLE void playPause();
+    Q_INVOKABLE orvelle::MenuValue contextMenu() const;
+
+protected:
+    void attach(const ViewEnvironment& environment) override;
+    void refresh() override;
+
+private:
+    MediaManager* manager_ = nullptr;
+    const ThemeManager* theme_ = nullptr;
+};
+
+} // namespace orvelle
