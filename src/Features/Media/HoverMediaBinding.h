@@ -6,19 +6,17 @@
 
 namespace orvelle {
 
+class Appearance;
 class MediaManager;
-class ThemeManager;
 
 /// What the media widget of the hover bar shows beside its texts.
 class HoverMediaBinding : public Binding {
     Q_OBJECT
     QML_ELEMENT
     ORVELLE_SHOWN(orvelle::ImageValue, artwork)
-    ORVELLE_SHOWN(bool, isPlaying)
-    ORVELLE_SHOWN(QColor, tint)
+    ORVELLE_SHOWN(QColor, tint) ///< of the bars: the desktop's accent, whatever the theme
 
 public:
-    Q_INVOKABLE void playPause();
     Q_INVOKABLE orvelle::MenuValue contextMenu() const;
 
 protected:
@@ -27,7 +25,7 @@ protected:
 
 private:
     MediaManager* manager_ = nullptr;
-    const ThemeManager* theme_ = nullptr;
+    const Appearance* appearance_ = nullptr;
 };
 
 } // namespace orvelle

@@ -2,11 +2,10 @@ import QtQuick
 import Orvelle
 
 // A symbol to click on, with a little room around it.
-MouseArea {
+TapTarget {
     id: root
 
     property var content
-    property string name
     // Shown while the pointer rests on it.
     property string help
 
@@ -14,12 +13,9 @@ MouseArea {
     implicitHeight: Math.max(26, symbol.implicitHeight + 4)
     hoverEnabled: help !== ""
     activeFocusOnTab: true
-    Accessible.role: Accessible.Button
-    Accessible.name: name
     Accessible.description: help
     Accessible.focusable: true
     Accessible.focused: activeFocus
-    Accessible.onPressAction: clicked(null)
     Keys.onSpacePressed: clicked(null)
     Keys.onReturnPressed: clicked(null)
 
@@ -27,7 +23,6 @@ MouseArea {
         id: symbol
         anchors.centerIn: parent
         content: root.content
-        opacity: root.pressed ? 0.6 : 1
     }
     Rectangle {
         anchors.fill: parent
