@@ -27,9 +27,10 @@ QUrl widgetView(const HoverWidget& widget) {
 QVariant toQt(const std::optional<HoverMediaIndicator>& media) {
     if (!media)
         return {};
-    return QVariant::fromValue(HoverMediaValue{orvelle::toQt(media->cover),
-                                               orvelle::toQt(media->playButton),
-                                               orvelle::toQt(media->title)});
+    return QVariant::fromValue(
+        HoverMediaValue{orvelle::toQt(media->cover), orvelle::toQt(media->playButton),
+                        orvelle::toQt(media->playButtonName), orvelle::toQt(media->title),
+                        media->hasArtwork, media->isPlaying});
 }
 
 HoverWidgetValue toQt(const HoverWidget& widget) {
@@ -46,8 +47,8 @@ HoverWidgetValue toQt(const HoverWidget& widget) {
         .texts = texts,
         .media = toQt(widget.media),
         .spacing = widget.spacing,
-        .padding = HoverWidget::tapPadding,
-        .truncatesTail = widget.truncatesTail || widget.media.has_value(),
+        .padding = widget.isTapTarget() ? HoverWidget::tapPadding : 0,
+        .isTapTarget = widget.isTapTarget(),
     };
 }
 
@@ -93,6 +94,10 @@ void NotchCollapsedBinding::expand() {
 void NotchCollapsedBinding::expandToPanel(const QString& panel) {
     if (const auto known = activePanelFrom(panel.toStdString()))
         view_->expandToPanel(*known);
+}
+
+void NotchCollapsedBinding::playPause() {
+    view_->playPause();
 }
 
 } // namespace orvelle

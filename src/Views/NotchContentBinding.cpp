@@ -23,6 +23,7 @@ namespace {
 /// The panels that have a view of their own.
 constexpr std::pair<ActivePanel, const char*> panelViews[] = {
     {ActivePanel::battery, "BatteryPanel"},
+    {ActivePanel::media, "MediaPanel"},
     {ActivePanel::systemMonitor, "SystemMonitorPanel"},
     {ActivePanel::time, "TimeExpandedView"},
 };
@@ -91,8 +92,11 @@ void NotchContentBinding::refresh() {
     show_panelSource(panelView(state_->activePanel));
     show_activePanel(orvelle::toQt(state_->activePanel.get()));
 
+    // What fades out is still what was shown.
     const auto hud = view_->hudOverlay();
-    show_hud(hud ? QVariant::fromValue(toQt(*hud)) : QVariant());
+    if (hud)
+        show_hud(toQt(*hud));
+    show_showsHUD(hud.has_value());
 }
 
 void NotchContentBinding::selectPanel(const QString& id) {
