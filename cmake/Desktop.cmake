@@ -10,7 +10,7 @@ set(need REQUIRED)
 if(ORVELLE_DESKTOP STREQUAL "AUTO")
     set(need QUIET)
 endif()
-find_package(Qt6 6.4 ${need} COMPONENTS Core DBus Gui Qml Quick Svg Widgets)
+find_package(Qt6 6.4 ${need} COMPONENTS Core DBus Gui Network Qml Quick Svg Widgets)
 find_package(PkgConfig ${need})
 if(PkgConfig_FOUND)
     pkg_check_modules(DESKTOP ${need} IMPORTED_TARGET

@@ -25,7 +25,6 @@ struct HoverMediaIndicator {
     std::string_view playButtonName; ///< what the button does, for those who hear it
     bool isPlaying = false;          ///< the visualizer stands only while something plays
     StyledText title;                ///< a running text, the first to give way when room is short
-    std::optional<std::string> openSourceAppTitle; ///< the context menu's one entry
 
     bool operator==(const HoverMediaIndicator&) const = default;
 };

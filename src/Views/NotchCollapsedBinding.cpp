@@ -29,7 +29,8 @@ QVariant toQt(const std::optional<HoverMediaIndicator>& media) {
         return {};
     return QVariant::fromValue(
         HoverMediaValue{orvelle::toQt(media->cover), orvelle::toQt(media->playButton),
-                        orvelle::toQt(media->playButtonName), orvelle::toQt(media->title)});
+                        orvelle::toQt(media->playButtonName), orvelle::toQt(media->title),
+                        media->hasArtwork, media->isPlaying});
 }
 
 HoverWidgetValue toQt(const HoverWidget& widget) {

@@ -20,17 +20,27 @@ struct HoverMediaValue {
     Q_PROPERTY(QString playButtonName MEMBER playButtonName)
     Q_PROPERTY(orvelle::TextValue title MEMBER title)
     Q_PROPERTY(double spacing READ spacing)
+    Q_PROPERTY(bool hasArtwork MEMBER hasArtwork)
+    Q_PROPERTY(bool isPlaying MEMBER isPlaying)
     Q_PROPERTY(double coverSize READ coverSize)
+    Q_PROPERTY(double coverRadius READ coverRadius)
     Q_PROPERTY(double buttonSize READ buttonSize)
+    Q_PROPERTY(QSizeF visualizerSize READ visualizerSize)
 
 public:
     SymbolValue cover;
     SymbolValue playButton;
     QString playButtonName;
     TextValue title;
+    bool hasArtwork = false;
+    bool isPlaying = false;
     double spacing() const { return HoverMediaIndicator::spacing; }
     double coverSize() const { return HoverMediaIndicator::coverSize; }
+    double coverRadius() const { return HoverMediaIndicator::coverRadius; }
     double buttonSize() const { return HoverMediaIndicator::buttonSize; }
+    QSizeF visualizerSize() const {
+        return {HoverMediaIndicator::visualizerWidth, HoverMediaIndicator::visualizerHeight};
+    }
     bool operator==(const HoverMediaValue&) const = default;
 };
 

@@ -5,6 +5,8 @@
 #include "Features/Battery/BatteryManager.h"
 #include "Features/Calendar/CalendarManager.h"
 #include "Features/FileShelf/FileShelfManager.h"
+#include "Features/Media/MarqueeText.h"
+#include "Features/Media/MediaArtwork.h"
 #include "Features/Media/MediaManager.h"
 #include "Features/Notes/NotesManager.h"
 #include "Features/SystemMonitor/MetricColors.h"
@@ -111,15 +113,11 @@ void NotchCollapsedView::hoverMediaIndicator(HoverWidget& widget) const {
     widget.media = HoverMediaIndicator{
         .hasArtwork = media.artwork.has_value(),
         .cover = {"music.note"_symbol, 12, Color::white(1, 0.6)},
-        .playButton = {media.isPlaying ? "pause.fill"_symbol : "play.fill"_symbol, 11,
-                       colors::white},
-        .playButtonName = media.isPlaying ? "Pause" : "Play",
+        .playButton = {playSymbol(media), 11, colors::white},
+        .playButtonName = playName(media),
         .isPlaying = media.isPlaying,
-        .title = mediumText(media.title + " — " + media.artist, 11),
-        .openSourceAppTitle = {},
+        .title = mediumText(singleLine(media.title) + " — " + singleLine(media.artist), 11),
     };
-    if (!media.title.empty() && !media.appName.empty())
-        widget.media->openSourceAppTitle = "Open in " + media.appName;
 }
 
 void NotchCollapsedView::hoverBatteryIndicator(HoverWidget& widget) const {

@@ -17,7 +17,9 @@ std::string kdeSettingsFile() {
 } // namespace
 
 LinuxPlatform::LinuxPlatform()
-    : appearance_(runLoop_, &QDBusConnection::sessionBus, kdeSettingsFile()),
+    : scriptExecutor_(&QDBusConnection::sessionBus, urlData_),
+      appearance_(runLoop_, &QDBusConnection::sessionBus, kdeSettingsFile()),
+      players_(runLoop_, &QDBusConnection::sessionBus),
       loginItem_(fileSystem_, log_, QCoreApplication::applicationFilePath().toStdString()),
       powerSources_(runLoop_, &QDBusConnection::systemBus),
       processLauncher_(runLoop_, log_, &QDBusConnection::systemBus, &QDBusConnection::sessionBus,
@@ -25,6 +27,8 @@ LinuxPlatform::LinuxPlatform()
 
 LinuxPlatform::~LinuxPlatform() {
     userDefaults_.flush();
+    scriptExecutor_.end();
+    urlData_.end();
 }
 
 } // namespace orvelle

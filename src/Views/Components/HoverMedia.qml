@@ -1,8 +1,8 @@
 import QtQuick
 import Orvelle
 
-// What plays: a cover, the play button, and the title, the first to give way when room is short.
-// Cover and title open the panel.
+// What plays: a cover, the play button, bars while it plays, and the running title, the first to
+// give way when room is short. Cover and title open the panel.
 Item {
     id: root
 
@@ -17,6 +17,14 @@ Item {
     implicitWidth: naturalWidth
     implicitHeight: media.buttonSize
 
+    HoverMediaBinding {
+        id: hover
+    }
+    ContextMenu {
+        anchors.fill: parent
+        z: 1
+        menu: () => hover.contextMenu()
+    }
     TapTarget {
         id: cover
         objectName: "cover"
@@ -28,7 +36,15 @@ Item {
 
         PanelSymbol {
             anchors.centerIn: parent
+            visible: !root.media.hasArtwork
             content: root.media.cover
+        }
+        ArtworkItem {
+            objectName: "coverImage"
+            anchors.fill: parent
+            visible: root.media.hasArtwork
+            image: hover.artwork
+            radius: root.media.coverRadius
         }
     }
     TapTarget {
@@ -45,17 +61,31 @@ Item {
             content: root.media.playButton
         }
     }
+    Loader {
+        id: bars
+        x: button.x + button.width + root.media.spacing
+        active: root.media.isPlaying
+        width: active ? root.media.visualizerSize.width : 0
+        height: root.media.visualizerSize.height
+        anchors.verticalCenter: parent.verticalCenter
+        sourceComponent: AudioVisualizerItem {
+            objectName: "visualizer"
+            compact: true
+            playing: root.media.isPlaying
+            tint: hover.tint
+        }
+    }
     TapTarget {
         id: title
         objectName: "title"
-        x: button.x + button.width + root.media.spacing
+        x: bars.x + (bars.active ? bars.width + root.media.spacing : 0)
         width: Math.max(0, root.width - x)
         height: parent.height
         name: root.widget.name
         Accessible.description: root.summary
         onClicked: root.picked()
 
-        PanelText {
+        MarqueeText {
             id: text
             objectName: "text"
             width: parent.width

@@ -9,6 +9,7 @@ namespace orvelle {
 struct MenuEntry {
     std::string title;
     std::function<void()> perform;
+    bool isChecked = false; ///< of several entries the one that is in force
 };
 
 } // namespace orvelle

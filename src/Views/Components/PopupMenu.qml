@@ -53,6 +53,7 @@ MenuWindow {
                 required property string modelData
 
                 title: modelData
+                isChecked: root.entries.checkedRow === index
                 isHighlighted: root.highlighted === index
                 onEntered: root.highlighted = index
                 onPicked: root.pick(index)

@@ -13,11 +13,14 @@ namespace orvelle {
 struct MenuValue {
     Q_GADGET
     Q_PROPERTY(QStringList titles READ titles)
+    Q_PROPERTY(int checkedRow READ checkedRow)
 
 public:
     std::vector<MenuEntry> entries;
 
     QStringList titles() const;
+    /// -1 when none is.
+    int checkedRow() const;
     /// Nothing for a row that does not exist.
     Q_INVOKABLE void perform(int row) const;
 };
