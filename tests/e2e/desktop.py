@@ -133,6 +133,9 @@ class Desktop:
         image = self.root.get_image(x, y, 1, 1, X.ZPixmap, 0xffffffff)
         return image.data[2], image.data[1], image.data[0]
 
+    def picture(self, x, y, width, height):
+        return self.root.get_image(x, y, width, height, X.ZPixmap, 0xffffffff).data
+
     # What a user does
 
     def move_pointer(self, x, y):
@@ -265,6 +268,14 @@ class Program(Running):
         self.enter()
         self.desktop.wheel_down()
         self.wait_for_size((566, 220))
+
+    def wait_until_still(self):
+        """Until nothing has moved in the panel for the time of some frames."""
+        def is_still():
+            before = self.desktop.picture(*self.geometry())
+            return stays(lambda: self.desktop.picture(*self.geometry()) == before, 0.1)
+
+        wait_until(is_still, "panel at rest", self.describe)
 
 
 class Probe(Running):
