@@ -16,6 +16,8 @@ struct SymbolRow {
 inline constexpr SymbolRow symbolTable[] = {
     // clang-format off
     {"arrow.down", "arrow_down"},
+    {"arrow.left.and.right.righttriangle.left.righttriangle.right", ""},
+    {"arrow.left.and.right.righttriangle.left.righttriangle.right.fill", ""},
     {"arrow.up", "arrow_up"},
     {"backward.fill", "backward_fill"},
     {"battery.0", "battery_0"},

@@ -23,6 +23,8 @@ namespace {
 /// The panels that have a view of their own.
 constexpr std::pair<ActivePanel, const char*> panelViews[] = {
     {ActivePanel::battery, "BatteryPanel"},
+    {ActivePanel::calendar, "CalendarExpandedView"},
+    {ActivePanel::mirror, "MirrorExpandedView"},
     {ActivePanel::systemMonitor, "SystemMonitorPanel"},
     {ActivePanel::time, "TimeExpandedView"},
 };
