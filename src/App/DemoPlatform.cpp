@@ -6,6 +6,8 @@ namespace orvelle {
 
 DemoPlatform::DemoPlatform() {
     DemoMachine::switchEverythingOn(userDefaults_);
+    DemoMachine::script(camera_);
+    DemoMachine::script(eventStore_);
     DemoMachine::script(powerSources_);
     DemoMachine::script(hostStatistics_);
     DemoMachine::script(smc_);

@@ -43,7 +43,7 @@ Item {
                     content: view.startingText
                 }
             }
-            PlainButton {
+            MirrorButton {
                 id: toggle
                 objectName: "mirrorToggle"
                 anchors.top: parent.top
@@ -90,7 +90,7 @@ Item {
                     content: view.permissionText
                     anchors.horizontalCenter: parent.horizontalCenter
                 }
-                PlainButton {
+                MirrorButton {
                     objectName: "openSystemSettings"
                     anchors.horizontalCenter: parent.horizontalCenter
                     width: caption.width + 2 * view.buttonHorizontalPadding

@@ -2,6 +2,8 @@
 
 namespace orvelle {
 
+class SimulatedCameraService;
+class SimulatedEventStore;
 class SimulatedHostStatistics;
 class SimulatedPowerSources;
 class SimulatedSMCService;
@@ -12,6 +14,8 @@ class UserDefaults;
 namespace DemoMachine {
 
 void switchEverythingOn(UserDefaults& defaults);
+void script(SimulatedCameraService& camera);
+void script(SimulatedEventStore& calendars);
 void script(SimulatedPowerSources& power);
 void script(SimulatedHostStatistics& statistics);
 void script(SimulatedSMCService& smc);
