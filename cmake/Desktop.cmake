@@ -10,15 +10,14 @@ set(need REQUIRED)
 if(ORVELLE_DESKTOP STREQUAL "AUTO")
     set(need QUIET)
 endif()
-find_package(Qt6 6.4 ${need} COMPONENTS Core DBus Gui Network Qml Quick Svg Widgets)
-find_package(PkgConfig ${need})
+find_package(Qt6 6.4 ${need} COMPONENTS Core DBus Gui Multimedia Network Qml Quick Svg Widgets)
 if(PkgConfig_FOUND)
     pkg_check_modules(DESKTOP ${need} IMPORTED_TARGET
         libpulse
         xcb xcb-dpms xcb-ewmh xcb-randr xcb-shape xcb-xfixes xcb-xinput)
 endif()
 
-if(Qt6_FOUND AND DESKTOP_FOUND)
+if(Qt6_FOUND AND DESKTOP_FOUND AND ICAL_FOUND)
     set(ORVELLE_HAS_DESKTOP ON)
     qt_standard_project_setup()
     set(CMAKE_AUTOMOC OFF) # the layers below Qt do without its tools; those above switch it on

@@ -10,6 +10,8 @@ DemoPlatform::DemoPlatform() {
     DemoMachine::script(audioHardware_);
     DemoMachine::script(displayBrightness_);
     DemoMachine::script(nowPlaying_, runLoop_);
+    DemoMachine::script(camera_);
+    DemoMachine::script(eventStore_);
     DemoMachine::script(powerSources_);
     DemoMachine::script(hostStatistics_);
     DemoMachine::script(smc_);

@@ -9,6 +9,8 @@
 #include "Platform/Simulated/SimulatedAudioHardware.h"
 #include "Platform/Simulated/SimulatedDisplayBrightness.h"
 #include "Platform/Simulated/SimulatedLoginItem.h"
+#include "Platform/Simulated/SimulatedCameraService.h"
+#include "Platform/Simulated/SimulatedEventStore.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
@@ -27,7 +29,9 @@ public:
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotifications_;
     }
+    CameraService& camera() override { return camera_; }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
+    EventStore& eventStore() override { return eventStore_; }
     FileSystem& fileSystem() override { return fileSystem_; }
     Formatting& formatting() override { return formatting_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
@@ -54,6 +58,8 @@ private:
     QtImageCodec imageCodec_;
     StandardLog log_;
     QtRunLoop runLoop_;
+    SimulatedCameraService camera_{runLoop_};
+    SimulatedEventStore eventStore_{runLoop_};
     SimulatedRunningApplications runningApplications_;
     SimulatedScriptExecutor scriptExecutor_;
     SimulatedUrlData urlData_;

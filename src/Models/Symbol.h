@@ -18,6 +18,8 @@ inline constexpr SymbolRow symbolTable[] = {
     {"airplayaudio", ""},
     {"arrow.down", "arrow_down"},
     {"arrow.down.circle.fill", "arrow_down_circle_fill"},
+    {"arrow.left.and.right.righttriangle.left.righttriangle.right", ""},
+    {"arrow.left.and.right.righttriangle.left.righttriangle.right.fill", ""},
     {"arrow.up", "arrow_up"},
     {"backward.fill", "backward_fill"},
     {"battery.0", "battery_0"},

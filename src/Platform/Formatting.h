@@ -30,6 +30,11 @@ public:
 
     /// `pattern` in the date field letters of Unicode TR 35, such as "h:mm a".
     virtual std::string date(Date date, const std::string& pattern, const TimeZone& zone) const = 0;
+    /// The time of day in the shortest form of the user's customs: "9:41 AM", "21:41".
+    virtual std::string shortTime(Date date, const TimeZone& zone) const = 0;
+    /// How far `date` lies from `reference` in the largest whole unit, abbreviated: "in 2 hr.",
+    /// "5 min. ago".
+    virtual std::string relativeTime(Date date, Date reference) const = 0;
 
     /// Base 1024; bytes and KB whole, MB at most one decimal, GB and above at most two, without
     /// padding zeros. 0 is "Zero KB".

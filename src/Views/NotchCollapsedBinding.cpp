@@ -13,14 +13,35 @@
 #include "Features/Time/TimeManager.h"
 #include "Features/Weather/WeatherManager.h"
 
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+
 namespace orvelle {
 
 namespace {
+
+/// The views of the widgets that are not drawn with icon and texts.
+constexpr std::pair<std::string_view, const char*> embeddedViews[] = {
+    {"mirror", "MirrorCollapsedView"},
+};
+
+std::set<std::string> embeddedWidgets() {
+    std::set<std::string> ids;
+    for (const auto& [id, view] : embeddedViews)
+        ids.emplace(id);
+    return ids;
+}
 
 QUrl widgetView(const HoverWidget& widget) {
     const char* name = widget.truncatesTail ? "HoverTitle" : "HoverTexts";
     if (widget.kind == HoverWidget::Kind::media)
         name = "HoverMedia";
+    if (widget.kind == HoverWidget::Kind::embedded)
+        for (const auto& [id, view] : embeddedViews)
+            if (id == widget.id)
+                name = view;
     return QUrl(QStringLiteral("qrc:/Orvelle/%1.qml").arg(QLatin1String(name)));
 }
 
@@ -63,7 +84,7 @@ std::vector<HoverWidgetValue> toQt(const std::vector<HoverWidget>& widgets) {
 
 void NotchCollapsedBinding::attach(const ViewEnvironment& environment) {
     const auto& notch = environment.notch;
-    view_.emplace(notch, std::set<std::string>{}, environment.platform);
+    view_.emplace(notch, embeddedWidgets(), environment.platform);
 
     follow(notch.notchState.notchSize, notch.hoverLayoutManager.placements);
     follow(notch.mediaManager.currentMedia, notch.weatherManager.weather,

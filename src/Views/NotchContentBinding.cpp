@@ -24,6 +24,8 @@ namespace {
 constexpr std::pair<ActivePanel, const char*> panelViews[] = {
     {ActivePanel::battery, "BatteryPanel"},
     {ActivePanel::media, "MediaPanel"},
+    {ActivePanel::calendar, "CalendarExpandedView"},
+    {ActivePanel::mirror, "MirrorExpandedView"},
     {ActivePanel::systemMonitor, "SystemMonitorPanel"},
     {ActivePanel::time, "TimeExpandedView"},
 };

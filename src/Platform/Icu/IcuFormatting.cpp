@@ -3,10 +3,12 @@
 #include "Platform/Icu/SystemTimeZone.h"
 
 #include <unicode/numberformatter.h>
+#include <unicode/reldatefmt.h>
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 #include <unicode/tznames.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>
@@ -49,6 +51,19 @@ struct ByteUnit {
 };
 constexpr std::array<ByteUnit, 6> byteUnits{
     {{"KB", 0}, {"MB", 1}, {"GB", 2}, {"TB", 2}, {"PB", 2}, {"EB", 2}}};
+
+/// Months and years by their mean length.
+struct RelativeUnit {
+    URelativeDateTimeUnit unit;
+    double seconds;
+};
+constexpr std::array<RelativeUnit, 7> relativeUnits{{{UDAT_REL_UNIT_YEAR, 365.2425 * 86400},
+                                                     {UDAT_REL_UNIT_MONTH, 30.436875 * 86400},
+                                                     {UDAT_REL_UNIT_WEEK, 7 * 86400},
+                                                     {UDAT_REL_UNIT_DAY, 86400},
+                                                     {UDAT_REL_UNIT_HOUR, 3600},
+                                                     {UDAT_REL_UNIT_MINUTE, 60},
+                                                     {UDAT_REL_UNIT_SECOND, 1}}};
 
 } // namespace
 
@@ -102,6 +117,8 @@ struct IcuFormatting::Cache {
     std::map<std::pair<std::string, std::string>, std::unique_ptr<icu::SimpleDateFormat>>
         formatters;
     std::array<std::optional<icu::number::LocalizedNumberFormatter>, 3> numbers;
+    std::unique_ptr<icu::RelativeDateTimeFormatter> relative;
+    std::string shortTimePattern;
 };
 
 IcuFormatting::IcuFormatting(std::string locale, std::string zone)
@@ -151,6 +168,41 @@ std::string IcuFormatting::date(Date date, const std::string& pattern, const Tim
         return {};
     icu::UnicodeString text;
     return utf8(formatter->format(milliseconds(date), text));
+}
+
+std::string IcuFormatting::shortTime(Date date, const TimeZone& zone) const {
+    if (cache_->shortTimePattern.empty()) {
+        const std::unique_ptr<icu::DateFormat> format(
+            icu::DateFormat::createTimeInstance(icu::DateFormat::SHORT, cache_->locale));
+        icu::UnicodeString pattern;
+        if (const auto* simple = dynamic_cast<const icu::SimpleDateFormat*>(format.get()))
+            simple->toPattern(pattern);
+        cache_->shortTimePattern = utf8(pattern);
+    }
+    return this->date(date, cache_->shortTimePattern, zone);
+}
+
+std::string IcuFormatting::relativeTime(Date date, Date reference) const {
+    const auto distance = date - reference;
+    if (!std::isfinite(distance))
+        return {};
+    const auto& unit = *std::ranges::find_if(relativeUnits, [&](const RelativeUnit& each) {
+        return std::abs(distance) >= each.seconds || each.seconds == 1;
+    });
+    if (!cache_->relative) {
+        UErrorCode status = U_ZERO_ERROR;
+        cache_->relative = std::make_unique<icu::RelativeDateTimeFormatter>(
+            cache_->locale, nullptr, UDAT_STYLE_SHORT, UDISPCTX_CAPITALIZATION_NONE, status);
+        if (U_FAILURE(status)) {
+            cache_->relative.reset();
+            return {};
+        }
+    }
+    UErrorCode status = U_ZERO_ERROR;
+    icu::UnicodeString text;
+    // Zero keeps its sign: "in 0 sec." and "0 sec. ago" are two texts.
+    cache_->relative->formatNumeric(std::trunc(distance / unit.seconds), unit.unit, text, status);
+    return utf8(text);
 }
 
 std::string IcuFormatting::memoryByteCount(std::uint64_t bytes) const {

@@ -3,7 +3,9 @@
 #include "Platform/FileUserDefaults.h"
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Linux/HwmonSMCService.h"
+#include "Platform/Linux/IcalEventStore.h"
 #include "Platform/Linux/InotifyFileWatch.h"
+#include "Platform/Linux/LinuxCameraService.h"
 #include "Platform/Linux/LinuxDesktop.h"
 #include "Platform/Linux/LinuxProcessLauncher.h"
 #include "Platform/Linux/LinuxUserNotifications.h"
@@ -40,7 +42,9 @@ public:
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotifications_;
     }
+    CameraService& camera() override { return camera_; }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
+    EventStore& eventStore() override { return eventStore_; }
     FileSystem& fileSystem() override { return fileSystem_; }
     Formatting& formatting() override { return formatting_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
@@ -75,6 +79,8 @@ private:
     FileUserDefaults userDefaults_{fileSystem_, runLoop_, fileWatch_, log_};
     LinuxDesktop desktop_{userDefaults_, runLoop_};
     IcuFormatting formatting_;
+    IcalEventStore eventStore_{runLoop_, formatting_, userDefaults_, log_};
+    LinuxCameraService camera_{runLoop_};
     PortalAppearance appearance_;
     PulseAudioHardware audioHardware_{runLoop_};
     SysfsDisplayBrightness displayBrightness_;

@@ -2,6 +2,9 @@
 
 #include "Platform/Simulated/SimulatedAudioHardware.h"
 #include "Platform/Simulated/SimulatedDisplayBrightness.h"
+#include "Platform/Simulated/DemoPortrait.h"
+#include "Platform/Simulated/SimulatedCameraService.h"
+#include "Platform/Simulated/SimulatedEventStore.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/UserDefaults.h"
 
@@ -36,6 +39,44 @@ void script(SimulatedAudioHardware& audio) {
 
 void script(SimulatedDisplayBrightness& brightness) {
     brightness.displays = {{0.8F}};
+}
+
+void script(SimulatedCameraService& camera) {
+    camera.onStart = [](const CameraService::Configuration& configuration) {
+        configuration.onFrame(demoPortrait(configuration.width, configuration.height));
+    };
+}
+
+void script(SimulatedEventStore& calendars) {
+    const StoredEvent::Calendar work{{0.039, 0.518, 1}, "Work"};
+    const StoredEvent::Calendar home{{1, 0.624, 0.039}, "Home"};
+    const StoredEvent::Calendar holidays{{0.196, 0.843, 0.294}, "Holidays"};
+    calendars.onQuery = [=](SimulatedEventStore& store, Date from) {
+        if (!store.stored.empty())
+            return;
+        constexpr Seconds quarter = 900;
+        const Date hour{std::floor(from.sinceReference / quarter) * quarter};
+        const auto add = [&](const char* title, const char* location, int start, int end,
+                             const StoredEvent::Calendar& calendar) {
+            StoredEvent event;
+            event.eventIdentifier = title;
+            event.title = title;
+            event.startDate = hour + start * quarter;
+            event.endDate = hour + end * quarter;
+            event.calendar = calendar;
+            if (location)
+                event.location = location;
+            store.stored.push_back(event);
+        };
+        constexpr int day = 96; // quarters
+        add("Founders' Day", nullptr, -20, day - 20, holidays);
+        store.stored.back().isAllDay = true;
+        add("Design review", "Room 4", -2, 3, work);
+        add("Lunch with Ada", "Café Lumière", 5, 9, home);
+        add("Release planning", nullptr, 13, 17, work);
+        add("Dentist", "12 Mill Lane", 22, 24, home);
+        add("Call with Lisbon", nullptr, 30, 32, work);
+    };
 }
 
 void script(SimulatedPowerSources& power) {

@@ -4,6 +4,8 @@ namespace orvelle {
 
 class SimulatedAudioHardware;
 class SimulatedDisplayBrightness;
+class SimulatedCameraService;
+class SimulatedEventStore;
 class SimulatedHostStatistics;
 class SimulatedPowerSources;
 class SimulatedSMCService;
@@ -16,6 +18,8 @@ namespace DemoMachine {
 void switchEverythingOn(UserDefaults& defaults);
 void script(SimulatedAudioHardware& audio);
 void script(SimulatedDisplayBrightness& brightness);
+void script(SimulatedCameraService& camera);
+void script(SimulatedEventStore& calendars);
 void script(SimulatedPowerSources& power);
 void script(SimulatedHostStatistics& statistics);
 void script(SimulatedSMCService& smc);

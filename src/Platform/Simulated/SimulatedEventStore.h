@@ -23,7 +23,7 @@ public:
     int queryCount = 0;
     int accessRequests = 0;
     /// Called before each query, so that a demonstration can lay its events around the hour.
-    std::function<void(SimulatedEventStore&)> onQuery;
+    std::function<void(SimulatedEventStore&, Date from)> onQuery;
     void notifyChanged() { changed_(); }
 
     EventAuthorizationStatus authorizationStatus() const override { return status; }
@@ -37,7 +37,7 @@ public:
     std::vector<StoredEvent> events(Date from, Date to) override {
         ++queryCount;
         if (onQuery)
-            onQuery(*this);
+            onQuery(*this, from);
         std::vector<StoredEvent> found;
         if (status == EventAuthorizationStatus::fullAccess)
             std::ranges::copy_if(stored, std::back_inserter(found), [&](const auto& event) {

@@ -10,6 +10,8 @@ struct MenuEntry {
     std::string title;
     std::function<void()> perform;
     bool isChecked = false; ///< of several entries the one that is in force
+    bool isDestructive = false;  ///< takes something away for good, and is coloured so
+    bool followsDivider = false; ///< a line stands above it
 };
 
 } // namespace orvelle
