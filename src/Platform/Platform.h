@@ -4,17 +4,23 @@ namespace orvelle {
 
 class Appearance;
 class Application;
+class Console;
 class EventMonitors;
+class FileCopier;
+class FileIcons;
 class FileSystem;
+class FileViewer;
 class Formatting;
 class HostStatistics;
 class LogSink;
 class NowPlayingService;
 class PanelWindows;
+class Pasteboard;
 class PowerSources;
 class ProcessLauncher;
 class RunLoop;
 class Screens;
+class SharePicker;
 class SMCService;
 class UserDefaults;
 class UserNotifications;
@@ -28,17 +34,23 @@ public:
 
     virtual Appearance& appearance() = 0;
     virtual Application& application() = 0;
+    virtual Console& console() = 0;
     virtual EventMonitors& eventMonitors() = 0;
+    virtual FileCopier& fileCopier() = 0;
+    virtual FileIcons& fileIcons() = 0;
     virtual FileSystem& fileSystem() = 0;
+    virtual FileViewer& fileViewer() = 0;
     virtual Formatting& formatting() = 0;
     virtual HostStatistics& hostStatistics() = 0;
     virtual LogSink& log() = 0;
     virtual NowPlayingService& nowPlaying() = 0;
     virtual PanelWindows& panelWindows() = 0;
+    virtual Pasteboard& pasteboard() = 0;
     virtual PowerSources& powerSources() = 0;
     virtual ProcessLauncher& processLauncher() = 0;
     virtual RunLoop& runLoop() = 0;
     virtual Screens& screens() = 0;
+    virtual SharePicker& sharePicker() = 0;
     virtual SMCService& smc() = 0;
     virtual UserDefaults& userDefaults() = 0;
     virtual UserNotifications& userNotifications() = 0;

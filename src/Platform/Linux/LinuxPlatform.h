@@ -28,17 +28,23 @@ public:
 
     Appearance& appearance() override { return appearance_; }
     Application& application() override { return desktop_.application; }
+    Console& console() override { return console_; }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
+    FileCopier& fileCopier() override { return fileCopier_; }
+    FileIcons& fileIcons() override { return fileIcons_; }
     FileSystem& fileSystem() override { return fileSystem_; }
+    FileViewer& fileViewer() override { return fileViewer_; }
     Formatting& formatting() override { return formatting_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
     LogSink& log() override { return log_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
+    Pasteboard& pasteboard() override { return pasteboard_; }
     PowerSources& powerSources() override { return powerSources_; }
     ProcessLauncher& processLauncher() override { return processLauncher_; }
     RunLoop& runLoop() override { return runLoop_; }
     Screens& screens() override { return desktop_.screens; }
+    SharePicker& sharePicker() override { return sharePicker_; }
     SMCService& smc() override { return smc_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }

@@ -2,6 +2,7 @@
 
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Platform.h"
+#include "Platform/Simulated/SimulatedFiles.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
@@ -14,17 +15,23 @@ class SimulatedPlatform : public Platform {
 public:
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
+    SimulatedConsole consolePort;
     SimulatedEventMonitors eventMonitorsPort;
+    SimulatedFileIcons fileIconsPort;
     SimulatedFileSystem fileSystemPort;
+    SimulatedFileCopier fileCopierPort{fileSystemPort};
+    SimulatedFileViewer fileViewerPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
     SimulatedHostStatistics hostStatisticsPort;
     SimulatedLog logPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
+    SimulatedPasteboard pasteboardPort;
     SimulatedPowerSources powerSourcesPort;
     SimulatedProcessLauncher processLauncherPort;
     SimulatedRunLoop runLoopPort;
     SimulatedScreens screensPort;
+    SimulatedSharePicker sharePickerPort;
     SimulatedSMCService smcPort;
     SimulatedUserDefaults userDefaultsPort;
     SimulatedUserNotifications userNotificationsPort;
@@ -32,17 +39,23 @@ public:
 
     Appearance& appearance() override { return appearancePort; }
     Application& application() override { return applicationPort; }
+    Console& console() override { return consolePort; }
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
+    FileCopier& fileCopier() override { return fileCopierPort; }
+    FileIcons& fileIcons() override { return fileIconsPort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
+    FileViewer& fileViewer() override { return fileViewerPort; }
     Formatting& formatting() override { return formattingPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
     LogSink& log() override { return logPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
     PanelWindows& panelWindows() override { return panelWindowsPort; }
+    Pasteboard& pasteboard() override { return pasteboardPort; }
     PowerSources& powerSources() override { return powerSourcesPort; }
     ProcessLauncher& processLauncher() override { return processLauncherPort; }
     RunLoop& runLoop() override { return runLoopPort; }
     Screens& screens() override { return screensPort; }
+    SharePicker& sharePicker() override { return sharePickerPort; }
     SMCService& smc() override { return smcPort; }
     UserDefaults& userDefaults() override { return userDefaultsPort; }
     UserNotifications& userNotifications() override { return userNotificationsPort; }

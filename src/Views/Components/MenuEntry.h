@@ -9,6 +9,8 @@ namespace orvelle {
 struct MenuEntry {
     std::string title;
     std::function<void()> perform;
+    bool isDestructive = false;  ///< takes something away for good, and is coloured so
+    bool followsDivider = false; ///< a line stands above it
 };
 
 } // namespace orvelle
