@@ -4,8 +4,10 @@
 #include "Platform/Linux/LinuxDesktop.h"
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Platform.h"
+#include "Platform/Qt/QtImageCodec.h"
 #include "Platform/Qt/QtRunLoop.h"
 #include "Platform/Simulated/SimulatedMachine.h"
+#include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 
 namespace orvelle {
@@ -18,6 +20,9 @@ public:
     Appearance& appearance() override { return appearance_; }
     Application& application() override { return desktop_.application; }
     Console& console() override { return console_; }
+    DistributedNotificationCenter& distributedNotifications() override {
+        return distributedNotifications_;
+    }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     FileCopier& fileCopier() override { return fileCopier_; }
     FileIcons& fileIcons() override { return fileIcons_; }
@@ -25,6 +30,7 @@ public:
     FileViewer& fileViewer() override { return fileViewer_; }
     Formatting& formatting() override { return formatting_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
+    ImageCodec& imageCodec() override { return imageCodec_; }
     LogSink& log() override { return log_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
@@ -32,16 +38,24 @@ public:
     PowerSources& powerSources() override { return powerSources_; }
     ProcessLauncher& processLauncher() override { return processLauncher_; }
     RunLoop& runLoop() override { return runLoop_; }
+    RunningApplications& runningApplications() override { return runningApplications_; }
     Screens& screens() override { return desktop_.screens; }
+    ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
     SharePicker& sharePicker() override { return sharePicker_; }
     SMCService& smc() override { return smc_; }
+    UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
     Workspace& workspace() override { return workspace_; }
 
 private:
+    SimulatedDistributedNotificationCenter distributedNotifications_;
+    QtImageCodec imageCodec_;
     StandardLog log_;
     QtRunLoop runLoop_;
+    SimulatedRunningApplications runningApplications_;
+    SimulatedScriptExecutor scriptExecutor_;
+    SimulatedUrlData urlData_;
     SimulatedUserDefaults userDefaults_;
     LinuxDesktop desktop_{userDefaults_};
     IcuFormatting formatting_;

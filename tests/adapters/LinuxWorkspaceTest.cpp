@@ -2,6 +2,7 @@
 
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Support/TemporaryFolder.h"
+#include "Support/TemporaryVariable.h"
 #include "adapters/EventLoopWait.h"
 
 #include <gtest/gtest.h>
@@ -62,6 +63,24 @@ TEST_F(LinuxWorkspaceTest, AnAddressWithoutASchemeIsRefused) {
     programs.writeProgram("xdg-open");
     EXPECT_EQ(opened("XFCE", "--help"), "");
     EXPECT_EQ(opened("XFCE", ""), "");
+}
+
+TEST_F(LinuxWorkspaceTest, AnApplicationIsFoundByItsDesktopEntryAndLaunched) {
+    TemporaryFolder data;
+    const TemporaryVariable home("XDG_DATA_HOME", data.path().c_str());
+    data.write("applications/spotify.desktop", "[Desktop Entry]");
+    data.write("applications/org.example.Player.desktop", "[Desktop Entry]");
+    LinuxWorkspace workspace(log, {QStringLiteral("GNOME"), path()});
+    const auto player = "file://" + data.path("applications/org.example.Player.desktop");
+    EXPECT_EQ(workspace.applicationUrl("org.example.Player"), player);
+    EXPECT_EQ(workspace.applicationUrl("com.spotify.client"),
+              "file://" + data.path("applications/spotify.desktop"));
+    EXPECT_EQ(workspace.applicationUrl("org.example.Missing"), std::nullopt);
+    EXPECT_EQ(workspace.applicationUrl("../applications/spotify"), std::nullopt);
+
+    programs.writeProgram("gio");
+    EXPECT_EQ(opened("GNOME", player),
+              "gio launch " + data.path("applications/org.example.Player.desktop"));
 }
 
 TEST_F(LinuxWorkspaceTest, WhatNothingOpensIsLoggedOnce) {

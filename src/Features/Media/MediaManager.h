@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Models/MediaInfo.h"
+#include "Platform/NowPlayingService.h"
 #include "Platform/Platform.h"
 #include "Protocols/PluginProtocol.h"
 
@@ -20,7 +21,7 @@ public:
     void previousTrack();
 
 private:
-    Platform& platform_;
+    NowPlayingFunctions service_;
 };
 
 } // namespace orvelle

@@ -11,10 +11,11 @@
 #include "Platform/Linux/PortalAppearance.h"
 #include "Platform/Linux/PosixFileSystem.h"
 #include "Platform/Linux/ProcHostStatistics.h"
-#include "Platform/Linux/SilentNowPlayingService.h"
+#include "Platform/Linux/SilentMedia.h"
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Linux/UPowerPowerSources.h"
 #include "Platform/Platform.h"
+#include "Platform/Qt/QtImageCodec.h"
 #include "Platform/Qt/QtRunLoop.h"
 
 namespace orvelle {
@@ -29,6 +30,9 @@ public:
     Appearance& appearance() override { return appearance_; }
     Application& application() override { return desktop_.application; }
     Console& console() override { return console_; }
+    DistributedNotificationCenter& distributedNotifications() override {
+        return distributedNotifications_;
+    }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     FileCopier& fileCopier() override { return fileCopier_; }
     FileIcons& fileIcons() override { return fileIcons_; }
@@ -36,6 +40,7 @@ public:
     FileViewer& fileViewer() override { return fileViewer_; }
     Formatting& formatting() override { return formatting_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
+    ImageCodec& imageCodec() override { return imageCodec_; }
     LogSink& log() override { return log_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
@@ -43,9 +48,12 @@ public:
     PowerSources& powerSources() override { return powerSources_; }
     ProcessLauncher& processLauncher() override { return processLauncher_; }
     RunLoop& runLoop() override { return runLoop_; }
+    RunningApplications& runningApplications() override { return runningApplications_; }
     Screens& screens() override { return desktop_.screens; }
+    ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
     SharePicker& sharePicker() override { return sharePicker_; }
     SMCService& smc() override { return smc_; }
+    UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
     Workspace& workspace() override { return workspace_; }
@@ -62,6 +70,11 @@ private:
     ProcHostStatistics hostStatistics_;
     HwmonSMCService smc_;
     SilentNowPlayingService nowPlaying_;
+    SilentDistributedNotificationCenter distributedNotifications_;
+    QtImageCodec imageCodec_;
+    SilentRunningApplications runningApplications_;
+    SilentScriptExecutor scriptExecutor_;
+    SilentUrlData urlData_;
     UPowerPowerSources powerSources_;
     LinuxProcessLauncher processLauncher_;
     LinuxUserNotifications userNotifications_;

@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 #include <QUrl>
 
+#include <map>
 #include <string_view>
 
 namespace orvelle {
@@ -45,6 +46,13 @@ constexpr Counterpart counterparts[] = {
     {calendar, "", "thunderbird", "-calendar"},
 };
 
+constexpr const char* desktopEntrySuffix = ".desktop";
+
+/// The desktop entries of applications that another platform knows by another name.
+const std::map<std::string_view, std::string_view> desktopEntries{
+    {"com.spotify.client", "spotify"},
+};
+
 bool isForeign(const std::string& url) {
     return url.starts_with("x-apple.") || url.starts_with(calendar);
 }
@@ -64,6 +72,20 @@ void LinuxWorkspace::open(const std::string& url) {
     const bool opened = isForeign(url) ? openForeign(url) : openWithDesktop(url);
     if (!opened && reported_.insert(url).second)
         log_.error("Nothing here opens " + url);
+}
+
+std::optional<std::string> LinuxWorkspace::applicationUrl(const std::string& bundleIdentifier) {
+    const auto foreign = desktopEntries.find(bundleIdentifier);
+    const auto entry = QString::fromStdString(
+        foreign == desktopEntries.end() ? bundleIdentifier : std::string(foreign->second));
+    // The identifier comes from a player, and may name no file elsewhere.
+    if (entry.isEmpty() || entry.contains(u'/'))
+        return std::nullopt;
+    const auto path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation,
+                                             entry + QLatin1String(desktopEntrySuffix));
+    if (path.isEmpty())
+        return std::nullopt;
+    return QUrl::fromLocalFile(path).toEncoded().toStdString();
 }
 
 bool LinuxWorkspace::openForeign(const std::string& url) const {
@@ -89,6 +111,8 @@ bool LinuxWorkspace::openWithDesktop(const std::string& url) const {
     // An opener would take a text without a scheme for an option or for a file of its own choice.
     if (!address.isValid() || address.isRelative())
         return false;
+    if (address.isLocalFile() && address.path().endsWith(QLatin1String(desktopEntrySuffix)))
+        return start(QStringLiteral("gio"), {QStringLiteral("launch"), address.toLocalFile()});
     return start(QStringLiteral("xdg-open"), {QString::fromUtf8(address.toEncoded())});
 }
 

@@ -10,10 +10,10 @@
 
 namespace orvelle {
 
-/// Opens addresses with the desktop's opener, and those of another platform's programs and settings
-/// pages with this desktop's own ones: of the programs that serve an address the first one that
-/// belongs to the running desktop and is installed, else the first one that is installed. Main
-/// thread; what is started is left to itself.
+/// Opens addresses with the desktop's opener, applications by their desktop entries, and those of
+/// another platform's programs and settings pages with this desktop's own ones: of the programs
+/// that serve an address the first one that belongs to the running desktop and is installed, else
+/// the first one that is installed. Main thread; what is started is left to itself.
 class LinuxWorkspace : public Workspace {
 public:
     struct Environment {
@@ -26,6 +26,9 @@ public:
     LinuxWorkspace(LogSink& log, Environment environment);
 
     void open(const std::string& url) override;
+    /// The file of the desktop entry; an application's bundle identifier is the entry's name, or
+    /// the one that another platform knows it by.
+    std::optional<std::string> applicationUrl(const std::string& bundleIdentifier) override;
 
 private:
     bool openForeign(const std::string& url) const;

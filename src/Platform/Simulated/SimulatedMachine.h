@@ -7,7 +7,6 @@
 #include "Platform/FileWatch.h"
 #include "Platform/HostStatistics.h"
 #include "Platform/Log.h"
-#include "Platform/NowPlayingService.h"
 #include "Platform/PowerSources.h"
 #include "Platform/ProcessLauncher.h"
 #include "Platform/SMCService.h"
@@ -178,16 +177,6 @@ public:
     }
 };
 
-class SimulatedNowPlayingService : public NowPlayingService {
-public:
-    std::vector<std::uint32_t> commands;
-    std::vector<bool> registrations; ///< true for each call to register, false for each to end it
-
-    void registerForNotifications() override { registrations.push_back(true); }
-    void unregisterForNotifications() override { registrations.push_back(false); }
-    void sendCommand(std::uint32_t command) override { commands.push_back(command); }
-};
-
 class SimulatedProcessLauncher : public ProcessLauncher {
 public:
     std::vector<std::pair<std::string, std::vector<std::string>>> launched;
@@ -199,7 +188,12 @@ public:
 class SimulatedWorkspace : public Workspace {
 public:
     std::vector<std::string> opened;
+    std::map<std::string, std::string> applications; ///< addresses by bundle identifier
     void open(const std::string& url) override { opened.push_back(url); }
+    std::optional<std::string> applicationUrl(const std::string& bundleIdentifier) override {
+        const auto found = applications.find(bundleIdentifier);
+        return found == applications.end() ? std::nullopt : std::optional(found->second);
+    }
 };
 
 class SimulatedUserNotifications : public UserNotifications {

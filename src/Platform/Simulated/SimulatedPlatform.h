@@ -4,6 +4,7 @@
 #include "Platform/Platform.h"
 #include "Platform/Simulated/SimulatedFiles.h"
 #include "Platform/Simulated/SimulatedMachine.h"
+#include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindows.h"
@@ -16,6 +17,7 @@ public:
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
     SimulatedConsole consolePort;
+    SimulatedDistributedNotificationCenter distributedNotificationsPort;
     SimulatedEventMonitors eventMonitorsPort;
     SimulatedFileIcons fileIconsPort;
     SimulatedFileSystem fileSystemPort;
@@ -23,6 +25,7 @@ public:
     SimulatedFileViewer fileViewerPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
     SimulatedHostStatistics hostStatisticsPort;
+    SimulatedImageCodec imageCodecPort;
     SimulatedLog logPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
@@ -30,9 +33,12 @@ public:
     SimulatedPowerSources powerSourcesPort;
     SimulatedProcessLauncher processLauncherPort;
     SimulatedRunLoop runLoopPort;
+    SimulatedRunningApplications runningApplicationsPort;
     SimulatedScreens screensPort;
+    SimulatedScriptExecutor scriptExecutorPort;
     SimulatedSharePicker sharePickerPort;
     SimulatedSMCService smcPort;
+    SimulatedUrlData urlDataPort;
     SimulatedUserDefaults userDefaultsPort;
     SimulatedUserNotifications userNotificationsPort;
     SimulatedWorkspace workspacePort;
@@ -40,6 +46,9 @@ public:
     Appearance& appearance() override { return appearancePort; }
     Application& application() override { return applicationPort; }
     Console& console() override { return consolePort; }
+    DistributedNotificationCenter& distributedNotifications() override {
+        return distributedNotificationsPort;
+    }
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
     FileCopier& fileCopier() override { return fileCopierPort; }
     FileIcons& fileIcons() override { return fileIconsPort; }
@@ -47,6 +56,7 @@ public:
     FileViewer& fileViewer() override { return fileViewerPort; }
     Formatting& formatting() override { return formattingPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
+    ImageCodec& imageCodec() override { return imageCodecPort; }
     LogSink& log() override { return logPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
     PanelWindows& panelWindows() override { return panelWindowsPort; }
@@ -54,9 +64,12 @@ public:
     PowerSources& powerSources() override { return powerSourcesPort; }
     ProcessLauncher& processLauncher() override { return processLauncherPort; }
     RunLoop& runLoop() override { return runLoopPort; }
+    RunningApplications& runningApplications() override { return runningApplicationsPort; }
     Screens& screens() override { return screensPort; }
+    ScriptExecutor& scriptExecutor() override { return scriptExecutorPort; }
     SharePicker& sharePicker() override { return sharePickerPort; }
     SMCService& smc() override { return smcPort; }
+    UrlData& urlData() override { return urlDataPort; }
     UserDefaults& userDefaults() override { return userDefaultsPort; }
     UserNotifications& userNotifications() override { return userNotificationsPort; }
     Workspace& workspace() override { return workspacePort; }
