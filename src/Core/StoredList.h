@@ -12,15 +12,11 @@
 
 namespace orvelle {
 
-/// A list of records that a setting holds as the bytes of a JSON array. `decode` gives none for an
-/// element that is no such record, and then the whole list is none.
+/// The records of a JSON array. `decode` gives none for an element that is no such record, and then
+/// the whole list is none.
 template <class Record, class Decode>
-std::optional<std::vector<Record>> loadStoredList(const UserDefaults& defaults,
-                                                  std::string_view key, Decode decode) {
-    const auto data = defaults.data(key);
-    if (!data)
-        return std::nullopt;
-    const auto document = Json::parse({reinterpret_cast<const char*>(data->data()), data->size()});
+std::optional<std::vector<Record>> decodeList(std::string_view bytes, Decode decode) {
+    const auto document = Json::parse(bytes);
     if (!document || !document->array())
         return std::nullopt;
     std::vector<Record> records;
@@ -34,12 +30,27 @@ std::optional<std::vector<Record>> loadStoredList(const UserDefaults& defaults,
 }
 
 template <class Record, class Encode>
-void saveStoredList(UserDefaults& defaults, std::string_view key,
-                    const std::vector<Record>& records, Encode encode) {
+std::string encodeList(const std::vector<Record>& records, Encode encode) {
     Json::Array array;
     for (const auto& record : records)
         array.push_back(encode(record));
-    const auto text = Json(std::move(array)).text();
+    return Json(std::move(array)).text();
+}
+
+/// A list of records that a setting holds as the bytes of a JSON array.
+template <class Record, class Decode>
+std::optional<std::vector<Record>> loadStoredList(const UserDefaults& defaults,
+                                                  std::string_view key, Decode decode) {
+    const auto data = defaults.data(key);
+    if (!data)
+        return std::nullopt;
+    return decodeList<Record>({reinterpret_cast<const char*>(data->data()), data->size()}, decode);
+}
+
+template <class Record, class Encode>
+void saveStoredList(UserDefaults& defaults, std::string_view key,
+                    const std::vector<Record>& records, Encode encode) {
+    const auto text = encodeList(records, encode);
     defaults.set(key, Data(text.begin(), text.end()));
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "Foundation/Date.h"
+#include "Foundation/Json.h"
 #include "Foundation/UUID.h"
 
+#include <optional>
 #include <string>
 
 namespace orvelle {
@@ -13,6 +15,10 @@ struct TodoItem {
     bool isCompleted = false;
     Date createdAt;
     bool operator==(const TodoItem&) const = default;
+
+    Json json() const;
+    /// None unless every key is there, with its type.
+    static std::optional<TodoItem> fromJson(const Json& json);
 };
 
 } // namespace orvelle

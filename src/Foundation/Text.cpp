@@ -1,0 +1,124 @@
+#include "Foundation/Text.h"
+
+#include <unicode/brkiter.h>
+#include <unicode/bytestream.h>
+#include <unicode/casemap.h>
+#include <unicode/normalizer2.h>
+#include <unicode/stringpiece.h>
+#include <unicode/uchar.h>
+#include <unicode/utext.h>
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+
+namespace orvelle::Text {
+
+namespace {
+
+using Predicate = bool (*)(UChar32);
+
+bool isBlank(UChar32 character) {
+    return character == '\t' || u_charType(character) == U_SPACE_SEPARATOR;
+}
+
+bool isBlankOrNewline(UChar32 character) {
+    constexpr UChar32 nextLine = 0x85;
+    return isBlank(character) || (character >= '\n' && character <= '\r') ||
+           character == nextLine || u_charType(character) == U_LINE_SEPARATOR ||
+           u_charType(character) == U_PARAGRAPH_SEPARATOR;
+}
+
+/// ICU counts in 32 bits; nothing that the program trims or shows is longer.
+std::int32_t length(std::string_view text) {
+    constexpr auto limit = static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max());
+    return static_cast<std::int32_t>(std::min(text.size(), limit));
+}
+
+/// A text that ICU walks over in place; positions are bytes.
+class Walk {
+public:
+    explicit Walk(std::string_view text) {
+        UErrorCode status = U_ZERO_ERROR;
+        utext_openUTF8(&text_, text.data(), length(text), &status);
+    }
+    Walk(const Walk&) = delete;
+    Walk& operator=(const Walk&) = delete;
+    ~Walk() { utext_close(&text_); }
+
+    UText* get() { return &text_; }
+
+private:
+    UText text_ = UTEXT_INITIALIZER;
+};
+
+std::string_view trimming(std::string_view text, Predicate isTrimmed) {
+    Walk walk(text);
+    std::int64_t begin = 0;
+    for (auto character = utext_next32From(walk.get(), 0);
+         character != U_SENTINEL && isTrimmed(character); character = utext_next32(walk.get()))
+        begin = utext_getNativeIndex(walk.get());
+    std::int64_t end = length(text);
+    for (auto character = utext_previous32From(walk.get(), end);
+         end > begin && isTrimmed(character); character = utext_previous32(walk.get()))
+        end = utext_getNativeIndex(walk.get());
+    return text.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
+}
+
+/// Making one costs more than using it. Main thread only.
+icu::BreakIterator* characterBoundaries() {
+    static const auto iterator = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        return std::unique_ptr<icu::BreakIterator>(
+            icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    }();
+    return iterator.get();
+}
+
+icu::StringPiece piece(std::string_view text) {
+    return {text.data(), length(text)};
+}
+
+} // namespace
+
+std::string_view trimmingBlanks(std::string_view text) {
+    return trimming(text, isBlank);
+}
+
+std::string_view trimmingBlanksAndNewlines(std::string_view text) {
+    return trimming(text, isBlankOrNewline);
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+    auto* boundaries = characterBoundaries();
+    if (!boundaries)
+        return text;
+    Walk walk(text);
+    UErrorCode status = U_ZERO_ERROR;
+    boundaries->setText(walk.get(), status);
+    std::int32_t end = U_SUCCESS(status) ? boundaries->first() : 0;
+    for (std::size_t passed = 0; passed < count; ++passed) {
+        const auto next = boundaries->next();
+        if (next == icu::BreakIterator::DONE)
+            break;
+        end = next;
+    }
+    return text.substr(0, static_cast<std::size_t>(end));
+}
+
+std::string folded(std::string_view text, std::string_view locale) {
+    const bool hasDotlessI = locale.starts_with("tr") || locale.starts_with("az");
+    UErrorCode status = U_ZERO_ERROR;
+    std::string cases;
+    icu::StringByteSink<std::string> caseSink(&cases);
+    icu::CaseMap::utf8Fold(hasDotlessI ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT,
+                           piece(text), caseSink, nullptr, status);
+    // Two ways to write an accented letter are the same letter.
+    std::string result;
+    icu::StringByteSink<std::string> resultSink(&result);
+    if (const auto* normalizer = icu::Normalizer2::getNFCInstance(status))
+        normalizer->normalizeUTF8(0, piece(cases), resultSink, nullptr, status);
+    return U_SUCCESS(status) ? result : std::string(text);
+}
+
+} // namespace orvelle::Text

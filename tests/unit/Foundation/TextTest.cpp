@@ -1,0 +1,42 @@
+#include "Foundation/Text.h"
+
+#include <gtest/gtest.h>
+
+namespace orvelle {
+namespace {
+
+TEST(TextTest, BlanksAreSpacesOfEveryKindAndTabsButNoLineEnds) {
+    EXPECT_EQ(Text::trimmingBlanks(" \t\u00a0\u2003\u3000a b\u00a0 "), "a b");
+    EXPECT_EQ(Text::trimmingBlanks("\n a \r\n"), "\n a \r\n");
+    EXPECT_EQ(Text::trimmingBlanks("   "), "");
+    EXPECT_EQ(Text::trimmingBlanks(""), "");
+}
+
+TEST(TextTest, LineEndsOfEveryKindAreCutWhereTheyAreToBe) {
+    EXPECT_EQ(Text::trimmingBlanksAndNewlines("\r\n\v\f\u0085\u2028\u2029 a\nb \n"), "a\nb");
+    EXPECT_EQ(Text::trimmingBlanksAndNewlines("\n\n"), "");
+}
+
+TEST(TextTest, BytesThatAreNoTextAreNotCut) {
+    EXPECT_EQ(Text::trimmingBlanks(" \xff\xfe "), "\xff\xfe");
+}
+
+TEST(TextTest, CharactersCountAsAReaderCountsThem) {
+    EXPECT_EQ(Text::firstCharacters("abc", 2), "ab");
+    EXPECT_EQ(Text::firstCharacters("abc", 3), "abc");
+    EXPECT_EQ(Text::firstCharacters("abc", 9), "abc");
+    EXPECT_EQ(Text::firstCharacters("", 1), "");
+    EXPECT_EQ(Text::firstCharacters("e\u0301x", 1), "e\u0301");
+    EXPECT_EQ(Text::firstCharacters("👩‍👩‍👧🇩🇪x", 2),
+              "👩‍👩‍👧🇩🇪");
+}
+
+TEST(TextTest, FoldedTextsDifferInMoreThanCase) {
+    EXPECT_EQ(Text::folded("STRASSE Éa"), Text::folded("straße e\u0301A"));
+    EXPECT_NE(Text::folded("a"), Text::folded("b"));
+    EXPECT_EQ(Text::folded("TITLE"), "title");
+    EXPECT_EQ(Text::folded("TITLE", "tr_TR"), "t\u0131tle");
+}
+
+} // namespace
+} // namespace orvelle
