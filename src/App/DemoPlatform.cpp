@@ -6,6 +6,7 @@ namespace orvelle {
 
 DemoPlatform::DemoPlatform() {
     DemoMachine::switchEverythingOn(userDefaults_);
+    DemoMachine::fill(fileSystem_);
     DemoMachine::script(powerSources_);
     DemoMachine::script(hostStatistics_);
     DemoMachine::script(smc_);

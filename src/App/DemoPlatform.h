@@ -2,10 +2,13 @@
 
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Linux/LinuxDesktop.h"
+#include "Platform/Linux/StandardConsole.h"
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Platform.h"
+#include "Platform/Qt/QtFileIcons.h"
 #include "Platform/Qt/QtImageCodec.h"
 #include "Platform/Qt/QtRunLoop.h"
+#include "Platform/Simulated/SimulatedFiles.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
@@ -49,7 +52,9 @@ public:
     Workspace& workspace() override { return workspace_; }
 
 private:
+    StandardConsole console_;
     SimulatedDistributedNotificationCenter distributedNotifications_;
+    QtFileIcons fileIcons_;
     QtImageCodec imageCodec_;
     StandardLog log_;
     QtRunLoop runLoop_;
@@ -61,8 +66,12 @@ private:
     IcuFormatting formatting_;
     SimulatedAppearance appearance_;
     SimulatedFileSystem fileSystem_;
+    SimulatedFileCopier fileCopier_{fileSystem_};
+    SimulatedFileViewer fileViewer_;
     SimulatedHostStatistics hostStatistics_;
     SimulatedNowPlayingService nowPlaying_;
+    SimulatedPasteboard pasteboard_;
+    SimulatedSharePicker sharePicker_;
     SimulatedPowerSources powerSources_;
     SimulatedProcessLauncher processLauncher_;
     SimulatedSMCService smc_;

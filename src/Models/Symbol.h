@@ -16,6 +16,7 @@ struct SymbolRow {
 inline constexpr SymbolRow symbolTable[] = {
     // clang-format off
     {"arrow.down", "arrow_down"},
+    {"arrow.down.doc", "arrow_down_doc"},
     {"arrow.up", "arrow_up"},
     {"backward.fill", "backward_fill"},
     {"battery.0", "battery_0"},
@@ -59,6 +60,7 @@ inline constexpr SymbolRow symbolTable[] = {
     {"speaker.slash.fill", "speaker_slash_fill"},
     {"speaker.wave.2", "speaker_2"},
     {"speaker.wave.2.fill", "speaker_2_fill"},
+    {"square.and.arrow.up", "square_arrow_up"},
     {"sun.max.fill", "sun_max_fill"},
     {"sun.min.fill", "sun_min_fill"},
     {"thermometer.medium", "thermometer"},

@@ -23,6 +23,7 @@ namespace {
 /// The panels that have a view of their own.
 constexpr std::pair<ActivePanel, const char*> panelViews[] = {
     {ActivePanel::battery, "BatteryPanel"},
+    {ActivePanel::fileShelf, "FileShelfView"},
     {ActivePanel::systemMonitor, "SystemMonitorPanel"},
     {ActivePanel::time, "TimeExpandedView"},
 };

@@ -18,9 +18,8 @@ namespace orvelle {
 
 namespace {
 
+constexpr const char* folderName = "FileShelf";
 constexpr std::string_view metadataName = ".shelf_metadata.json";
-/// Twenty paths of the greatest length take a fraction of this.
-constexpr std::size_t metadataLimit = 1 << 20;
 
 /// What a copy is called: names go into texts, and not every file's name is one.
 std::string shelfName(const std::string& sourcePath) {
@@ -28,16 +27,21 @@ std::string shelfName(const std::string& sourcePath) {
 }
 
 bool isUsable(std::string_view name) {
-    return !name.empty() && name != "." && name != ".." && name != metadataName &&
-           name != FileCopier::stagingName;
+    return !name.empty() && name != "." && name != ".." && name != FileCopier::stagingName &&
+           !name.starts_with(metadataName); // nor what is kept aside of it
 }
 
 } // namespace
 
 FileShelfManager::FileShelfManager(Platform& platform)
     : FeatureModule("fileShelf", "File Shelf", std::string("tray.fill"_symbol)),
-      storageDirectory(platform.fileSystem().applicationSupportDirectory() + "/Orvelle/FileShelf"),
-      metadataURL(storageDirectory + "/" + std::string(metadataName)), platform_(platform) {
+      storageDirectory(platform.fileSystem().applicationSupportDirectory() + "/Orvelle/" +
+                       folderName),
+      metadataURL(storageDirectory + "/" + std::string(metadataName)), platform_(platform),
+      metadata_(platform, std::string(folderName) + "/" + std::string(metadataName),
+                [&console = platform.console()](const std::string& reason) {
+                    console.print("FileShelfManager: Failed to save metadata: " + reason);
+                }) {
     platform.fileCopier().makeFolder(storageDirectory);
     loadMetadata();
 }
@@ -152,31 +156,18 @@ bool FileShelfManager::isOfShelf(std::string_view path) const {
 }
 
 void FileShelfManager::loadMetadata() {
-    const auto contents = platform_.fileSystem().read(metadataURL, metadataLimit);
-    if (contents.failure)
-        return;
     std::vector<ShelfItem> loaded;
-    const auto document = Json::parse(contents.bytes);
-    if (!document || !document->array())
-        return;
-    for (const auto& element : *document->array()) {
-        const auto entry = shelfItemMetadataFrom(element);
-        if (!entry)
-            return;
-        if (isOfShelf(entry->urlPath) && platform_.fileCopier().info(entry->urlPath))
-            loaded.emplace_back(FileURL::ofPath(entry->urlPath), retentionHours, platform_);
-    }
+    for (const auto& entry : metadata_.load<ShelfItemMetadata>(shelfItemMetadataFrom).records)
+        if (isOfShelf(entry.urlPath) && platform_.fileCopier().info(entry.urlPath))
+            loaded.emplace_back(FileURL::ofPath(entry.urlPath), retentionHours, platform_);
     items = std::move(loaded);
 }
 
 void FileShelfManager::saveMetadata() {
-    Json::Array entries;
+    std::vector<ShelfItemMetadata> entries;
     for (const auto& item : items.get())
-        entries.push_back(jsonOf(
-            {FileURL::path(item.url).value_or(""), item.addedAt, item.expiresAt}));
-    if (!platform_.fileSystem().write(metadataURL, Json(std::move(entries)).text()))
-        platform_.console().print(
-            "FileShelfManager: Failed to save metadata: The file could not be written.");
+        entries.push_back({FileURL::path(item.url).value_or(""), item.addedAt, item.expiresAt});
+    metadata_.save(std::move(entries), jsonOf);
 }
 
 } // namespace orvelle

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Core/ListFile.h"
 #include "Core/TaskQueue.h"
 #include "Models/ShelfItem.h"
 #include "Platform/Platform.h"
@@ -8,6 +9,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,7 +61,8 @@ private:
     void saveMetadata();
 
     Platform& platform_;
-    TaskQueue diskTasks_;
+    ListFile metadata_;
+    TaskQueue diskTasks_; ///< copies and removals
 };
 
 } // namespace orvelle

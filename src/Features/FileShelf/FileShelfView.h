@@ -2,6 +2,7 @@
 
 #include "App/Constants.h"
 #include "Extensions/ColorTheme.h"
+#include "Foundation/Date.h"
 #include "Foundation/UUID.h"
 #include "Platform/Platform.h"
 #include "Views/Components/MenuEntry.h"
@@ -22,8 +23,8 @@ struct ShelfItem;
 
 /// A file of the grid: its icon over its name. Lengths are points.
 struct ShelfItemCell {
-    static constexpr double spacing = 4;
-    static constexpr double padding = 4; ///< on all sides
+    static constexpr double cellSpacing = 4; ///< between icon and name
+    static constexpr double cellPadding = 4; ///< on all sides
     static constexpr double iconSize = AppConstants::FileShelf::iconSize;
     static constexpr double nameWidth = 60; ///< at most; longer names lose their middle
 

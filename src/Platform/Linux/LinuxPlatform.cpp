@@ -19,7 +19,8 @@ LinuxPlatform::LinuxPlatform()
     : appearance_(runLoop_, &QDBusConnection::sessionBus, kdeSettingsFile()),
       powerSources_(runLoop_, &QDBusConnection::systemBus),
       processLauncher_(runLoop_, log_, &QDBusConnection::systemBus, &QDBusConnection::sessionBus,
-                       qEnvironmentVariable("XDG_SESSION_ID")) {}
+                       qEnvironmentVariable("XDG_SESSION_ID")),
+      fileViewer_(runLoop_, log_, workspace_, &QDBusConnection::sessionBus) {}
 
 LinuxPlatform::~LinuxPlatform() {
     userDefaults_.flush();

@@ -2,20 +2,26 @@
 
 #include "Platform/FileUserDefaults.h"
 #include "Platform/Icu/IcuFormatting.h"
+#include "Platform/Linux/BusFileViewer.h"
 #include "Platform/Linux/HwmonSMCService.h"
 #include "Platform/Linux/InotifyFileWatch.h"
 #include "Platform/Linux/LinuxDesktop.h"
 #include "Platform/Linux/LinuxProcessLauncher.h"
+#include "Platform/Linux/LinuxSharePicker.h"
 #include "Platform/Linux/LinuxUserNotifications.h"
 #include "Platform/Linux/LinuxWorkspace.h"
 #include "Platform/Linux/PortalAppearance.h"
+#include "Platform/Linux/PosixFileCopier.h"
 #include "Platform/Linux/PosixFileSystem.h"
 #include "Platform/Linux/ProcHostStatistics.h"
 #include "Platform/Linux/SilentMedia.h"
+#include "Platform/Linux/StandardConsole.h"
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Linux/UPowerPowerSources.h"
 #include "Platform/Platform.h"
+#include "Platform/Qt/QtFileIcons.h"
 #include "Platform/Qt/QtImageCodec.h"
+#include "Platform/Qt/QtPasteboard.h"
 #include "Platform/Qt/QtRunLoop.h"
 
 namespace orvelle {
@@ -59,7 +65,9 @@ public:
     Workspace& workspace() override { return workspace_; }
 
 private:
+    StandardConsole console_;
     StandardLog log_;
+    PosixFileCopier fileCopier_;
     PosixFileSystem fileSystem_;
     QtRunLoop runLoop_;
     InotifyFileWatch fileWatch_;
@@ -71,7 +79,10 @@ private:
     HwmonSMCService smc_;
     SilentNowPlayingService nowPlaying_;
     SilentDistributedNotificationCenter distributedNotifications_;
+    QtFileIcons fileIcons_;
     QtImageCodec imageCodec_;
+    QtPasteboard pasteboard_;
+    LinuxSharePicker sharePicker_{pasteboard_};
     SilentRunningApplications runningApplications_;
     SilentScriptExecutor scriptExecutor_;
     SilentUrlData urlData_;
@@ -79,6 +90,7 @@ private:
     LinuxProcessLauncher processLauncher_;
     LinuxUserNotifications userNotifications_;
     LinuxWorkspace workspace_{log_, LinuxWorkspace::Environment::ofProcess()};
+    BusFileViewer fileViewer_;
 };
 
 } // namespace orvelle

@@ -2,6 +2,7 @@
 
 namespace orvelle {
 
+class SimulatedFileSystem;
 class SimulatedHostStatistics;
 class SimulatedPowerSources;
 class SimulatedSMCService;
@@ -12,6 +13,8 @@ class UserDefaults;
 namespace DemoMachine {
 
 void switchEverythingOn(UserDefaults& defaults);
+/// Puts files on the shelf.
+void fill(SimulatedFileSystem& files);
 void script(SimulatedPowerSources& power);
 void script(SimulatedHostStatistics& statistics);
 void script(SimulatedSMCService& smc);

@@ -7,10 +7,10 @@ Rectangle {
 
     property string title
     property bool isHighlighted
+    property bool isDestructive
     signal entered
     signal picked
 
-    width: Math.max(parent.implicitWidth, implicitWidth)
     implicitWidth: Math.max(140, caption.implicitWidth + 20)
     implicitHeight: 24
     radius: 5
@@ -26,7 +26,7 @@ Rectangle {
         text: root.title
         textFormat: Text.PlainText
         font.pixelSize: 13
-        color: Style.textColor
+        color: root.isDestructive ? Style.destructiveColor : Style.textColor
     }
     MouseArea {
         anchors.fill: parent

@@ -2,6 +2,14 @@
 
 namespace orvelle {
 
+QVariantList MenuValue::lines() const {
+    QVariantList lines;
+    for (const auto& entry : entries)
+        lines.append(QVariant::fromValue(MenuLineValue{
+            QString::fromStdString(entry.title), entry.isDestructive, entry.followsDivider}));
+    return lines;
+}
+
 QStringList MenuValue::titles() const {
     QStringList titles;
     for (const auto& entry : entries)
