@@ -73,6 +73,8 @@ private:
             return errno;
         if (const int failure = copyFileData(source.get(), file.get(), cancelled_))
             return failure;
+        const timespec times[] = {status.st_atim, status.st_mtim};
+        futimens(file.get(), times); // a copy is as old as its source
         return fsync(file.get()) == 0 ? 0 : errno;
     }
 
