@@ -63,6 +63,11 @@ void Tour::addStops() {
                               state.expandedState = NotchExpandedState::expanded;
                           }});
     }
+    stops_.push_back({QStringLiteral("fileShelf-empty"), [&] {
+                          app_.fileShelfManager.items = std::vector<ShelfItem>();
+                          state.activePanel = ActivePanel::fileShelf;
+                      }});
+    stops_.push_back({QStringLiteral("fileShelf-drag"), [&] { state.isDragSessionActive = true; }});
 }
 
 void Tour::next() {

@@ -21,13 +21,13 @@ bool equalIgnoringCase(std::string_view left, std::string_view right) {
 /// What stands for itself in a path: the unreserved characters of RFC 3986 and the separator.
 bool standsForItself(char letter) {
     constexpr std::string_view others = "-._~/";
-    return (lowered(letter) >= 'a' && lowered(letter) <= 'z') ||
-           (letter >= '0' && letter <= '9') || others.find(letter) != others.npos;
+    return (lowered(letter) >= 'a' && lowered(letter) <= 'z') || (letter >= '0' && letter <= '9') ||
+           others.find(letter) != others.npos;
 }
 
 std::optional<int> hexadecimal(char digit) {
-    const auto value = digits.find(digit >= 'a' && digit <= 'f' ? static_cast<char>(digit - 32)
-                                                                : digit);
+    const auto value =
+        digits.find(digit >= 'a' && digit <= 'f' ? static_cast<char>(digit - 32) : digit);
     return value == digits.npos ? std::nullopt : std::optional(static_cast<int>(value));
 }
 

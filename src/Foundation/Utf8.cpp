@@ -24,15 +24,15 @@ std::size_t sequenceLength(std::string_view text) {
     if (first >= 0xC2 && first <= 0xDF)
         return isContinuation(second) ? 2 : 0;
     if (first >= 0xE0 && first <= 0xEF) {
-        const bool isWhole = isContinuation(second, first == 0xE0 ? 0xA0 : 0x80,
-                                            first == 0xED ? 0x9F : 0xBF) &&
-                             isContinuation(byteAt(text, 2));
+        const bool isWhole =
+            isContinuation(second, first == 0xE0 ? 0xA0 : 0x80, first == 0xED ? 0x9F : 0xBF) &&
+            isContinuation(byteAt(text, 2));
         return isWhole ? 3 : 0;
     }
     if (first >= 0xF0 && first <= 0xF4) {
-        const bool isWhole = isContinuation(second, first == 0xF0 ? 0x90 : 0x80,
-                                            first == 0xF4 ? 0x8F : 0xBF) &&
-                             isContinuation(byteAt(text, 2)) && isContinuation(byteAt(text, 3));
+        const bool isWhole =
+            isContinuation(second, first == 0xF0 ? 0x90 : 0x80, first == 0xF4 ? 0x8F : 0xBF) &&
+            isContinuation(byteAt(text, 2)) && isContinuation(byteAt(text, 3));
         return isWhole ? 4 : 0;
     }
     return 0;

@@ -25,8 +25,7 @@ public:
     virtual bool prepareForDragOperation() = 0;
     /// `fileURLs` is what the drag held, in its order; none when it could not be read. True when
     /// something was taken.
-    virtual bool
-    performDragOperation(const std::optional<std::vector<std::string>>& fileURLs) = 0;
+    virtual bool performDragOperation(const std::optional<std::vector<std::string>>& fileURLs) = 0;
 };
 
 } // namespace orvelle

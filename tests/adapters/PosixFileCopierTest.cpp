@@ -54,8 +54,7 @@ TEST_F(PosixFileCopierTest, CopiesAFileForTheUserAlone) {
     EXPECT_EQ(fileBytes(shelf + "/a.txt"), "hello");
     EXPECT_EQ(statusOf(shelf + "/a.txt").st_mode & 0777, 0600u);
     EXPECT_EQ(statusOf(shelf).st_mode & 0777, 0700u);
-    EXPECT_EQ(statusOf(shelf + "/a.txt").st_mtim.tv_sec,
-              statusOf(home / "a.txt").st_mtim.tv_sec);
+    EXPECT_EQ(statusOf(shelf + "/a.txt").st_mtim.tv_sec, statusOf(home / "a.txt").st_mtim.tv_sec);
     expectOnShelf({"a.txt"});
 }
 

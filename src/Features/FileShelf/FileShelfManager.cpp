@@ -98,9 +98,8 @@ void FileShelfManager::copied(const std::string& path, const std::optional<std::
         return reportFailure(*failure);
     if (size <= 0)
         return platform_.console().print("FileShelfManager: Copy produced 0-byte file, removing");
-    items.update([&](auto& list) {
-        list.emplace_back(FileURL::ofPath(path), retentionHours, platform_);
-    });
+    items.update(
+        [&](auto& list) { list.emplace_back(FileURL::ofPath(path), retentionHours, platform_); });
     saveMetadata();
 }
 
@@ -122,8 +121,7 @@ void FileShelfManager::removeFromDisk(const ShelfItem& item) {
         return;
     diskTasks_.add([this, path](std::function<void()> finished) {
         return platform_.runLoop().detach(
-            [&copier = platform_.fileCopier(), path] { copier.remove(path); },
-            std::move(finished));
+            [&copier = platform_.fileCopier(), path] { copier.remove(path); }, std::move(finished));
     });
 }
 

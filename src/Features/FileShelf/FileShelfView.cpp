@@ -107,9 +107,8 @@ std::vector<MenuEntry> FileShelfView::contextMenu(UUID id) const {
     // The menu may outlive the view that opened it.
     const auto act = [&manager = manager_, &platform = platform_,
                       id](void (FileShelfView::*action)(UUID)) {
-        return [&manager, &platform, id, action] {
-            (FileShelfView(manager, platform).*action)(id);
-        };
+        return
+            [&manager, &platform, id, action] { (FileShelfView(manager, platform).*action)(id); };
     };
     return {
         {"Open", act(&FileShelfView::open)},
@@ -136,9 +135,8 @@ bool FileShelfView::handleDrop(const std::vector<DroppedProvider>& providers) {
         const auto* data = std::get_if<DroppedProvider::DataRepresentation>(&item);
         if (!url && !data)
             return;
-        platform.runLoop().post([&manager, address = url ? url->url : data->bytes] {
-            manager.addFile(address);
-        });
+        platform.runLoop().post(
+            [&manager, address = url ? url->url : data->bytes] { manager.addFile(address); });
     };
     for (const auto& provider : providers)
         provider.loadItem(take);

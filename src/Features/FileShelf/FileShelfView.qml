@@ -56,7 +56,7 @@ FocusScope {
                 view: shelf
                 focus: true
                 x: shelf.gridPadding
-                width: parent.width - 2 * x
+                columnsWidth: parent.width - 2 * x
                 anchors.top: parent.top
                 anchors.bottom: shareAll.top
                 anchors.bottomMargin: shelf.spacing

@@ -7,6 +7,7 @@ GridView {
     id: root
 
     property FileShelfBinding view
+    property real columnsWidth
     readonly property string currentId: currentItem ? currentItem.entry.id : ""
 
     clip: true
@@ -14,10 +15,10 @@ GridView {
     keyNavigationEnabled: true
     activeFocusOnTab: true
     model: view.cells
-    // Each cell with the gap behind it; the last gap of a row lies outside.
-    width: parent.width
-    rightMargin: -view.columnSpacing
-    cellWidth: view.columnWidth(width) + view.columnSpacing
+    // Each cell bears the gap behind it, so the last gap of a row lies outside. What is taken off
+    // keeps a rounded sum from being wider than the row.
+    width: columnsWidth + view.columnSpacing
+    cellWidth: view.columnWidth(columnsWidth) + view.columnSpacing - 0.001
     cellHeight: cellMetrics.height + view.gridSpacing
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Files")

@@ -21,9 +21,8 @@ BusFileViewer::BusFileViewer(RunLoop& runLoop, LogSink& log, Workspace& workspac
 void BusFileViewer::select(const std::vector<std::string>& urls) {
     if (urls.empty())
         return;
-    connecting_ = withBus(runLoop_, bus_, [this, urls](const QDBusConnection& connection) {
-        ask(connection, urls);
-    });
+    connecting_ = withBus(
+        runLoop_, bus_, [this, urls](const QDBusConnection& connection) { ask(connection, urls); });
 }
 
 void BusFileViewer::ask(const QDBusConnection& connection, const std::vector<std::string>& urls) {

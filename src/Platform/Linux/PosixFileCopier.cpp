@@ -41,8 +41,8 @@ int openSource(int folder, const char* name, int linkFlag, Descriptor& opened,
     if (!isCopied())
         return EINVAL;
     const int noFollow = linkFlag ? O_NOFOLLOW : 0;
-    opened = Descriptor(
-        openat(folder, name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | noFollow));
+    opened =
+        Descriptor(openat(folder, name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | noFollow));
     if (!opened || fstat(opened.get(), &status) != 0)
         return errno;
     return isCopied() ? 0 : EINVAL;
@@ -67,8 +67,8 @@ private:
     int copyFile(const Descriptor& source, const struct stat& status, int into,
                  const char* name) const {
         const mode_t mode = status.st_mode & S_IXUSR ? 0700 : 0600;
-        const Descriptor file(openat(
-            into, name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+        const Descriptor file(
+            openat(into, name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
         if (!file)
             return errno;
         if (const int failure = copyFileData(source.get(), file.get(), cancelled_))
@@ -181,7 +181,8 @@ FileCopier::Outcome PosixFileCopier::copy(const std::string& source, const std::
                                           const std::atomic<bool>& cancelled) {
     if (!isSingleName(name))
         return failed("The file's name cannot be used.");
-    struct stat status {}, shelf {};
+    struct stat status {
+    }, shelf{};
     Descriptor opened;
     if (const int failure = openSource(AT_FDCWD, source.c_str(), 0, opened, status))
         return failed(failure == EINVAL ? "It is neither a file nor a folder." : describe(failure));

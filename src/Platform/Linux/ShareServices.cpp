@@ -36,9 +36,8 @@ ShareServices::servicesFor(const std::vector<std::string>& urls) const {
     std::vector<Service> services;
     offer(QStringLiteral("Mail"), mailSenders(), urls, services);
     offer(QStringLiteral("Send to Device"), deviceSenders(), urls, services);
-    services.push_back({QStringLiteral("Copy"), [&pasteboard = pasteboard_, urls] {
-                            pasteboard.writeFiles(urls);
-                        }});
+    services.push_back({QStringLiteral("Copy"),
+                        [&pasteboard = pasteboard_, urls] { pasteboard.writeFiles(urls); }});
     return services;
 }
 

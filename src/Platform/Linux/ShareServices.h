@@ -11,8 +11,9 @@
 
 namespace orvelle {
 
-/// The ways in which this desktop hands files on: by mail as attachments, to a paired device, and by
-/// copying them. Only what is installed is offered. What is started is left to itself. Main thread.
+/// The ways in which this desktop hands files on: by mail as attachments, to a paired device, and
+/// by copying them. Only what is installed is offered. What is started is left to itself. Main
+/// thread.
 class ShareServices {
 public:
     struct Service {

@@ -64,7 +64,7 @@ private:
     std::unique_ptr<Window> window_;
     X11KeyFocus focus_;
     std::optional<X11FileDrag> fileDrag_; ///< there from the window's making on
-    QRegion shape_; ///< empty until the views told it
+    QRegion shape_;                       ///< empty until the views told it
     PointerEvents pointerEvents_;
     PointerTracker pointer_;
     QTimer unsurePointer_;

@@ -88,8 +88,8 @@ void X11SelectionReader::takePiece() {
 }
 
 std::optional<std::string> X11SelectionReader::take(xcb_atom_t property, xcb_atom_t& type) {
-    const auto cookie = xcb_get_property(X11::connection(), 1, window_, property, XCB_ATOM_ANY, 0,
-                                         maximumSize / 4);
+    const auto cookie =
+        xcb_get_property(X11::connection(), 1, window_, property, XCB_ATOM_ANY, 0, maximumSize / 4);
     const X11::Reply<xcb_get_property_reply_t> reply(
         xcb_get_property_reply(X11::connection(), cookie, nullptr));
     if (!reply || reply->bytes_after)

@@ -22,7 +22,7 @@ constexpr Choice choices[] = {
 };
 
 /// What desktops bring when nobody has chosen.
-constexpr const char* common[] = {"breeze-dark", "breeze", "Papirus-Dark", "Papirus",
+constexpr const char* common[] = {"breeze-dark", "breeze",  "Papirus-Dark",    "Papirus",
                                   "Yaru",        "Adwaita", "elementary-xfce", "gnome"};
 
 } // namespace

@@ -34,8 +34,9 @@ Image imageFrom(const QImage& picture) {
 
 /// In the middle of the square, enlarged when the theme has none so large.
 QImage inSquare(const QIcon& icon, int side) {
-    const auto drawn = icon.pixmap(QSize(side, side), 1.0).toImage().scaled(
-        side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const auto drawn = icon.pixmap(QSize(side, side), 1.0)
+                           .toImage()
+                           .scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     QImage square(side, side, QImage::Format_RGBA8888);
     square.fill(Qt::transparent);
     QPainter painter(&square);
@@ -65,8 +66,7 @@ void QtFileIcons::chooseTheme() const {
     if (isThemeChosen_)
         return;
     isThemeChosen_ = true;
-    const auto configHome =
-        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    const auto configHome = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     QIcon::setThemeName(IconTheme::choose(configHome, &IconTheme::isInstalled));
     if (IconTheme::isInstalled(QStringLiteral("Adwaita")))
         QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));

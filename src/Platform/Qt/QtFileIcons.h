@@ -6,8 +6,8 @@
 
 namespace orvelle {
 
-/// Types from the desktop's MIME database, pictures from the icon theme that the user chose. Nothing
-/// of either is read before it is asked for.
+/// Types from the desktop's MIME database, pictures from the icon theme that the user chose.
+/// Nothing of either is read before it is asked for.
 class QtFileIcons : public FileIcons {
 public:
     std::optional<std::string> type(const std::string& name) const override;

@@ -45,8 +45,8 @@ QSGNode* FileIconItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
     if (engine && (isPictureOutdated_ || !node)) {
         isPictureOutdated_ = false;
         const double side = std::min(width(), height()) * window()->effectiveDevicePixelRatio();
-        const auto picture = engine->environment().platform.fileIcons().picture(
-            icon_.toStdString(), qRound(side));
+        const auto picture =
+            engine->environment().platform.fileIcons().picture(icon_.toStdString(), qRound(side));
         if (!picture.pixels()) {
             delete node;
             return nullptr;

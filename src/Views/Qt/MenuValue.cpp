@@ -5,8 +5,8 @@ namespace orvelle {
 QVariantList MenuValue::lines() const {
     QVariantList lines;
     for (const auto& entry : entries)
-        lines.append(QVariant::fromValue(MenuLineValue{
-            QString::fromStdString(entry.title), entry.isDestructive, entry.followsDivider}));
+        lines.append(QVariant::fromValue(MenuLineValue{QString::fromStdString(entry.title),
+                                                       entry.isDestructive, entry.followsDivider}));
     return lines;
 }
 

@@ -215,9 +215,8 @@ TEST_F(FileShelfManagerTest, AListsFileOfAnotherFormIsOfNoUse) {
 }
 
 TEST_F(FileShelfManagerTest, WhatLiesOutsideTheFolderIsNeverListedAndSoNeverDeleted) {
-    for (const auto& path :
-         {std::string("/home/precious.txt"), folder + "/../../precious.txt", listFile,
-          folder + "/.incoming/half.txt", folder + "/.."}) {
+    for (const auto& path : {std::string("/home/precious.txt"), folder + "/../../precious.txt",
+                             listFile, folder + "/.incoming/half.txt", folder + "/.."}) {
         files()[path] = "precious";
         files()[listFile] = R"([{"urlPath":")" + path + R"(","addedAt":1,"expiresAt":2}])";
         restart();
@@ -225,8 +224,8 @@ TEST_F(FileShelfManagerTest, WhatLiesOutsideTheFolderIsNeverListedAndSoNeverDele
     }
 }
 
-class UnusableName : public FileShelfManagerTest, public testing::WithParamInterface<const char*> {
-};
+class UnusableName : public FileShelfManagerTest,
+                     public testing::WithParamInterface<const char*> {};
 
 TEST_P(UnusableName, IsRefused) {
     files()["/home/x"] = "x";
