@@ -12,6 +12,7 @@ DemoPlatform::DemoPlatform() {
     DemoMachine::script(nowPlaying_, runLoop_);
     DemoMachine::script(camera_);
     DemoMachine::script(eventStore_);
+    DemoMachine::fill(fileSystem_);
     DemoMachine::script(powerSources_);
     DemoMachine::script(hostStatistics_);
     DemoMachine::script(smc_);

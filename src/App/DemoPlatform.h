@@ -2,8 +2,10 @@
 
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Linux/LinuxDesktop.h"
+#include "Platform/Linux/StandardConsole.h"
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Platform.h"
+#include "Platform/Qt/QtFileIcons.h"
 #include "Platform/Qt/QtImageCodec.h"
 #include "Platform/Qt/QtRunLoop.h"
 #include "Platform/Simulated/SimulatedAudioHardware.h"
@@ -11,6 +13,7 @@
 #include "Platform/Simulated/SimulatedLoginItem.h"
 #include "Platform/Simulated/SimulatedCameraService.h"
 #include "Platform/Simulated/SimulatedEventStore.h"
+#include "Platform/Simulated/SimulatedFiles.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
@@ -26,13 +29,17 @@ public:
     Application& application() override { return desktop_.application; }
     AudioHardware& audioHardware() override { return audioHardware_; }
     DisplayBrightness& displayBrightness() override { return displayBrightness_; }
+    Console& console() override { return console_; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotifications_;
     }
     CameraService& camera() override { return camera_; }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     EventStore& eventStore() override { return eventStore_; }
+    FileCopier& fileCopier() override { return fileCopier_; }
+    FileIcons& fileIcons() override { return fileIcons_; }
     FileSystem& fileSystem() override { return fileSystem_; }
+    FileViewer& fileViewer() override { return fileViewer_; }
     Formatting& formatting() override { return formatting_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
     ImageCodec& imageCodec() override { return imageCodec_; }
@@ -40,12 +47,14 @@ public:
     LoginItem& loginItem() override { return loginItem_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
+    Pasteboard& pasteboard() override { return pasteboard_; }
     PowerSources& powerSources() override { return powerSources_; }
     ProcessLauncher& processLauncher() override { return processLauncher_; }
     RunLoop& runLoop() override { return runLoop_; }
     RunningApplications& runningApplications() override { return runningApplications_; }
     Screens& screens() override { return desktop_.screens; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
+    SharePicker& sharePicker() override { return sharePicker_; }
     SMCService& smc() override { return smc_; }
     StatusBar& statusBar() override { return desktop_.statusBar; }
     UrlData& urlData() override { return urlData_; }
@@ -54,7 +63,9 @@ public:
     Workspace& workspace() override { return workspace_; }
 
 private:
+    StandardConsole console_;
     SimulatedDistributedNotificationCenter distributedNotifications_;
+    QtFileIcons fileIcons_;
     QtImageCodec imageCodec_;
     StandardLog log_;
     QtRunLoop runLoop_;
@@ -70,9 +81,13 @@ private:
     SimulatedAudioHardware audioHardware_;
     SimulatedDisplayBrightness displayBrightness_;
     SimulatedFileSystem fileSystem_;
+    SimulatedFileCopier fileCopier_{fileSystem_};
+    SimulatedFileViewer fileViewer_;
     SimulatedHostStatistics hostStatistics_;
     SimulatedLoginItem loginItem_;
     SimulatedNowPlayingService nowPlaying_;
+    SimulatedPasteboard pasteboard_;
+    SimulatedSharePicker sharePicker_;
     SimulatedPowerSources powerSources_;
     SimulatedProcessLauncher processLauncher_;
     SimulatedSMCService smc_;

@@ -96,6 +96,11 @@ void Tour::addMediaStops() {
     add("media-none-system", "system", nothing);
     add("media-none-custom", "custom", nothing);
     add("media-none-multicolor", "multicolor", nothing);
+    stops_.push_back({QStringLiteral("fileShelf-empty"), [&] {
+                          app_.fileShelfManager.items = std::vector<ShelfItem>();
+                          state.activePanel = ActivePanel::fileShelf;
+                      }});
+    stops_.push_back({QStringLiteral("fileShelf-drag"), [&] { state.isDragSessionActive = true; }});
 }
 
 void Tour::next() {

@@ -26,6 +26,7 @@ constexpr std::pair<ActivePanel, const char*> panelViews[] = {
     {ActivePanel::media, "MediaPanel"},
     {ActivePanel::calendar, "CalendarExpandedView"},
     {ActivePanel::mirror, "MirrorExpandedView"},
+    {ActivePanel::fileShelf, "FileShelfView"},
     {ActivePanel::systemMonitor, "SystemMonitorPanel"},
     {ActivePanel::time, "TimeExpandedView"},
 };

@@ -92,7 +92,7 @@ TEST_F(MediaViewTest, theOutputMenuChecksTheCurrentDeviceAndChoosesAnother) {
     picture("output-menu", *menu);
     const auto entries = menu->property("entries").value<MenuValue>();
     EXPECT_EQ(entries.titles(), QStringList({"Speakers", "Headphones"}));
-    EXPECT_EQ(entries.checkedRow(), 0);
+    EXPECT_TRUE(entries.lines().front().value<MenuLineValue>().isChecked);
     entries.perform(1);
     menu->dismiss();
     EXPECT_EQ(platform.audioHardwarePort.defaultOutput, 2u);

@@ -23,7 +23,8 @@ LinuxPlatform::LinuxPlatform()
       loginItem_(fileSystem_, log_, QCoreApplication::applicationFilePath().toStdString()),
       powerSources_(runLoop_, &QDBusConnection::systemBus),
       processLauncher_(runLoop_, log_, &QDBusConnection::systemBus, &QDBusConnection::sessionBus,
-                       qEnvironmentVariable("XDG_SESSION_ID")) {}
+                       qEnvironmentVariable("XDG_SESSION_ID")),
+      fileViewer_(runLoop_, log_, workspace_, &QDBusConnection::sessionBus) {}
 
 LinuxPlatform::~LinuxPlatform() {
     userDefaults_.flush();

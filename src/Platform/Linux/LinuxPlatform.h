@@ -2,27 +2,33 @@
 
 #include "Platform/FileUserDefaults.h"
 #include "Platform/Icu/IcuFormatting.h"
+#include "Platform/Linux/BusFileViewer.h"
 #include "Platform/Linux/HwmonSMCService.h"
 #include "Platform/Linux/IcalEventStore.h"
 #include "Platform/Linux/InotifyFileWatch.h"
 #include "Platform/Linux/LinuxCameraService.h"
 #include "Platform/Linux/LinuxDesktop.h"
 #include "Platform/Linux/LinuxProcessLauncher.h"
+#include "Platform/Linux/LinuxSharePicker.h"
 #include "Platform/Linux/LinuxUserNotifications.h"
 #include "Platform/Linux/LinuxWorkspace.h"
 #include "Platform/Linux/MprisApplications.h"
 #include "Platform/Linux/MprisNowPlayingService.h"
 #include "Platform/Linux/MprisScriptExecutor.h"
 #include "Platform/Linux/PortalAppearance.h"
+#include "Platform/Linux/PosixFileCopier.h"
 #include "Platform/Linux/PosixFileSystem.h"
 #include "Platform/Linux/ProcHostStatistics.h"
 #include "Platform/Linux/PulseAudioHardware.h"
+#include "Platform/Linux/StandardConsole.h"
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Linux/SysfsDisplayBrightness.h"
 #include "Platform/Linux/UPowerPowerSources.h"
 #include "Platform/Linux/XdgLoginItem.h"
 #include "Platform/Platform.h"
+#include "Platform/Qt/QtFileIcons.h"
 #include "Platform/Qt/QtImageCodec.h"
+#include "Platform/Qt/QtPasteboard.h"
 #include "Platform/Qt/QtRunLoop.h"
 #include "Platform/Qt/QtUrlData.h"
 
@@ -39,13 +45,17 @@ public:
     Application& application() override { return desktop_.application; }
     AudioHardware& audioHardware() override { return audioHardware_; }
     DisplayBrightness& displayBrightness() override { return displayBrightness_; }
+    Console& console() override { return console_; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotifications_;
     }
     CameraService& camera() override { return camera_; }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     EventStore& eventStore() override { return eventStore_; }
+    FileCopier& fileCopier() override { return fileCopier_; }
+    FileIcons& fileIcons() override { return fileIcons_; }
     FileSystem& fileSystem() override { return fileSystem_; }
+    FileViewer& fileViewer() override { return fileViewer_; }
     Formatting& formatting() override { return formatting_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
     ImageCodec& imageCodec() override { return imageCodec_; }
@@ -53,12 +63,14 @@ public:
     LoginItem& loginItem() override { return loginItem_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
     PanelWindows& panelWindows() override { return desktop_.panelWindows; }
+    Pasteboard& pasteboard() override { return pasteboard_; }
     PowerSources& powerSources() override { return powerSources_; }
     ProcessLauncher& processLauncher() override { return processLauncher_; }
     RunLoop& runLoop() override { return runLoop_; }
     RunningApplications& runningApplications() override { return runningApplications_; }
     Screens& screens() override { return desktop_.screens; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
+    SharePicker& sharePicker() override { return sharePicker_; }
     SMCService& smc() override { return smc_; }
     StatusBar& statusBar() override { return desktop_.statusBar; }
     UrlData& urlData() override { return urlData_; }
@@ -67,7 +79,9 @@ public:
     Workspace& workspace() override { return workspace_; }
 
 private:
+    StandardConsole console_;
     StandardLog log_;
+    PosixFileCopier fileCopier_;
     PosixFileSystem fileSystem_;
     // Work in the background uses these as long as the run loop lives.
     QtImageCodec imageCodec_;
@@ -90,10 +104,14 @@ private:
     MprisNowPlayingService nowPlaying_{runLoop_, players_, urlData_};
     MprisNotificationCenter distributedNotifications_{runLoop_, players_, runningApplications_};
     XdgLoginItem loginItem_;
+    QtFileIcons fileIcons_;
+    QtPasteboard pasteboard_;
+    LinuxSharePicker sharePicker_{pasteboard_};
     UPowerPowerSources powerSources_;
     LinuxProcessLauncher processLauncher_;
     LinuxUserNotifications userNotifications_;
     LinuxWorkspace workspace_{log_, LinuxWorkspace::Environment::ofProcess()};
+    BusFileViewer fileViewer_;
 };
 
 } // namespace orvelle

@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/ScreenCoordinates.h"
 
+#include <QDropEvent>
 #include <QSurfaceFormat>
 
 #include <chrono>
@@ -36,6 +37,13 @@ protected:
         case QEvent::Leave:
             panel.pointerOutside();
             break;
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop:
+            panel.answerDrag(static_cast<QDropEvent&>(*event));
+            return true;
+        case QEvent::DragLeave:
+            return true;
         default:
             break;
         }
@@ -96,6 +104,7 @@ void X11PanelWindow::prepareWindow() {
     // What is drawn hangs from the middle of the top edge, and stays there when the window grows.
     const std::uint32_t gravity = XCB_GRAVITY_NORTH;
     xcb_change_window_attributes(connection, id, XCB_CW_BIT_GRAVITY, &gravity);
+    fileDrag_.emplace(id);
 }
 
 QQuickWindow& X11PanelWindow::quickWindow() {
@@ -161,6 +170,18 @@ void X11PanelWindow::resignKey() {
 
 void X11PanelWindow::setPointerEvents(PointerEvents events) {
     pointerEvents_ = std::move(events);
+}
+
+void X11PanelWindow::setDraggingDestination(DraggingDestination* destination) {
+    fileDrag_->setDestination(destination);
+}
+
+/// Tells the drag's source whether a drop would be taken. What the program itself drags comes by no
+/// message, and so is nothing to the follower of drags.
+void X11PanelWindow::answerDrag(QDropEvent& event) const {
+    const bool isTaken = event.type() == QEvent::Drop || fileDrag_->mayBeTaken();
+    event.setDropAction(Qt::CopyAction);
+    event.setAccepted(isTaken);
 }
 
 void X11PanelWindow::pointerInside() {

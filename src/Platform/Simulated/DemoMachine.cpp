@@ -79,6 +79,19 @@ void script(SimulatedEventStore& calendars) {
     };
 }
 
+void fill(SimulatedFileSystem& files) {
+    const auto shelf = files.applicationSupportDirectory() + "/Orvelle/FileShelf/";
+    std::string entries;
+    for (const char* name :
+         {"Quarterly Report.pdf", "Harbour at dawn.jpg", "Minutes.odt", "Budget 2026.ods",
+          "Interview.mp3", "Sources.tar.gz", "Read me first.txt", "Teaser.mp4", "index.html"}) {
+        files.files[shelf + name] = name;
+        entries += (entries.empty() ? "" : ",") + std::string(R"({"urlPath":")") + shelf + name +
+                   R"(","addedAt":0,"expiresAt":0})";
+    }
+    files.files[shelf + ".shelf_metadata.json"] = "[" + entries + "]";
+}
+
 void script(SimulatedPowerSources& power) {
     constexpr std::int64_t fullMinutes = 360;
     const auto level = std::make_shared<std::int64_t>(87);

@@ -6,6 +6,7 @@ class SimulatedAudioHardware;
 class SimulatedDisplayBrightness;
 class SimulatedCameraService;
 class SimulatedEventStore;
+class SimulatedFileSystem;
 class SimulatedHostStatistics;
 class SimulatedPowerSources;
 class SimulatedSMCService;
@@ -20,6 +21,8 @@ void script(SimulatedAudioHardware& audio);
 void script(SimulatedDisplayBrightness& brightness);
 void script(SimulatedCameraService& camera);
 void script(SimulatedEventStore& calendars);
+/// Puts files on the shelf.
+void fill(SimulatedFileSystem& files);
 void script(SimulatedPowerSources& power);
 void script(SimulatedHostStatistics& statistics);
 void script(SimulatedSMCService& smc);

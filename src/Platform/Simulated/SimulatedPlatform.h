@@ -7,6 +7,7 @@
 #include "Platform/Simulated/SimulatedDisplayBrightness.h"
 #include "Platform/Simulated/SimulatedEventStore.h"
 #include "Platform/Simulated/SimulatedLoginItem.h"
+#include "Platform/Simulated/SimulatedFiles.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
@@ -23,9 +24,13 @@ public:
     SimulatedApplication applicationPort;
     SimulatedAudioHardware audioHardwarePort;
     SimulatedDisplayBrightness displayBrightnessPort;
+    SimulatedConsole consolePort;
     SimulatedDistributedNotificationCenter distributedNotificationsPort;
     SimulatedEventMonitors eventMonitorsPort;
+    SimulatedFileIcons fileIconsPort;
     SimulatedFileSystem fileSystemPort;
+    SimulatedFileCopier fileCopierPort{fileSystemPort};
+    SimulatedFileViewer fileViewerPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
     SimulatedHostStatistics hostStatisticsPort;
     SimulatedImageCodec imageCodecPort;
@@ -33,6 +38,7 @@ public:
     SimulatedLoginItem loginItemPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
+    SimulatedPasteboard pasteboardPort;
     SimulatedPowerSources powerSourcesPort;
     SimulatedProcessLauncher processLauncherPort;
     SimulatedRunLoop runLoopPort;
@@ -41,6 +47,7 @@ public:
     SimulatedRunningApplications runningApplicationsPort;
     SimulatedScreens screensPort;
     SimulatedScriptExecutor scriptExecutorPort;
+    SimulatedSharePicker sharePickerPort;
     SimulatedSMCService smcPort;
     SimulatedStatusBar statusBarPort;
     SimulatedUrlData urlDataPort;
@@ -53,12 +60,16 @@ public:
     AudioHardware& audioHardware() override { return audioHardwarePort; }
     CameraService& camera() override { return cameraPort; }
     DisplayBrightness& displayBrightness() override { return displayBrightnessPort; }
+    Console& console() override { return consolePort; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotificationsPort;
     }
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
     EventStore& eventStore() override { return eventStorePort; }
+    FileCopier& fileCopier() override { return fileCopierPort; }
+    FileIcons& fileIcons() override { return fileIconsPort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
+    FileViewer& fileViewer() override { return fileViewerPort; }
     Formatting& formatting() override { return formattingPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
     ImageCodec& imageCodec() override { return imageCodecPort; }
@@ -66,12 +77,14 @@ public:
     LoginItem& loginItem() override { return loginItemPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
     PanelWindows& panelWindows() override { return panelWindowsPort; }
+    Pasteboard& pasteboard() override { return pasteboardPort; }
     PowerSources& powerSources() override { return powerSourcesPort; }
     ProcessLauncher& processLauncher() override { return processLauncherPort; }
     RunLoop& runLoop() override { return runLoopPort; }
     RunningApplications& runningApplications() override { return runningApplicationsPort; }
     Screens& screens() override { return screensPort; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutorPort; }
+    SharePicker& sharePicker() override { return sharePickerPort; }
     SMCService& smc() override { return smcPort; }
     StatusBar& statusBar() override { return statusBarPort; }
     UrlData& urlData() override { return urlDataPort; }

@@ -10,12 +10,14 @@ MouseArea {
     property var menu: () => undefined
 
     acceptedButtons: Qt.RightButton
-    onPressed: mouse => {
+    onPressed: mouse => openAt(mouse.x, mouse.y)
+
+    function openAt(x, y) {
         const entries = menu()
-        if (!entries || entries.titles.length === 0)
+        if (!entries || entries.lines.length === 0)
             return
         loader.active = true
-        loader.item.open(entries, mapToGlobal(mouse.x, mouse.y))
+        loader.item.open(entries, mapToGlobal(x, y))
     }
 
     Loader {

@@ -8,10 +8,10 @@ Rectangle {
     property string title
     property bool isChecked
     property bool isHighlighted
+    property bool isDestructive
     signal entered
     signal picked
 
-    width: Math.max(parent.implicitWidth, implicitWidth)
     implicitWidth: Math.max(140, caption.implicitWidth + 20 + (isChecked ? check.width + 12 : 0))
     implicitHeight: 24
     radius: 5
@@ -29,7 +29,7 @@ Rectangle {
         text: root.title
         textFormat: Text.PlainText
         font.pixelSize: 13
-        color: Style.textColor
+        color: root.isDestructive ? Style.destructiveColor : Style.textColor
     }
     Symbol {
         id: check

@@ -1,20 +1,21 @@
 #include "Views/Qt/MenuValue.h"
 
-#include <algorithm>
-
 namespace orvelle {
+
+QVariantList MenuValue::lines() const {
+    QVariantList lines;
+    for (const auto& entry : entries)
+        lines.append(
+            QVariant::fromValue(MenuLineValue{QString::fromStdString(entry.title), entry.isChecked,
+                                              entry.isDestructive, entry.followsDivider}));
+    return lines;
+}
 
 QStringList MenuValue::titles() const {
     QStringList titles;
     for (const auto& entry : entries)
         titles.append(QString::fromStdString(entry.title));
     return titles;
-}
-
-int MenuValue::checkedRow() const {
-    const auto checked = std::find_if(entries.begin(), entries.end(),
-                                      [](const MenuEntry& entry) { return entry.isChecked; });
-    return checked == entries.end() ? -1 : static_cast<int>(checked - entries.begin());
 }
 
 void MenuValue::perform(int row) const {

@@ -14,6 +14,7 @@ struct PopupStyle {
     static constexpr Color edgeColor = Color::white(1, 0.14);
     static constexpr Color highlightColor = Color::white(1, 0.14);
     static constexpr Color textColor = Color::white(1, 0.9);
+    static constexpr Color destructiveColor = colors::red;
     static constexpr Color focusColor = Color::white(1, 0.45);
 };
 
@@ -29,6 +30,7 @@ class Style : public QObject {
     ORVELLE_CONSTANT(QColor, edgeColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, highlightColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, textColor, PopupStyle)
+    ORVELLE_CONSTANT(QColor, destructiveColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, focusColor, PopupStyle)
     Q_PROPERTY(QColor dividerColor READ dividerColor CONSTANT FINAL)
     Q_PROPERTY(double dividerThickness READ dividerThickness CONSTANT FINAL)

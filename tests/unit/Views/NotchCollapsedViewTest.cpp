@@ -178,7 +178,8 @@ TEST_F(NotchCollapsedViewTest, ShelfAndNotesCountOnlyWhenThereIsSomethingToCount
     EXPECT_EQ(view.widgetView("notes")->icon, (StyledSymbol{"note.text", 10, dimmed}));
     EXPECT_TRUE(view.widgetView("notes")->texts.empty());
 
-    app.fileShelfManager.items = std::vector<ShelfItem>(3);
+    app.fileShelfManager.items =
+        std::vector<ShelfItem>(3, ShelfItem("file:///simulated/a.txt", 24, platform));
     app.notesManager.items = std::vector<NoteItem>(2);
     EXPECT_EQ(view.widgetView("fileShelf")->texts, std::vector{medium("3", 10)});
     EXPECT_EQ(view.widgetView("notes")->texts, std::vector{medium("2", 10)});
