@@ -13,7 +13,7 @@ endif()
 find_package(Qt6 6.4 ${need} COMPONENTS Core DBus Gui Multimedia Network Qml Quick Svg Widgets)
 if(PkgConfig_FOUND)
     pkg_check_modules(DESKTOP ${need} IMPORTED_TARGET
-        libpulse
+        libcanberra libpulse
         xcb xcb-dpms xcb-ewmh xcb-randr xcb-shape xcb-xfixes xcb-xinput)
 endif()
 

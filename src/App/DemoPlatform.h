@@ -16,6 +16,8 @@
 #include "Platform/Simulated/SimulatedFiles.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
+#include "Platform/Simulated/SimulatedPasteboard.h"
+#include "Platform/Simulated/SimulatedSound.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 
 namespace orvelle {
@@ -41,6 +43,7 @@ public:
     FileSystem& fileSystem() override { return fileSystem_; }
     FileViewer& fileViewer() override { return fileViewer_; }
     Formatting& formatting() override { return formatting_; }
+    FrontmostApplication& frontmostApplication() override { return frontmostApplication_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
     ImageCodec& imageCodec() override { return imageCodec_; }
     LogSink& log() override { return log_; }
@@ -57,6 +60,7 @@ public:
     SharePicker& sharePicker() override { return sharePicker_; }
     SMCService& smc() override { return smc_; }
     StatusBar& statusBar() override { return desktop_.statusBar; }
+    Sound& sound() override { return sound_; }
     UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
@@ -83,6 +87,7 @@ private:
     SimulatedFileSystem fileSystem_;
     SimulatedFileCopier fileCopier_{fileSystem_};
     SimulatedFileViewer fileViewer_;
+    SimulatedFrontmostApplication frontmostApplication_;
     SimulatedHostStatistics hostStatistics_;
     SimulatedLoginItem loginItem_;
     SimulatedNowPlayingService nowPlaying_;
@@ -91,6 +96,7 @@ private:
     SimulatedPowerSources powerSources_;
     SimulatedProcessLauncher processLauncher_;
     SimulatedSMCService smc_;
+    SimulatedSound sound_;
     SimulatedUserNotifications userNotifications_;
     SimulatedWorkspace workspace_;
 };

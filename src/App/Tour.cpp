@@ -64,6 +64,7 @@ void Tour::addStops() {
                           }});
     }
     addMediaStops();
+    addShelfStops();
 }
 
 void Tour::addMediaStops() {
@@ -96,6 +97,10 @@ void Tour::addMediaStops() {
     add("media-none-system", "system", nothing);
     add("media-none-custom", "custom", nothing);
     add("media-none-multicolor", "multicolor", nothing);
+}
+
+void Tour::addShelfStops() {
+    auto& state = app_.notchState;
     stops_.push_back({QStringLiteral("fileShelf-empty"), [&] {
                           app_.fileShelfManager.items = std::vector<ShelfItem>();
                           state.activePanel = ActivePanel::fileShelf;

@@ -36,6 +36,13 @@ public:
     /// "5 min. ago".
     virtual std::string relativeTime(Date date, Date reference) const = 0;
 
+    /// How long ago or how far ahead `date` is, in the largest unit that fits and in short words,
+    /// such as "5 min. ago".
+    virtual std::string relativeTime(Date date, Date now) const = 0;
+
+    /// The user's language and region, such as "en_US".
+    virtual std::string locale() const = 0;
+
     /// Base 1024; bytes and KB whole, MB at most one decimal, GB and above at most two, without
     /// padding zeros. 0 is "Zero KB".
     virtual std::string memoryByteCount(std::uint64_t bytes) const = 0;

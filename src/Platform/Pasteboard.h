@@ -1,15 +1,36 @@
 #pragma once
 
+#include "Foundation/Subscription.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace orvelle {
 
-/// The general pasteboard, which all programs share. Main thread only.
+/// The desktop's clipboard, which all programs share. Main thread only; nothing here waits for
+/// another program.
 class Pasteboard {
 public:
+    /// Longer texts are not read.
+    static constexpr std::size_t maximumSize = 1 << 20;
+    /// None when there is no text to be had: nothing or no text was copied, it is too long, its
+    /// owner marks it as secret, or the owner does not answer within seconds.
+    using Reading = std::function<void(std::optional<std::string>)>;
+
     virtual ~Pasteboard() = default;
-    /// Clears it and puts files there, for a file manager to paste.
+
+    /// Another number after each change of the content, whoever made it.
+    virtual std::int64_t changeCount() = 0;
+    /// Reads the text as it stands, in valid UTF-8. `done` may be called before this returns; a
+    /// handle that dies calls it off.
+    [[nodiscard]] virtual Subscription readString(Reading done) = 0;
+    /// Replaces the content; the change is counted when this returns.
+    virtual void setString(const std::string& text) = 0;
+    /// Replaces the content by files, for a file manager to paste.
     virtual void writeFiles(const std::vector<std::string>& urls) = 0;
 };
 

@@ -90,8 +90,8 @@ void NotchCollapsedBinding::attach(const ViewEnvironment& environment) {
     follow(notch.mediaManager.currentMedia, notch.weatherManager.weather,
            notch.calendarManager.events, notch.fileShelfManager.isEnabled,
            notch.fileShelfManager.items, notch.notesManager.isEnabled, notch.notesManager.items,
-           notch.pomodoroManager.isEnabled, notch.mirrorManager.isEnabled,
-           notch.stockTickerManager.isEnabled);
+           notch.pomodoroManager.isEnabled, notch.pomodoroManager.state,
+           notch.mirrorManager.isEnabled, notch.stockTickerManager.isEnabled);
     follow(notch.timeManager.isEnabled, notch.timeManager.currentTime);
     const auto& battery = notch.batteryManager;
     follow(battery.batteryLevel, battery.isCharging, battery.isPluggedIn, battery.hasBattery);

@@ -9,6 +9,7 @@
 #include "Features/Media/MediaArtwork.h"
 #include "Features/Media/MediaManager.h"
 #include "Features/Notes/NotesManager.h"
+#include "Features/Pomodoro/PomodoroCollapsedView.h"
 #include "Features/SystemMonitor/MetricColors.h"
 #include "Features/SystemMonitor/SystemMonitorManager.h"
 #include "Features/Time/TimeManager.h"
@@ -86,6 +87,7 @@ const NotchCollapsedView::Indicator NotchCollapsedView::indicators[] = {
     {"time", &NotchCollapsedView::hoverTimeIndicator},
     {"fileShelf", &NotchCollapsedView::hoverFileShelfIndicator},
     {"notes", &NotchCollapsedView::hoverNotesIndicator},
+    {"pomodoro", &NotchCollapsedView::hoverPomodoroIndicator},
     {"systemStats", &NotchCollapsedView::hoverSystemStatsIndicator},
 };
 
@@ -155,6 +157,12 @@ void NotchCollapsedView::hoverNotesIndicator(HoverWidget& widget) const {
     widget.icon = dimmedIcon("note.text"_symbol);
     if (const auto count = environment_.notesManager.items->size())
         widget.texts = {mediumText(std::to_string(count), 10)};
+}
+
+void NotchCollapsedView::hoverPomodoroIndicator(HoverWidget& widget) const {
+    const PomodoroCollapsedView view(environment_.pomodoroManager);
+    widget.icon = view.icon();
+    widget.texts = {view.text()};
 }
 
 void NotchCollapsedView::hoverSystemStatsIndicator(HoverWidget& widget) const {

@@ -76,6 +76,7 @@ private:
     void hoverTimeIndicator(HoverWidget& widget) const;
     void hoverFileShelfIndicator(HoverWidget& widget) const;
     void hoverNotesIndicator(HoverWidget& widget) const;
+    void hoverPomodoroIndicator(HoverWidget& widget) const;
     void hoverSystemStatsIndicator(HoverWidget& widget) const;
 
     const NotchEnvironment environment_;

@@ -27,8 +27,12 @@ constexpr std::pair<ActivePanel, const char*> panelViews[] = {
     {ActivePanel::calendar, "CalendarExpandedView"},
     {ActivePanel::mirror, "MirrorExpandedView"},
     {ActivePanel::fileShelf, "FileShelfView"},
+    {ActivePanel::clipboard, "ClipboardHistoryView"},
+    {ActivePanel::notes, "NotesExpandedView"},
+    {ActivePanel::pomodoro, "PomodoroExpandedView"},
     {ActivePanel::systemMonitor, "SystemMonitorPanel"},
     {ActivePanel::time, "TimeExpandedView"},
+    {ActivePanel::todo, "TodoExpandedView"},
 };
 
 QUrl panelView(ActivePanel panel) {

@@ -1,6 +1,7 @@
 #include "Platform/Linux/ShareServices.h"
 
 #include "Platform/Simulated/SimulatedFiles.h"
+#include "Platform/Simulated/SimulatedPasteboard.h"
 #include "Support/TemporaryFolder.h"
 #include "adapters/EventLoopWait.h"
 

@@ -1,10 +1,14 @@
 #pragma once
 
 #include "Models/ClipboardItem.h"
+#include "Platform/FrontmostApplication.h"
 #include "Platform/Platform.h"
 #include "Platform/RunLoop.h"
 #include "Protocols/PluginProtocol.h"
 
+#include <cstdint>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace orvelle {
@@ -12,10 +16,31 @@ namespace orvelle {
 /// The texts that were copied, kept in memory only.
 class ClipboardManager : public FeatureModule {
 public:
+    static constexpr Seconds pollInterval = 0.5;
+    static constexpr std::size_t maximumItems = 48;
+    static constexpr double defaultMaximumAge = 24; ///< hours
+
     explicit ClipboardManager(Platform& platform = Platform::shared());
 
     Published<std::vector<ClipboardItem>> items; ///< newest first
     Timer pollTimer;
+    std::int64_t lastChangeCount = 0; ///< the pasteboard's at the last look
+
+    /// What is on the pasteboard already is not captured.
+    void start() override;
+
+    /// Puts the text on the pasteboard, without capturing it, and the item to the top of the list.
+    void copyToClipboard(const ClipboardItem& item);
+    /// Every item with the same identifier.
+    void deleteItem(const ClipboardItem& item);
+
+private:
+    void checkForChanges();
+    void capture(std::string text, const std::optional<ApplicationIdentity>& source);
+    void pruneExpiredItems(std::vector<ClipboardItem>& list) const;
+
+    Platform& platform_;
+    Subscription reading_;
 };
 
 } // namespace orvelle

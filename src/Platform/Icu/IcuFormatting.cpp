@@ -12,6 +12,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 #include <map>
 
 namespace orvelle {
@@ -200,9 +201,15 @@ std::string IcuFormatting::relativeTime(Date date, Date reference) const {
     }
     UErrorCode status = U_ZERO_ERROR;
     icu::UnicodeString text;
-    // Zero keeps its sign: "in 0 sec." and "0 sec. ago" are two texts.
-    cache_->relative->formatNumeric(std::trunc(distance / unit.seconds), unit.unit, text, status);
+    // Zero keeps its sign: "in 0 sec." and "0 sec. ago" are two texts, and now is past.
+    const double amount =
+        std::copysign(std::floor(std::abs(distance) / unit.seconds), distance > 0 ? 1.0 : -1.0);
+    cache_->relative->formatNumeric(amount, unit.unit, text, status);
     return utf8(text);
+}
+
+std::string IcuFormatting::locale() const {
+    return cache_->locale.getName();
 }
 
 std::string IcuFormatting::memoryByteCount(std::uint64_t bytes) const {

@@ -21,6 +21,7 @@ public:
     std::string date(Date date, const std::string& pattern, const TimeZone& zone) const override;
     std::string shortTime(Date date, const TimeZone& zone) const override;
     std::string relativeTime(Date date, Date reference) const override;
+    std::string locale() const override;
     std::string memoryByteCount(std::uint64_t bytes) const override;
 
     void setCurrentTimeZone(std::string zone) { zone_ = std::move(zone); }

@@ -24,6 +24,7 @@ LinuxPlatform::LinuxPlatform()
       powerSources_(runLoop_, &QDBusConnection::systemBus),
       processLauncher_(runLoop_, log_, &QDBusConnection::systemBus, &QDBusConnection::sessionBus,
                        qEnvironmentVariable("XDG_SESSION_ID")),
+      userNotifications_(runLoop_, &QDBusConnection::sessionBus),
       fileViewer_(runLoop_, log_, workspace_, &QDBusConnection::sessionBus) {}
 
 LinuxPlatform::~LinuxPlatform() {

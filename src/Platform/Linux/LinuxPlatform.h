@@ -3,6 +3,7 @@
 #include "Platform/FileUserDefaults.h"
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Linux/BusFileViewer.h"
+#include "Platform/Linux/CanberraSound.h"
 #include "Platform/Linux/HwmonSMCService.h"
 #include "Platform/Linux/IcalEventStore.h"
 #include "Platform/Linux/InotifyFileWatch.h"
@@ -25,10 +26,11 @@
 #include "Platform/Linux/SysfsDisplayBrightness.h"
 #include "Platform/Linux/UPowerPowerSources.h"
 #include "Platform/Linux/XdgLoginItem.h"
+#include "Platform/Linux/X11FrontmostApplication.h"
+#include "Platform/Linux/X11Pasteboard.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtFileIcons.h"
 #include "Platform/Qt/QtImageCodec.h"
-#include "Platform/Qt/QtPasteboard.h"
 #include "Platform/Qt/QtRunLoop.h"
 #include "Platform/Qt/QtUrlData.h"
 
@@ -57,6 +59,7 @@ public:
     FileSystem& fileSystem() override { return fileSystem_; }
     FileViewer& fileViewer() override { return fileViewer_; }
     Formatting& formatting() override { return formatting_; }
+    FrontmostApplication& frontmostApplication() override { return frontmostApplication_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
     ImageCodec& imageCodec() override { return imageCodec_; }
     LogSink& log() override { return log_; }
@@ -73,6 +76,7 @@ public:
     SharePicker& sharePicker() override { return sharePicker_; }
     SMCService& smc() override { return smc_; }
     StatusBar& statusBar() override { return desktop_.statusBar; }
+    Sound& sound() override { return sound_; }
     UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
@@ -98,6 +102,9 @@ private:
     PortalAppearance appearance_;
     PulseAudioHardware audioHardware_{runLoop_};
     SysfsDisplayBrightness displayBrightness_;
+    X11FrontmostApplication frontmostApplication_;
+    X11Pasteboard pasteboard_;
+    CanberraSound sound_;
     ProcHostStatistics hostStatistics_;
     HwmonSMCService smc_;
     MprisPlayers players_;
@@ -105,7 +112,6 @@ private:
     MprisNotificationCenter distributedNotifications_{runLoop_, players_, runningApplications_};
     XdgLoginItem loginItem_;
     QtFileIcons fileIcons_;
-    QtPasteboard pasteboard_;
     LinuxSharePicker sharePicker_{pasteboard_};
     UPowerPowerSources powerSources_;
     LinuxProcessLauncher processLauncher_;

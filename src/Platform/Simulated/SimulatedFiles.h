@@ -4,7 +4,6 @@
 #include "Platform/FileCopier.h"
 #include "Platform/FileIcons.h"
 #include "Platform/FileViewer.h"
-#include "Platform/Pasteboard.h"
 #include "Platform/SharePicker.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 
@@ -68,12 +67,6 @@ class SimulatedFileViewer : public FileViewer {
 public:
     std::vector<std::vector<std::string>> selections;
     void select(const std::vector<std::string>& urls) override { selections.push_back(urls); }
-};
-
-class SimulatedPasteboard : public Pasteboard {
-public:
-    std::vector<std::string> files;
-    void writeFiles(const std::vector<std::string>& urls) override { files = urls; }
 };
 
 class SimulatedSharePicker : public SharePicker {

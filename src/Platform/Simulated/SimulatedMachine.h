@@ -199,7 +199,9 @@ public:
 class SimulatedUserNotifications : public UserNotifications {
 public:
     int authorizationRequests = 0;
+    std::vector<NotificationRequest> requests;
     void requestAuthorization() override { ++authorizationRequests; }
+    void add(const NotificationRequest& request) override { requests.push_back(request); }
 };
 
 } // namespace orvelle

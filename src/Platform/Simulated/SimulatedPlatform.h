@@ -10,8 +10,10 @@
 #include "Platform/Simulated/SimulatedFiles.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
+#include "Platform/Simulated/SimulatedPasteboard.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
 #include "Platform/Simulated/SimulatedStatusBar.h"
+#include "Platform/Simulated/SimulatedSound.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindows.h"
 
@@ -32,6 +34,7 @@ public:
     SimulatedFileCopier fileCopierPort{fileSystemPort};
     SimulatedFileViewer fileViewerPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
+    SimulatedFrontmostApplication frontmostApplicationPort;
     SimulatedHostStatistics hostStatisticsPort;
     SimulatedImageCodec imageCodecPort;
     SimulatedLog logPort;
@@ -50,6 +53,7 @@ public:
     SimulatedSharePicker sharePickerPort;
     SimulatedSMCService smcPort;
     SimulatedStatusBar statusBarPort;
+    SimulatedSound soundPort;
     SimulatedUrlData urlDataPort;
     SimulatedUserDefaults userDefaultsPort;
     SimulatedUserNotifications userNotificationsPort;
@@ -71,6 +75,7 @@ public:
     FileSystem& fileSystem() override { return fileSystemPort; }
     FileViewer& fileViewer() override { return fileViewerPort; }
     Formatting& formatting() override { return formattingPort; }
+    FrontmostApplication& frontmostApplication() override { return frontmostApplicationPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
     ImageCodec& imageCodec() override { return imageCodecPort; }
     LogSink& log() override { return logPort; }
@@ -87,6 +92,7 @@ public:
     SharePicker& sharePicker() override { return sharePickerPort; }
     SMCService& smc() override { return smcPort; }
     StatusBar& statusBar() override { return statusBarPort; }
+    Sound& sound() override { return soundPort; }
     UrlData& urlData() override { return urlDataPort; }
     UserDefaults& userDefaults() override { return userDefaultsPort; }
     UserNotifications& userNotifications() override { return userNotificationsPort; }

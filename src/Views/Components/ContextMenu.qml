@@ -10,14 +10,20 @@ MouseArea {
     property var menu: () => undefined
 
     acceptedButtons: Qt.RightButton
-    onPressed: mouse => openAt(mouse.x, mouse.y)
+    onPressed: mouse => mouse.accepted = openAt(mouse.x, mouse.y)
 
+    // False when there is nothing to offer.
     function openAt(x, y) {
         const entries = menu()
         if (!entries || entries.lines.length === 0)
-            return
+            return false
         loader.active = true
         loader.item.open(entries, mapToGlobal(x, y))
+        return true
+    }
+    function openBelow(item) {
+        const corner = mapFromItem(item, 0, item.height)
+        openAt(corner.x, corner.y)
     }
 
     Loader {

@@ -22,9 +22,19 @@ Rectangle {
     Accessible.checked: isChecked
     Accessible.onPressAction: picked()
 
+    Loader {
+        x: 8
+        active: root.symbol !== ""
+        anchors.verticalCenter: parent.verticalCenter
+        sourceComponent: Symbol {
+            name: root.symbol
+            size: 11
+            color: Style.textColor
+        }
+    }
     Text {
         id: caption
-        x: 10
+        x: 10 + root.indent
         anchors.verticalCenter: parent.verticalCenter
         text: root.title
         textFormat: Text.PlainText

@@ -7,7 +7,7 @@
 
 namespace orvelle {
 
-enum class FontWeight { regular, medium, semibold, bold };
+enum class FontWeight { ultraLight, light, regular, medium, semibold, bold };
 
 /// How a text is drawn, in the system's face.
 struct TextStyle {

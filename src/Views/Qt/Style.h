@@ -8,7 +8,8 @@
 
 namespace orvelle {
 
-/// What menus, help and focus rings look like, beside what the core's components fix.
+/// What menus, help, focus rings and selected texts look like, beside what the core's components
+/// fix.
 struct PopupStyle {
     static constexpr Color fillColor = notchSurface;
     static constexpr Color edgeColor = Color::white(1, 0.14);
@@ -16,6 +17,7 @@ struct PopupStyle {
     static constexpr Color textColor = Color::white(1, 0.9);
     static constexpr Color destructiveColor = colors::red;
     static constexpr Color focusColor = Color::white(1, 0.45);
+    static constexpr Color selectionColor = colors::blue.withAlpha(0.55);
 };
 
 /// The constants and small rules of the shared components, for QML.
@@ -32,6 +34,7 @@ class Style : public QObject {
     ORVELLE_CONSTANT(QColor, textColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, destructiveColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, focusColor, PopupStyle)
+    ORVELLE_CONSTANT(QColor, selectionColor, PopupStyle)
     Q_PROPERTY(QColor dividerColor READ dividerColor CONSTANT FINAL)
     Q_PROPERTY(double dividerThickness READ dividerThickness CONSTANT FINAL)
     Q_PROPERTY(double fillResponse READ fillResponse CONSTANT FINAL)

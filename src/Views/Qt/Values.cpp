@@ -8,6 +8,10 @@ namespace {
 
 int qtWeight(FontWeight weight) {
     switch (weight) {
+    case FontWeight::ultraLight:
+        return QFont::Thin;
+    case FontWeight::light:
+        return QFont::Light;
     case FontWeight::regular:
         break;
     case FontWeight::medium:
@@ -46,6 +50,10 @@ QSizeF toQt(const Size& size) {
 TextValue toQt(const StyledText& text) {
     return {toQt(std::string_view(text.text)), text.style.size, qtWeight(text.style.weight),
             toQt(text.style.color)};
+}
+
+TextValue toQt(const TextStyle& style) {
+    return toQt(StyledText{{}, style});
 }
 
 SymbolValue toQt(const StyledSymbol& symbol) {

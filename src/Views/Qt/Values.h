@@ -138,6 +138,8 @@ QString toQt(std::string_view text);
 QColor toQt(const Color& color);
 QSizeF toQt(const Size& size);
 TextValue toQt(const StyledText& text);
+/// A style without a text, for what the user types.
+TextValue toQt(const TextStyle& style);
 SymbolValue toQt(const StyledSymbol& symbol);
 StrokeValue toQt(const Stroke& stroke);
 ShapeValue toQt(const NotchShape& shape);

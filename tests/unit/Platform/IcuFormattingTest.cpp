@@ -156,5 +156,22 @@ TEST(IcuFormatting, MemoryByteCountTakesTheLocalesMarks) {
     EXPECT_EQ(german.memoryByteCount(1010 * 1024), "1.010 KB");
 }
 
+TEST(IcuFormatting, TellsRelativeTimesInTheLargestUnitAndShortWords) {
+    const IcuFormatting english("en_US");
+    const auto ago = [&](Seconds seconds) {
+        return english.relativeTime(winter + -seconds, winter);
+    };
+    EXPECT_EQ(ago(0), "0 sec. ago");
+    EXPECT_EQ(ago(59.9), "59 sec. ago");
+    EXPECT_EQ(ago(60), "1 min. ago");
+    EXPECT_EQ(ago(3 * 3600), "3 hr. ago");
+    EXPECT_EQ(ago(50 * 3600), "2 days ago");
+    EXPECT_EQ(ago(8 * 86400), "1 wk. ago");
+    EXPECT_EQ(ago(-300), "in 5 min.");
+    EXPECT_EQ(IcuFormatting("de_DE").relativeTime(winter, winter + 120), "vor 2 Min.");
+    EXPECT_EQ(english.relativeTime({std::numeric_limits<double>::infinity()}, winter), "");
+    EXPECT_EQ(english.locale(), "en_US");
+}
+
 } // namespace
 } // namespace orvelle

@@ -204,12 +204,12 @@ TEST_F(NotchCollapsedViewTest, StatsShowOneTextForEachModule) {
 }
 
 TEST_F(NotchCollapsedViewTest, AnEmbeddedWidgetTakesAPlaceOnlyWhenItsViewExists) {
-    app.pomodoroManager.isEnabled = true;
     app.mirrorManager.isEnabled = true;
-    placeOnly(bottomRow, {"pomodoro", "mirror"});
-    ASSERT_EQ(ids(view.bottomRow()), Ids{"pomodoro"});
+    app.stockTickerManager.isEnabled = true;
+    placeOnly(bottomRow, {"mirror", "stockTicker"});
+    ASSERT_EQ(ids(view.bottomRow()), Ids{"mirror"});
     EXPECT_EQ(view.bottomRow()[0].kind, HoverWidget::Kind::embedded);
-    EXPECT_EQ(view.bottomRow()[0].panel, ActivePanel::pomodoro);
+    EXPECT_EQ(view.bottomRow()[0].panel, ActivePanel::mirror);
 }
 
 TEST_F(NotchCollapsedViewTest, AnUnknownWidgetIsNeverShown) {

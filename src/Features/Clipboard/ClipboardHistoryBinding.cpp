@@ -1,0 +1,55 @@
+#include "Features/Clipboard/ClipboardHistoryBinding.h"
+
+#include "Features/Clipboard/ClipboardManager.h"
+
+namespace orvelle {
+
+namespace {
+
+ClipboardRowValue toQt(const ClipboardHistoryView::ClipboardItemRow& row) {
+    QVariantList details;
+    for (const auto& text : row.details)
+        details.append(QVariant::fromValue(orvelle::toQt(text)));
+    return {
+        .id = orvelle::toQt(std::string_view(row.id.text())),
+        .type = orvelle::toQt(row.type),
+        .preview = orvelle::toQt(row.preview),
+        .details = details,
+        .copyButton = orvelle::toQt(row.copyButton),
+        .deleteButton = orvelle::toQt(row.deleteButton),
+    };
+}
+
+} // namespace
+
+void ClipboardHistoryBinding::attach(const ViewEnvironment& environment) {
+    auto& manager = environment.notch.clipboardManager;
+    view_.emplace(manager, environment.platform);
+    follow(manager.items);
+}
+
+void ClipboardHistoryBinding::refresh() {
+    show_searchSymbol(orvelle::toQt(view_->searchSymbol()));
+    show_emptyState(orvelle::toQt(view_->emptyStateView()));
+    std::vector<ClipboardRowValue> values;
+    for (const auto& row : view_->rows())
+        values.push_back(toQt(row));
+    rows_.show(values);
+}
+
+void ClipboardHistoryBinding::search(const QString& text) {
+    view_->searchText = text.toStdString();
+    refresh();
+}
+
+void ClipboardHistoryBinding::copy(const QString& id) {
+    if (const auto known = UUID::parse(id.toStdString()))
+        view_->copy(*known);
+}
+
+void ClipboardHistoryBinding::remove(const QString& id) {
+    if (const auto known = UUID::parse(id.toStdString()))
+        view_->remove(*known);
+}
+
+} // namespace orvelle

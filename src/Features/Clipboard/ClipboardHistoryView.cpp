@@ -1,0 +1,111 @@
+#include "Features/Clipboard/ClipboardHistoryView.h"
+
+#include "App/Constants.h"
+#include "Features/Clipboard/ClipboardManager.h"
+#include "Foundation/Text.h"
+#include "Models/Symbol.h"
+#include "Platform/Formatting.h"
+#include "Platform/RunLoop.h"
+
+#include <algorithm>
+
+namespace orvelle {
+
+namespace {
+
+std::string_view typeSymbol(ClipboardContentType type) {
+    switch (type) {
+    case ClipboardContentType::text:
+        break;
+    case ClipboardContentType::url:
+        return "link"_symbol;
+    case ClipboardContentType::email:
+        return "envelope"_symbol;
+    case ClipboardContentType::code:
+        return "chevron.left.forwardslash.chevron.right"_symbol;
+    case ClipboardContentType::number:
+        return "number"_symbol;
+    }
+    return "doc.text"_symbol;
+}
+
+/// A text of several lines shows in one.
+std::string inOneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char character) { return character >= 0 && character < ' '; },
+        ' ');
+    return text;
+}
+
+const ClipboardItem* find(const ClipboardManager& manager, UUID id) {
+    const auto& items = manager.items.get();
+    const auto found = std::find_if(items.begin(), items.end(),
+                                    [&](const ClipboardItem& item) { return item.id == id; });
+    return found == items.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+StyledSymbol ClipboardHistoryView::searchSymbol() const {
+    return {"magnifyingglass"_symbol, 12, notchSecondary};
+}
+
+FilePlaceholder ClipboardHistoryView::emptyStateView() const {
+    return {{"clipboard"_symbol, 28, notchTertiary},
+            {"No clipboard history", {12, FontWeight::regular, notchTertiary}}};
+}
+
+std::vector<ClipboardItem> ClipboardHistoryView::filteredItems() {
+    auto items = manager_.items.get();
+    std::erase_if(folded_, [&](const auto& entry) { return !find(manager_, entry.first); });
+    if (searchText.empty())
+        return items;
+    const auto wanted = Text::folded(searchText, platform_.formatting().locale());
+    std::erase_if(items, [&](const ClipboardItem& item) {
+        return folded(item).find(wanted) == std::string::npos;
+    });
+    return items;
+}
+
+const std::string& ClipboardHistoryView::folded(const ClipboardItem& item) {
+    auto known = folded_.find(item.id);
+    if (known == folded_.end())
+        known =
+            folded_.emplace(item.id, Text::folded(item.content, platform_.formatting().locale()))
+                .first;
+    return known->second;
+}
+
+std::vector<ClipboardHistoryView::ClipboardItemRow> ClipboardHistoryView::rows() {
+    std::vector<ClipboardItemRow> rows;
+    for (const auto& item : filteredItems())
+        rows.push_back(row(item));
+    return rows;
+}
+
+ClipboardHistoryView::ClipboardItemRow ClipboardHistoryView::row(const ClipboardItem& item) const {
+    constexpr TextStyle detail{9, FontWeight::regular, notchTertiary};
+    const auto now = platform_.runLoop().now();
+    return {
+        .id = item.id,
+        .type = {typeSymbol(item.contentType), 12, AppConstants::Theme::secondaryTextColor},
+        .preview = {inOneLine(item.preview()), {11, FontWeight::regular, colors::white}},
+        .details = {{item.sourceAppName, detail},
+                    {"·", detail},
+                    {platform_.formatting().relativeTime(item.timestamp, now), detail}},
+        .copyButton = {"doc.on.doc"_symbol, 11, colors::white},
+        .deleteButton = {"trash"_symbol, 11, colors::red},
+    };
+}
+
+void ClipboardHistoryView::copy(UUID id) {
+    if (const auto* item = find(manager_, id))
+        manager_.copyToClipboard(*item);
+}
+
+void ClipboardHistoryView::remove(UUID id) {
+    if (const auto* item = find(manager_, id))
+        manager_.deleteItem(*item);
+}
+
+} // namespace orvelle

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Views/Qt/EntryListBinding.h"
+
+namespace orvelle {
+
+class NotesExpandedBinding : public EntryListBinding {
+    Q_OBJECT
+    QML_ELEMENT
+
+protected:
+    void attach(const ViewEnvironment& environment) override;
+};
+
+} // namespace orvelle

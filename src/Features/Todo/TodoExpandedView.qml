@@ -1,0 +1,7 @@
+import QtQuick
+import Orvelle
+
+// The checklist.
+EntryListPanel {
+    view: TodoExpandedBinding {}
+}

@@ -1,0 +1,83 @@
+#include "Models/ClipboardItem.h"
+
+#include "Foundation/Text.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace orvelle {
+
+namespace {
+
+bool contains(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
+
+bool isHexDigit(char character) {
+    return (character >= '0' && character <= '9') || (character >= 'a' && character <= 'f') ||
+           (character >= 'A' && character <= 'F');
+}
+
+/// Letters beyond ASCII count: what takes addresses escapes them.
+bool mayStandInUrl(char character) {
+    constexpr std::string_view excluded = "\"<>\\^`{|}";
+    const auto code = static_cast<unsigned char>(character);
+    return code > ' ' && code != 0x7f && !contains(excluded, {&character, 1});
+}
+
+bool isUrl(std::string_view text) {
+    if (!std::all_of(text.begin(), text.end(), mayStandInUrl))
+        return false;
+    for (auto at = text.find('%'); at != std::string_view::npos; at = text.find('%', at + 1))
+        if (at + 2 >= text.size() || !isHexDigit(text[at + 1]) || !isHexDigit(text[at + 2]))
+            return false;
+    const auto fragment = text.find('#');
+    return fragment == std::string_view::npos || !contains(text.substr(fragment + 1), "#");
+}
+
+/// As the C library converts text to a double, but whatever the locale; the whole text counts.
+bool isNumber(std::string_view text) {
+    if (text.starts_with('+') || text.starts_with('-'))
+        text.remove_prefix(1);
+    if (text.starts_with('+') || text.starts_with('-'))
+        return false;
+    auto format = std::chars_format::general;
+    if (text.starts_with("0x") || text.starts_with("0X")) {
+        text.remove_prefix(2);
+        format = std::chars_format::hex;
+        if (text.empty() || (!isHexDigit(text.front()) && text.front() != '.'))
+            return false;
+    }
+    double ignored = 0;
+    const auto [end, failure] =
+        std::from_chars(text.data(), text.data() + text.size(), ignored, format);
+    return end == text.data() + text.size() && failure != std::errc::invalid_argument;
+}
+
+} // namespace
+
+ClipboardContentType detectContentType(std::string_view text) {
+    const auto trimmed = Text::trimmingBlanksAndNewlines(text);
+    if (contains(trimmed, "://") && isUrl(trimmed))
+        return ClipboardContentType::url;
+    if (contains(trimmed, "@") && contains(trimmed, ".") && !contains(trimmed, " "))
+        return ClipboardContentType::email;
+    if (isNumber(trimmed))
+        return ClipboardContentType::number;
+    for (const char* sign : {"{", "func ", "class ", "import ", "let ", "var "})
+        if (contains(trimmed, sign))
+            return ClipboardContentType::code;
+    return ClipboardContentType::text;
+}
+
+std::string ClipboardItem::preview() const {
+    constexpr std::size_t length = 100;
+    const auto trimmed = Text::trimmingBlanksAndNewlines(content);
+    const auto beginning = Text::firstCharacters(trimmed, length);
+    std::string preview(beginning);
+    if (beginning.size() < trimmed.size())
+        preview += "...";
+    return preview;
+}
+
+} // namespace orvelle

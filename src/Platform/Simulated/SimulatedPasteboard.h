@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Platform/FrontmostApplication.h"
+#include "Platform/Pasteboard.h"
+
+#include <memory>
+#include <utility>
+
+namespace orvelle {
+
+/// A clipboard that answers at once, unless its owner is silent.
+class SimulatedPasteboard : public Pasteboard {
+public:
+    std::optional<std::string> text;
+    std::vector<std::string> files;
+    std::int64_t count = 0;
+    int readCount = 0;
+    bool isOwnerSilent = false;
+
+    /// Another program copies something; without a text a picture, say.
+    void copy(std::optional<std::string> copied) {
+        text = std::move(copied);
+        ++count;
+    }
+    /// Whoever waits for a silent owner gets its answer.
+    void answer() {
+        if (const auto waiting = std::exchange(waiting_, nullptr); waiting && *waiting)
+            (*waiting)(text);
+    }
+
+    std::int64_t changeCount() override { return count; }
+    Subscription readString(Reading done) override {
+        ++readCount;
+        if (!isOwnerSilent) {
+            done(text);
+            return {};
+        }
+        waiting_ = std::make_shared<Reading>(std::move(done));
+        return Subscription([waiting = waiting_] { *waiting = nullptr; });
+    }
+    void setString(const std::string& copied) override { copy(copied); }
+    void writeFiles(const std::vector<std::string>& urls) override {
+        files = urls;
+        copy({});
+    }
+
+private:
+    std::shared_ptr<Reading> waiting_;
+};
+
+class SimulatedFrontmostApplication : public FrontmostApplication {
+public:
+    std::optional<ApplicationIdentity> application;
+    std::optional<ApplicationIdentity> current() override { return application; }
+};
+
+} // namespace orvelle

@@ -1,0 +1,63 @@
+import QtQuick
+import Orvelle
+
+// A line of text to type. Its content is its style.
+FocusScope {
+    id: root
+
+    property var content
+    property string prompt
+    property color promptColor
+    property alias text: input.text
+    signal accepted
+
+    implicitHeight: input.implicitHeight
+
+    TextInput {
+        id: input
+        objectName: "field"
+        width: parent.width
+        anchors.verticalCenter: parent.verticalCenter
+        focus: true
+        clip: true
+        selectByMouse: true
+        color: root.content.color
+        selectionColor: Style.selectionColor
+        selectedTextColor: color
+        font.pixelSize: root.content.size
+        font.weight: root.content.weight
+        Accessible.role: Accessible.EditableText
+        Accessible.name: root.prompt
+        Accessible.focusable: true
+        onAccepted: root.accepted()
+        Keys.onPressed: event => {
+            if (!event.matches(StandardKey.Paste))
+                return
+            event.accepted = true
+            clipboard.paste()
+        }
+    }
+    Text {
+        anchors.fill: input
+        visible: input.length === 0 && input.preeditText === ""
+        text: root.prompt
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        color: root.promptColor
+        font: input.font
+    }
+    // The middle button would paste the selection, and wait for its owner.
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.MiddleButton
+        cursorShape: Qt.IBeamCursor
+    }
+    FieldClipboard {
+        id: clipboard
+        field: input
+        onPasted: text => {
+            input.remove(input.selectionStart, input.selectionEnd)
+            input.insert(input.cursorPosition, text)
+        }
+    }
+}

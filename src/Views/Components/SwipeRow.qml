@@ -1,0 +1,94 @@
+import QtQuick
+import Orvelle
+
+// A row that can be pulled to either side, with the pointer or a sideways wheel. A short pull
+// uncovers an action and stays there, a long one performs it when let go.
+Item {
+    id: root
+
+    property var leading
+    property var trailing
+    property color background
+    property bool isHighlighted: false
+    property real offset: 0
+    default property alias content: body.data
+    signal leadingPerformed
+    signal trailingPerformed
+
+    function perform(isLeading) {
+        offset = 0
+        if (isLeading)
+            leadingPerformed()
+        else
+            trailingPerformed()
+    }
+    function settle() {
+        const action = offset > 0 ? leading : trailing
+        const pull = Math.abs(offset)
+        if (pull > action.fullSwipe * width)
+            perform(offset > 0)
+        else
+            offset = pull > action.width / 2 ? Math.sign(offset) * action.width : 0
+    }
+
+    clip: true
+
+    SwipeUnderlay {
+        objectName: "leadingAction"
+        action: root.leading
+        width: Math.max(0, body.x - 4)
+        height: parent.height
+        onPicked: root.perform(true)
+    }
+    SwipeUnderlay {
+        objectName: "trailingAction"
+        action: root.trailing
+        anchors.right: parent.right
+        width: Math.max(0, -body.x - 4)
+        height: parent.height
+        onPicked: root.perform(false)
+    }
+    Rectangle {
+        id: body
+        objectName: "rowBody"
+        x: root.offset
+        width: parent.width
+        height: parent.height
+        radius: 6
+        color: root.background
+        border.width: root.isHighlighted ? 1 : 0
+        border.color: Style.focusColor
+
+        Behavior on x {
+            enabled: !pull.active
+            NumberAnimation {
+                duration: 150
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+    DragHandler {
+        id: pull
+
+        property real start: 0
+
+        target: null
+        yAxis.enabled: false
+        onActiveChanged: active ? start = root.offset : root.settle()
+        onTranslationChanged: if (active) root.offset = start + translation.x
+    }
+    WheelHandler {
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        orientation: Qt.Horizontal
+        target: null
+        onWheel: event => {
+            root.offset += event.angleDelta.x / 3
+            wheelRest.restart()
+        }
+    }
+    Timer {
+        id: wheelRest
+        interval: 250
+        onTriggered: root.settle()
+    }
+}

@@ -1,0 +1,28 @@
+#include "Views/Qt/FieldClipboard.h"
+
+#include "Platform/Pasteboard.h"
+#include "Views/Qt/Values.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace orvelle {
+
+void FieldClipboard::attach(const ViewEnvironment& environment) {
+    platform_ = &environment.platform;
+}
+
+void FieldClipboard::setField(QQuickItem* field) {
+    field_ = field;
+    QObject::disconnect(QGuiApplication::clipboard(), nullptr, field, nullptr);
+    Q_EMIT fieldChanged();
+}
+
+void FieldClipboard::paste() {
+    reading_ = platform_->pasteboard().readString([this](const auto& text) {
+        if (text)
+            Q_EMIT pasted(toQt(std::string_view(*text)).simplified());
+    });
+}
+
+} // namespace orvelle
