@@ -16,6 +16,8 @@ DemoPlatform::DemoPlatform() {
     DemoMachine::script(powerSources_);
     DemoMachine::script(hostStatistics_);
     DemoMachine::script(smc_);
+    DemoMachine::script(fileSystem_, runLoop_.now());
+    DemoMachine::script(pasteboard_, frontmostApplication_);
 }
 
 } // namespace orvelle

@@ -2,6 +2,8 @@
 
 #include "App/AppDelegate.h"
 #include "Platform/Qt/QuickPanel.h"
+#include "Platform/UserDefaults.h"
+#include "Settings/SettingsKeys.h"
 #include "Views/Qt/SpringValue.h"
 
 #include <QCoreApplication>
@@ -65,6 +67,8 @@ void Tour::addStops() {
     }
     addMediaStops();
     addShelfStops();
+    addTimerStops();
+    addEmptyStops();
 }
 
 void Tour::addMediaStops() {
@@ -106,6 +110,37 @@ void Tour::addShelfStops() {
                           state.activePanel = ActivePanel::fileShelf;
                       }});
     stops_.push_back({QStringLiteral("fileShelf-drag"), [&] { state.isDragSessionActive = true; }});
+}
+
+void Tour::addTimerStops() {
+    constexpr PomodoroState underWay{.phase = PomodoroPhase::work,
+                                     .timeRemaining = 17 * 60 + 24,
+                                     .totalTime = 25 * 60,
+                                     .sessionsCompleted = 2,
+                                     .isRunning = true};
+    for (const auto style : allPomodoroTimerStyles) {
+        const auto name = rawValue(style);
+        stops_.push_back({QStringLiteral("pomodoro-") +
+                              QLatin1String(name.data(), static_cast<int>(name.size())),
+                          [this, name, underWay] {
+                              Platform::shared().userDefaults().set(
+                                  Settings::pomodoroTimerStyle.name, std::string(name));
+                              app_.pomodoroManager.state = underWay;
+                              app_.notchState.activePanel = ActivePanel::pomodoro;
+                          }});
+    }
+}
+
+void Tour::addEmptyStops() {
+    const auto add = [this](const char* name, ActivePanel panel, std::function<void()> empty) {
+        stops_.push_back({QLatin1String(name), [this, panel, empty = std::move(empty)] {
+                              empty();
+                              app_.notchState.activePanel = panel;
+                          }});
+    };
+    add("todo-empty", ActivePanel::todo, [this] { app_.todoManager.items.set({}); });
+    add("notes-empty", ActivePanel::notes, [this] { app_.notesManager.items.set({}); });
+    add("clipboard-empty", ActivePanel::clipboard, [this] { app_.clipboardManager.items.set({}); });
 }
 
 void Tour::next() {

@@ -31,6 +31,8 @@ private:
     /// The media panel in every theme mode, with tracks of all kinds and with none.
     void addMediaStops();
     void addShelfStops();
+    void addTimerStops();
+    void addEmptyStops();
     void next();
     /// Takes the picture once nothing moves any more.
     void look();

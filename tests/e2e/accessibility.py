@@ -15,11 +15,22 @@ def describe(node):
     return {
         "role": node.get_role_name(),
         "name": node.get_name(),
+        "focused": states.contains(Atspi.StateType.FOCUSED),
+        "middle": middle(node),
         "selected": states.contains(Atspi.StateType.SELECTED)
         or states.contains(Atspi.StateType.CHECKED),
         "focused": states.contains(Atspi.StateType.FOCUSED),
         "children": [describe(child) for child in children(node)],
     }
+
+
+def middle(node):
+    """Where a pointer would click on it, on the display; none for what has no place."""
+    component = node.get_component_iface()
+    if not component:
+        return None
+    box = component.get_extents(Atspi.CoordType.SCREEN)
+    return box.x + box.width // 2, box.y + box.height // 2
 
 
 def children(node):

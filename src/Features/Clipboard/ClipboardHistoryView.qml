@@ -5,12 +5,15 @@ import Orvelle
 FocusScope {
     id: root
 
+    readonly property real inset: 4 // to the ends of the line above
+
     ClipboardHistoryBinding {
         id: view
     }
     Rectangle {
         id: searchRow
-        width: parent.width
+        x: root.inset
+        width: parent.width - 2 * x
         height: field.implicitHeight + 2 * view.searchPadding
         radius: view.searchCornerRadius
         color: view.searchBackground
@@ -41,7 +44,8 @@ FocusScope {
         anchors.top: searchRow.bottom
         anchors.topMargin: view.spacing
         anchors.bottom: parent.bottom
-        width: parent.width
+        x: root.inset
+        width: parent.width - 2 * x
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         model: view.rows

@@ -5,12 +5,17 @@
 #include "Platform/Simulated/DemoPortrait.h"
 #include "Platform/Simulated/SimulatedCameraService.h"
 #include "Platform/Simulated/SimulatedEventStore.h"
+#include "Foundation/Json.h"
+#include "Foundation/UUID.h"
 #include "Platform/Simulated/SimulatedMachine.h"
+#include "Platform/Simulated/SimulatedPasteboard.h"
 #include "Platform/UserDefaults.h"
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <memory>
+#include <utility>
 
 namespace orvelle::DemoMachine {
 
@@ -131,6 +136,58 @@ void script(SimulatedHostStatistics& statistics) {
 
 void script(SimulatedSMCService& smc) {
     smc.values["TC0P"] = {"sp78", {52, 0}}; // 52 °C
+}
+
+void script(SimulatedFileSystem& files, Date now) {
+    struct Entry {
+        const char* text;
+        bool isCompleted;
+        Seconds age;
+    };
+    constexpr Entry tasks[] = {{"Water the plants", true, 90000},
+                               {"Send the slides to Mara", false, 7200},
+                               {"Book the train to Vienna", false, 3600},
+                               {"Buy oat milk and coffee", false, 600}};
+    constexpr Entry notes[] = {{"Wi-Fi of the meeting room: blue door, third floor", false, 1200},
+                               {"Idea: draw the ring in the colour of the phase", false, 5400},
+                               {"Gate code 4711", false, 86400}};
+    const auto fileOf = [&](auto& entries, const char* textKey, bool hasMark) {
+        Json::Array list;
+        for (const auto& entry : entries) {
+            Json::Object record{{"id", UUID::random().text()},
+                                {textKey, entry.text},
+                                {"createdAt", (now + -entry.age).sinceReference}};
+            if (hasMark)
+                record["isCompleted"] = entry.isCompleted;
+            list.push_back(std::move(record));
+        }
+        return Json(std::move(list)).text();
+    };
+    const auto folder = files.applicationSupportDirectory() + "/Orvelle/";
+    files.files[folder + "todo_items.json"] = fileOf(tasks, "title", true);
+    files.files[folder + "note_items.json"] = fileOf(notes, "text", false);
+}
+
+void script(SimulatedPasteboard& pasteboard, SimulatedFrontmostApplication& frontmost) {
+    struct Copy {
+        const char* text;
+        const char* source;
+    };
+    static constexpr Copy copies[] = {
+        {"The quick brown fox jumps over the lazy dog.", "Text Editor"},
+        {"https://www.example.org/articles/notch", "Browser"},
+        {"let panel = NotchPanel(frame: frame)", "Code"},
+        {"mara@mail.example", "Mail"},
+        {"3.14159", "Calculator"}};
+    pasteboard.onLook = [&frontmost, looks = std::size_t{0}](SimulatedPasteboard& board) mutable {
+        // What is there at the first look counts as copied before.
+        const auto index = looks++;
+        if (index == 0 || index > std::size(copies))
+            return;
+        const auto& copy = copies[index - 1];
+        frontmost.application = ApplicationIdentity{std::nullopt, copy.source};
+        board.copy(copy.text);
+    };
 }
 
 } // namespace orvelle::DemoMachine

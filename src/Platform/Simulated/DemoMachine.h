@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Foundation/Date.h"
+
 namespace orvelle {
 
 class SimulatedAudioHardware;
@@ -7,7 +9,9 @@ class SimulatedDisplayBrightness;
 class SimulatedCameraService;
 class SimulatedEventStore;
 class SimulatedFileSystem;
+class SimulatedFrontmostApplication;
 class SimulatedHostStatistics;
+class SimulatedPasteboard;
 class SimulatedPowerSources;
 class SimulatedSMCService;
 class UserDefaults;
@@ -26,6 +30,10 @@ void fill(SimulatedFileSystem& files);
 void script(SimulatedPowerSources& power);
 void script(SimulatedHostStatistics& statistics);
 void script(SimulatedSMCService& smc);
+/// Lists that were kept, counted back from `now`.
+void script(SimulatedFileSystem& files, Date now);
+/// Texts that are copied in several programs, one at each look.
+void script(SimulatedPasteboard& pasteboard, SimulatedFrontmostApplication& frontmost);
 
 } // namespace DemoMachine
 

@@ -3,6 +3,7 @@
 #include "Platform/FrontmostApplication.h"
 #include "Platform/Pasteboard.h"
 
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -16,6 +17,8 @@ public:
     std::int64_t count = 0;
     int readCount = 0;
     bool isOwnerSilent = false;
+    /// Called at each look, so that a demonstration can copy something.
+    std::function<void(SimulatedPasteboard&)> onLook;
 
     /// Another program copies something; without a text a picture, say.
     void copy(std::optional<std::string> copied) {
@@ -28,7 +31,11 @@ public:
             (*waiting)(text);
     }
 
-    std::int64_t changeCount() override { return count; }
+    std::int64_t changeCount() override {
+        if (onLook)
+            onLook(*this);
+        return count;
+    }
     Subscription readString(Reading done) override {
         ++readCount;
         if (!isOwnerSilent) {

@@ -6,6 +6,7 @@ FocusScope {
     id: root
 
     property EntryListBinding view
+    readonly property real inset: 4 // to the ends of the line above
 
     function add() {
         if (view.canAdd(field.text)) {
@@ -22,7 +23,8 @@ FocusScope {
     }
     Rectangle {
         id: fieldGround
-        width: parent.width - addButton.width - 10
+        x: root.inset
+        width: parent.width - 2 * x - addButton.width - 10
         height: field.implicitHeight + 2 * root.view.fieldVerticalPadding
         radius: 6
         color: root.view.rowBackground
@@ -47,7 +49,7 @@ FocusScope {
         id: addButton
         objectName: "addButton"
         anchors.right: parent.right
-        anchors.rightMargin: 2
+        anchors.rightMargin: root.inset + 2
         anchors.verticalCenter: fieldGround.verticalCenter
         width: 18
         height: 18
@@ -62,7 +64,8 @@ FocusScope {
         anchors.top: fieldGround.bottom
         anchors.topMargin: 8
         anchors.bottom: parent.bottom
-        width: parent.width
+        x: root.inset
+        width: parent.width - 2 * x
         clip: true
         spacing: 4
         boundsBehavior: Flickable.StopAtBounds

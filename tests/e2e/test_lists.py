@@ -1,0 +1,193 @@
+"""The lists and the focus timer as a user meets them: typed, copied, clicked, and what the desktop
+and the disk show of it."""
+
+import json
+import pathlib
+import re
+import subprocess
+import time
+
+import pytest
+
+from desktop import WIDTH, wait_until
+
+REFERENCE_DATE = 978307200  # 2001-01-01 in seconds since 1970
+PANEL = 566
+TAB_BAR_PADDING, TAB_BAR_MIDDLE = 12, 48
+UUID = re.compile(r"[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}")
+
+
+@pytest.fixture(autouse=True)
+def accessibility_bus(desktop):
+    return desktop.spawn(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"],
+                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+def nodes(desktop):
+    """Everything that the program shows, flat."""
+    reader = pathlib.Path(__file__).with_name("accessibility.py")
+    answer = subprocess.run(["/usr/bin/python3", reader, "orvelle"], env=desktop.environment,
+                            capture_output=True, text=True, timeout=30)
+    found = []
+
+    def collect(node):
+        found.append(node)
+        for child in node["children"]:
+            collect(child)
+
+    for tree in json.loads(answer.stdout or "[]"):
+        collect(tree)
+    return found
+
+
+def names(desktop, role):
+    return [node["name"] for node in nodes(desktop) if node["role"] == role]
+
+
+def open_panel(program, label):
+    desktop = program.desktop
+    program.expand()
+    tabs = wait_until(lambda: names(desktop, "page tab"), "tab bar", program.describe)
+    step = (PANEL - 2 * TAB_BAR_PADDING) / len(tabs)
+    left = (WIDTH - PANEL) // 2 + TAB_BAR_PADDING
+    desktop.move_pointer(round(left + (tabs.index(label) + 0.5) * step), TAB_BAR_MIDDLE)
+    desktop.click()
+
+
+def type_entry(program, prompt, text):
+    desktop = program.desktop
+    wait_until(lambda: any(node["name"] == prompt and node["focused"] for node in nodes(desktop)),
+               "focus in the field", program.describe)
+    desktop.type(text + "\n")
+
+
+def list_file(environment, name):
+    return pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle" / name
+
+
+def wait_for_entries(path, count):
+    def read():
+        return path.exists() and len(json.loads(path.read_text())) == count
+    wait_until(read, f"{count} entries in {path.name}")
+    return path.read_text()
+
+
+def check_bytes(text, written, started):
+    """`written` gives the one text that the file may hold, once its chance values are known."""
+    values = json.loads(text, parse_float=str)
+    for value in values:
+        assert UUID.fullmatch(value["id"])
+        assert started - 1 <= float(value["createdAt"]) + REFERENCE_DATE <= time.time() + 1
+    assert text == "[" + ",".join(written(value) for value in values) + "]"
+
+
+def test_typed_tasks_are_on_the_disk_byte_for_byte(start, openbox, environment):
+    other = openbox.open_window(100, 500, 300, 200)
+    openbox.focus_window(other)
+    started = time.time()
+    program = start(todoEnabled="true")
+    open_panel(program, "Todo")
+    type_entry(program, "Add a task...", "  buy milk & \"bread\"")
+    type_entry(program, "Add a task...", "call home")
+    path = list_file(environment, "todo_items.json")
+    text = wait_for_entries(path, 2)
+    assert [item["title"] for item in json.loads(text)] == ["buy milk & \"bread\"", "call home"]
+    check_bytes(text, lambda item: '{"createdAt":%s,"id":"%s","isCompleted":false,"title":%s}'
+                % (item["createdAt"], item["id"], json.dumps(item["title"])), started)
+    assert path.stat().st_mode & 0o777 == 0o600
+
+
+def test_typed_notes_are_on_the_disk_byte_for_byte(start, openbox, environment):
+    started = time.time()
+    program = start(notesEnabled="true")
+    open_panel(program, "Notes")
+    type_entry(program, "Add a note...", "first")
+    type_entry(program, "Add a note...", "second")
+    text = wait_for_entries(list_file(environment, "note_items.json"), 2)
+    assert [item["text"] for item in json.loads(text)] == ["second", "first"]
+    check_bytes(text, lambda item: '{"createdAt":%s,"id":"%s","text":"%s"}'
+                % (item["createdAt"], item["id"], item["text"]), started)
+
+
+def test_a_task_survives_the_end_of_the_program(start, openbox, environment):
+    program = start(todoEnabled="true")
+    open_panel(program, "Todo")
+    type_entry(program, "Add a task...", "stay")
+    wait_until(lambda: "stay" in names(openbox, "list item"), "the row", program.describe)
+    program.stop()
+    items = json.loads(list_file(environment, "todo_items.json").read_text())
+    assert [item["title"] for item in items] == ["stay"]
+
+
+def copy(desktop, tool, text):
+    commands = {"xclip": ["xclip", "-selection", "clipboard"],
+                "xsel": ["xsel", "--clipboard", "--input", "--nodetach"]}
+    process = desktop.spawn(commands[tool], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
+                            stderr=subprocess.DEVNULL)
+    process.stdin.write(text.encode())
+    process.stdin.close()
+
+
+def clipboard(desktop):
+    return subprocess.run(["xclip", "-selection", "clipboard", "-o"], env=desktop.environment,
+                          capture_output=True, timeout=20).stdout.decode()
+
+
+def test_copies_appear_and_a_click_copies_back(start, openbox):
+    program = start(clipboardEnabled="true")
+    open_panel(program, "Clipboard")
+
+    def rows():
+        return names(openbox, "list item")
+
+    copy(openbox, "xclip", "from xclip")
+    wait_until(lambda: rows() == ["from xclip"], "the first copy",
+               lambda: f"{rows()} {program.describe()}")
+    copy(openbox, "xsel", "from xsel ü")
+    wait_until(lambda: rows() == ["from xsel ü", "from xclip"], "the second copy",
+               lambda: f"{rows()} {program.describe()}")
+    second = next(node for node in nodes(openbox) if node["name"] == "from xclip")
+    openbox.move_pointer(*second["middle"])
+    openbox.click()
+    wait_until(lambda: clipboard(openbox) == "from xclip", "the text on the clipboard")
+    wait_until(lambda: rows() == ["from xclip", "from xsel ü"], "the row at the top")
+
+
+def start_timer(program):
+    open_panel(program, "Focus")
+    button = wait_until(
+        lambda: next((node for node in nodes(program.desktop) if node["name"] == "Start"), None),
+        "the play button", program.describe)
+    program.desktop.move_pointer(*button["middle"])
+    program.desktop.click()
+
+
+def test_the_desktop_is_told_when_a_session_is_complete(start, openbox, environment, tmp_path):
+    log = tmp_path / "notifications.log"
+    openbox.spawn(["/usr/bin/python3", "-m", "dbusmock", "--logfile", log, "--template",
+                   "notification_daemon"], stdout=subprocess.DEVNULL)
+    wait_until(log.exists, "the notification service")
+    program = start(pomodoroEnabled="true", pomodoroWorkMinutes=0.02)
+    start_timer(program)
+    wait_until(lambda: "Work Session Complete" in log.read_text(), "the notice",
+               program.describe)
+    assert "Time for a break!" in log.read_text()
+    assert log.read_text().count("Notify") == 1
+
+
+def test_the_end_of_a_session_is_heard(start, openbox, environment, tmp_path):
+    socket = tmp_path / "pulse"
+    openbox.spawn(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
+                   "--load=module-null-sink",
+                   f"--load=module-native-protocol-unix socket={socket} auth-anonymous=1"],
+                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    wait_until(socket.exists, "the sound server")
+    environment["PULSE_SERVER"] = f"unix:{socket}"
+    environment["CANBERRA_DRIVER"] = "pulse"
+    heard = tmp_path / "heard"
+    with heard.open("wb") as output:
+        openbox.spawn(["pactl", "subscribe"], stdout=output, stderr=subprocess.STDOUT)
+    program = start(pomodoroEnabled="true", pomodoroWorkMinutes=0.02)
+    start_timer(program)
+    wait_until(lambda: "'new' on sink-input" in heard.read_text(), "a sound",
+               lambda: heard.read_text() + program.describe())

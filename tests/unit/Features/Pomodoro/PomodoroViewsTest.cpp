@@ -1,0 +1,113 @@
+#include "Extensions/ColorTheme.h"
+#include "Features/Pomodoro/PomodoroCollapsedView.h"
+#include "Features/Pomodoro/PomodoroExpandedView.h"
+#include "Features/Pomodoro/PomodoroManager.h"
+#include "Features/Theme/ThemeManager.h"
+#include "Platform/Simulated/SimulatedPlatform.h"
+
+#include <gtest/gtest.h>
+
+namespace orvelle {
+namespace {
+
+class PomodoroViewsTest : public testing::Test {
+protected:
+    void setPhase(PomodoroPhase phase) {
+        manager.state.update([&](auto& state) { state.phase = phase; });
+    }
+    void setStyle(const char* style) {
+        platform.userDefaultsPort.set("pomodoroTimerStyle", std::string(style));
+    }
+
+    SimulatedPlatform platform;
+    PomodoroManager manager{platform};
+    ThemeManager theme{platform};
+    PomodoroExpandedView view{manager, theme, platform};
+    PomodoroCollapsedView collapsed{manager};
+};
+
+TEST_F(PomodoroViewsTest, ThePhaseHasTheAccentUnlessTheThemeIsMulticolor) {
+    EXPECT_EQ(view.phaseColor(), notchSecondary);
+    setPhase(PomodoroPhase::shortBreak);
+    EXPECT_EQ(view.phaseColor(), theme.accentColor());
+    platform.userDefaultsPort.set("themeMode", std::string("multicolor"));
+    EXPECT_EQ(view.phaseColor(), colors::green);
+    setPhase(PomodoroPhase::work);
+    EXPECT_EQ(view.phaseColor(), colors::red);
+    setPhase(PomodoroPhase::longBreak);
+    EXPECT_EQ(view.phaseColor(), colors::blue);
+    setPhase(PomodoroPhase::idle);
+    EXPECT_EQ(view.phaseColor(), notchSecondary);
+}
+
+TEST_F(PomodoroViewsTest, TheStyleIsRingUntilChosenAndDigitalForAnUnknownText) {
+    EXPECT_EQ(view.style(), PomodoroTimerStyle::ring);
+    setStyle("sundial");
+    EXPECT_EQ(view.style(), PomodoroTimerStyle::digital);
+}
+
+TEST_F(PomodoroViewsTest, TheMenuListsTheStylesAndMarksTheCurrentOne) {
+    const auto menu = view.contextMenu();
+    ASSERT_EQ(menu.size(), 4u);
+    EXPECT_EQ(menu[0].title, "Digital");
+    EXPECT_EQ(menu[1].title, "Ring");
+    EXPECT_EQ(menu[2].title, "Analog");
+    EXPECT_EQ(menu[3].title, "Minimal");
+    EXPECT_EQ(menu[1].symbol, "checkmark");
+    EXPECT_EQ(menu[0].symbol, "");
+    menu[3].perform();
+    EXPECT_EQ(platform.userDefaultsPort.string("pomodoroTimerStyle"), "minimal");
+}
+
+TEST_F(PomodoroViewsTest, EveryStyleHasItsOwnFigures) {
+    setStyle("digital");
+    EXPECT_EQ(view.time(80).style, (TextStyle{36, FontWeight::light, colors::white}));
+    EXPECT_EQ(view.phaseLabel().text, "READY");
+    setStyle("ring");
+    EXPECT_EQ(view.time(61).style, (TextStyle{18, FontWeight::medium, colors::white}));
+    EXPECT_EQ(view.time(60).style, (TextStyle{14, FontWeight::medium, colors::white}));
+    EXPECT_EQ(view.phaseLabel().style.size, 9);
+    setStyle("analog");
+    EXPECT_EQ(view.time(80).style.size, 10);
+    setStyle("minimal");
+    EXPECT_EQ(view.time(80).style, (TextStyle{44, FontWeight::ultraLight, colors::white}));
+    EXPECT_EQ(view.phaseLabel().style.weight, FontWeight::semibold);
+}
+
+TEST_F(PomodoroViewsTest, TheDrawnStylesAre50LowerThanTheAreaAndNoMoreThan80) {
+    EXPECT_EQ(PomodoroExpandedView::availableSize(135), 80);
+    EXPECT_EQ(PomodoroExpandedView::availableSize(100), 50);
+    EXPECT_EQ(PomodoroExpandedView::availableSize(20), 0);
+    EXPECT_EQ(PomodoroExpandedView::analogTimeOffset(80), 15);
+}
+
+TEST_F(PomodoroViewsTest, EveryThirdOfTheTwelveMarksIsLong) {
+    const auto ticks = PomodoroExpandedView::ticks();
+    ASSERT_EQ(ticks.size(), 12u);
+    EXPECT_EQ(ticks[3], (PomodoroExpandedView::Tick{90, 6}));
+    EXPECT_EQ(ticks[4], (PomodoroExpandedView::Tick{120, 3}));
+}
+
+TEST_F(PomodoroViewsTest, TheDotsFillWithTheSessions) {
+    platform.userDefaultsPort.set("pomodoroSessionsBeforeLongBreak", 3.7);
+    setPhase(PomodoroPhase::work);
+    manager.state.update([](auto& state) { state.sessionsCompleted = 1; });
+    EXPECT_EQ(view.sessionDots(),
+              (std::vector<Color>{view.phaseColor(), notchSurface, notchSurface}));
+    platform.userDefaultsPort.set("pomodoroSessionsBeforeLongBreak", 0.5);
+    EXPECT_TRUE(view.sessionDots().empty());
+}
+
+TEST_F(PomodoroViewsTest, TheSmallFormSaysFocusUntilAPhaseIsOn) {
+    EXPECT_EQ(collapsed.text(),
+              (StyledText{"Focus", {10, FontWeight::medium, Color::white(1, 0.4)}}));
+    EXPECT_EQ(collapsed.icon(), (StyledSymbol{"timer", 10, Color::white(1, 0.4)}));
+    manager.startTimer();
+    EXPECT_EQ(collapsed.text().text, "25:00");
+    EXPECT_EQ(collapsed.icon(), (StyledSymbol{"brain.head.profile", 10, Color::white(1, 0.7)}));
+    setPhase(PomodoroPhase::longBreak);
+    EXPECT_EQ(collapsed.icon().name, "cup.and.saucer");
+}
+
+} // namespace
+} // namespace orvelle

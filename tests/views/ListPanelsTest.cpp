@@ -1,0 +1,261 @@
+#include "views/ViewFixture.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace orvelle {
+
+/// The panels with lists that the user edits.
+class ListPanelsTest : public ViewFixture {
+protected:
+    ListPanelsTest() { window.requestActivate(); }
+
+    void press(int key, const QString& text = {}) {
+        QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QCoreApplication::sendEvent(&window, &down);
+        QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, text);
+        QCoreApplication::sendEvent(&window, &up);
+        turn();
+    }
+    void type(const QString& text) {
+        for (const auto character : text)
+            press(0, character);
+    }
+    bool hasFocus(const QString& objectName) {
+        const auto* found = item(objectName);
+        return found && found->hasActiveFocus();
+    }
+    /// Shows the panel and waits for what takes the keyboard by itself.
+    void open(ActivePanel panel, const QString& focused) {
+        show(panel);
+        ASSERT_TRUE(eventually([&] { return hasFocus(focused); }));
+    }
+    void mouse(QEvent::Type type, QPointF at, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, at, window.mapToGlobal(at),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &event);
+        turn();
+    }
+    void pull(const QString& objectName, double distance) {
+        const auto from = frameOf(objectName).center();
+        mouse(QEvent::MouseButtonPress, from, Qt::LeftButton);
+        for (int step = 1; step <= 10; ++step)
+            mouse(QEvent::MouseMove, from + QPointF(distance * step / 10, 0), Qt::LeftButton);
+        mouse(QEvent::MouseButtonRelease, from + QPointF(distance, 0), Qt::NoButton);
+    }
+    std::vector<std::string> todoTitles() const {
+        std::vector<std::string> titles;
+        for (const auto& each : todo.items.get())
+            titles.push_back(each.title);
+        return titles;
+    }
+    using Texts = std::vector<std::string>;
+};
+
+TEST_F(ListPanelsTest, TheFieldTakesTheFocusWhenThePanelAppears) {
+    for (const auto panel : {ActivePanel::todo, ActivePanel::notes})
+        open(panel, "field");
+}
+
+TEST_F(ListPanelsTest, WhatIsTypedBecomesATaskAndTheFieldIsReadyForTheNext) {
+    open(ActivePanel::todo, "field");
+    type("buy milk");
+    EXPECT_EQ(textOf("field"), "buy milk");
+    press(Qt::Key_Return, "\r");
+    type("call home");
+    press(Qt::Key_Return, "\r");
+    EXPECT_EQ(todoTitles(), (Texts{"buy milk", "call home"}));
+    EXPECT_EQ(textOf("field"), "");
+    EXPECT_TRUE(hasFocus("field"));
+    EXPECT_EQ(textOf("rowText"), "buy milk");
+}
+
+TEST_F(ListPanelsTest, TheButtonDoesWhatReturnDoesAndRestsWithoutAText) {
+    open(ActivePanel::notes, "field");
+    EXPECT_FALSE(item("addButton")->isEnabled());
+    type("  ");
+    EXPECT_FALSE(item("addButton")->isEnabled());
+    type("idea");
+    EXPECT_TRUE(item("addButton")->isEnabled());
+    click("addButton");
+    ASSERT_EQ(notes.items->size(), 1u);
+    EXPECT_EQ(notes.items->front().text, "idea");
+    EXPECT_TRUE(hasFocus("field"));
+}
+
+TEST_F(ListPanelsTest, WithoutEntriesAPlaceholderStands) {
+    show(ActivePanel::todo);
+    EXPECT_EQ(textOf("placeholderTitle"), "No tasks yet");
+    picture("todo-empty");
+    show(ActivePanel::notes);
+    EXPECT_EQ(textOf("placeholderTitle"), "No notes yet");
+    show(ActivePanel::clipboard);
+    EXPECT_EQ(textOf("placeholderTitle"), "No clipboard history");
+}
+
+TEST_F(ListPanelsTest, TheRowsButtonTogglesTheTask) {
+    todo.addItem("a");
+    show(ActivePanel::todo);
+    click("rowButton");
+    EXPECT_TRUE(todo.items->front().isCompleted);
+    EXPECT_TRUE(item("rowText")->property("font").value<QFont>().strikeOut());
+    picture("todo-done");
+}
+
+TEST_F(ListPanelsTest, AFullSwipePerformsAndAShortOneUncoversTheAction) {
+    todo.addItem("a");
+    todo.addItem("b");
+    show(ActivePanel::todo);
+    pull("row.0", 400);
+    EXPECT_TRUE(todo.items->front().isCompleted);
+    pull("row.1", -60);
+    EXPECT_EQ(todo.items->size(), 2u);
+    picture("todo-swipe");
+    ASSERT_TRUE(eventually([&] { return item("row.1")->property("offset") == -74; }));
+    pull("row.1", -400);
+    EXPECT_EQ(todoTitles(), Texts{"a"});
+}
+
+TEST_F(ListPanelsTest, KeysDoWhatSwipesDo) {
+    todo.addItem("a");
+    todo.addItem("b");
+    open(ActivePanel::todo, "field");
+    press(Qt::Key_Down);
+    EXPECT_TRUE(hasFocus("row.0"));
+    press(Qt::Key_Space, " ");
+    EXPECT_TRUE(todo.items->front().isCompleted);
+    press(Qt::Key_Down);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(todoTitles(), Texts{"a"});
+    press(Qt::Key_Up);
+    EXPECT_TRUE(hasFocus("field"));
+}
+
+TEST_F(ListPanelsTest, ANoteIsCopiedByItsButtonItsSwipeAndItsKey) {
+    notes.addItem("a");
+    open(ActivePanel::notes, "field");
+    click("rowButton");
+    EXPECT_EQ(platform.pasteboardPort.text, "a");
+    pull("row.0", 400);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return, "\r");
+    EXPECT_EQ(platform.pasteboardPort.count, 3);
+    EXPECT_EQ(notes.items->size(), 1u);
+    picture("notes");
+}
+
+TEST_F(ListPanelsTest, PastingReadsTheClipboardInOneLine) {
+    open(ActivePanel::todo, "field");
+    type("ab");
+    platform.pasteboardPort.copy("one\ntwo ");
+    QKeyEvent paste(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier, "\x16");
+    QCoreApplication::sendEvent(&window, &paste);
+    EXPECT_EQ(textOf("field"), "abone two");
+}
+
+class ClipboardPanelTest : public ListPanelsTest {
+protected:
+    ClipboardPanelTest() {
+        clipboard.start();
+        copy("first text");
+        copy("https://host.example/second");
+    }
+    void copy(const std::string& text) {
+        platform.pasteboardPort.copy(text);
+        platform.runLoopPort.advance(0.5);
+    }
+};
+
+TEST_F(ClipboardPanelTest, ShowsTheNewestFirstWithSourceAndAge) {
+    platform.runLoopPort.advance(120);
+    show(ActivePanel::clipboard);
+    EXPECT_EQ(textOf("preview"), "https://host.example/second");
+    EXPECT_EQ(textOf("detail"), "Unknown");
+    picture("clipboard");
+}
+
+TEST_F(ClipboardPanelTest, AClickCopiesAndMovesTheRowToTheTop) {
+    show(ActivePanel::clipboard);
+    click("row.1");
+    EXPECT_EQ(platform.pasteboardPort.text, "first text");
+    EXPECT_EQ(clipboard.items->front().content, "first text");
+}
+
+TEST_F(ClipboardPanelTest, TypingSearches) {
+    show(ActivePanel::clipboard);
+    click("searchField");
+    item("field")->forceActiveFocus();
+    type("FIRST");
+    EXPECT_EQ(item("history")->property("count"), 1);
+    type("x");
+    EXPECT_EQ(item("history")->property("count"), 0);
+    EXPECT_TRUE(item("placeholderTitle")->isVisible());
+}
+
+TEST_F(ClipboardPanelTest, KeysCopyAndDelete) {
+    show(ActivePanel::clipboard);
+    item("field")->forceActiveFocus();
+    press(Qt::Key_Down);
+    press(Qt::Key_Delete);
+    ASSERT_EQ(clipboard.items->size(), 1u);
+    press(Qt::Key_Return, "\r");
+    EXPECT_EQ(platform.pasteboardPort.text, "first text");
+}
+
+class PomodoroPanelTest : public ViewFixture {
+protected:
+    void show(const char* style) {
+        platform.userDefaultsPort.set("pomodoroTimerStyle", std::string(style));
+        ViewFixture::show(ActivePanel::pomodoro);
+    }
+    void play(Seconds seconds) {
+        pomodoro.startTimer();
+        platform.runLoopPort.advance(seconds);
+        turn();
+    }
+};
+
+TEST_F(PomodoroPanelTest, EveryStyleShowsTheTime) {
+    for (const char* style : {"digital", "ring", "analog", "minimal"}) {
+        play(300);
+        show(style);
+        EXPECT_EQ(textOf("time"), "20:00") << style;
+        picture(std::string("pomodoro-") + style);
+        pomodoro.reset();
+    }
+}
+
+TEST_F(PomodoroPanelTest, TheDrawnStylesAre80HighAndFit) {
+    show("ring");
+    EXPECT_EQ(frameOf("ring").size(), QSizeF(80, 80));
+    EXPECT_TRUE(frameOf("timerArea").contains(frameOf("ring")));
+    show("analog");
+    EXPECT_EQ(frameOf("dial").size(), QSizeF(80, 80));
+    EXPECT_EQ(frameOf("sessionAndControls").height(), 44);
+}
+
+TEST_F(PomodoroPanelTest, TheButtonsStartPauseSkipAndReset) {
+    show("digital");
+    EXPECT_EQ(textOf("phase"), "READY");
+    click("playButton");
+    EXPECT_TRUE(pomodoro.state->isRunning);
+    click("playButton");
+    EXPECT_FALSE(pomodoro.state->isRunning);
+    click("skipButton");
+    EXPECT_EQ(textOf("phase"), "BREAK");
+    EXPECT_EQ(frameOf("barFill").width(), 0);
+    click("resetButton");
+    EXPECT_EQ(pomodoro.state.get(), PomodoroState{});
+}
+
+TEST_F(PomodoroPanelTest, TheHandTurnsWithTheProgress) {
+    play(25 * 60 / 4);
+    show("analog");
+    const auto hand = frameOf("hand");
+    EXPECT_GT(hand.center().x(), frameOf("dial").center().x() + 10);
+    EXPECT_NEAR(hand.center().y(), frameOf("dial").center().y(), 1);
+}
+
+} // namespace orvelle
