@@ -265,7 +265,7 @@ std::vector<AppDelegate::FeatureSwitch> AppDelegate::makeFeatureSwitches() {
              systemMonitorManager.previousCPUInfo.reset();
              systemMonitorManager.previousNetworkBytes.reset();
          }},
-        {Settings::weatherEnabled, weatherManager, [this] { weatherManager.refreshTimer.reset(); }},
+        {Settings::weatherEnabled, weatherManager, [this] { weatherManager.stop(); }},
         {Settings::pomodoroEnabled, pomodoroManager, [this] { pomodoroManager.pauseTimer(); }},
         {Settings::todoEnabled, todoManager, nothing},
         {Settings::notesEnabled, notesManager, nothing},

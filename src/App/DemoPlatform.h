@@ -14,6 +14,8 @@
 #include "Platform/Simulated/SimulatedCameraService.h"
 #include "Platform/Simulated/SimulatedEventStore.h"
 #include "Platform/Simulated/SimulatedFiles.h"
+#include "Platform/Simulated/SimulatedHttpClient.h"
+#include "Platform/Simulated/SimulatedLocation.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedPasteboard.h"
@@ -30,12 +32,12 @@ public:
     Appearance& appearance() override { return appearance_; }
     Application& application() override { return desktop_.application; }
     AudioHardware& audioHardware() override { return audioHardware_; }
-    DisplayBrightness& displayBrightness() override { return displayBrightness_; }
+    CameraService& camera() override { return camera_; }
     Console& console() override { return console_; }
+    DisplayBrightness& displayBrightness() override { return displayBrightness_; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotifications_;
     }
-    CameraService& camera() override { return camera_; }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     EventStore& eventStore() override { return eventStore_; }
     FileCopier& fileCopier() override { return fileCopier_; }
@@ -44,8 +46,11 @@ public:
     FileViewer& fileViewer() override { return fileViewer_; }
     Formatting& formatting() override { return formatting_; }
     FrontmostApplication& frontmostApplication() override { return frontmostApplication_; }
+    Geocoder& geocoder() override { return geocoder_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
+    HttpClient& httpClient() override { return httpClient_; }
     ImageCodec& imageCodec() override { return imageCodec_; }
+    LocationService& locationService() override { return locationService_; }
     LogSink& log() override { return log_; }
     LoginItem& loginItem() override { return loginItem_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
@@ -59,8 +64,8 @@ public:
     ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
     SharePicker& sharePicker() override { return sharePicker_; }
     SMCService& smc() override { return smc_; }
-    StatusBar& statusBar() override { return desktop_.statusBar; }
     Sound& sound() override { return sound_; }
+    StatusBar& statusBar() override { return desktop_.statusBar; }
     UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
@@ -90,6 +95,9 @@ private:
     SimulatedFrontmostApplication frontmostApplication_;
     SimulatedHostStatistics hostStatistics_;
     SimulatedLoginItem loginItem_;
+    SimulatedGeocoder geocoder_{runLoop_};
+    SimulatedHttpClient httpClient_{runLoop_};
+    SimulatedLocationService locationService_;
     SimulatedNowPlayingService nowPlaying_;
     SimulatedPasteboard pasteboard_;
     SimulatedSharePicker sharePicker_;

@@ -121,4 +121,12 @@ std::string folded(std::string_view text, std::string_view locale) {
     return U_SUCCESS(status) ? result : std::string(text);
 }
 
+std::string capitals(std::string_view text) {
+    UErrorCode status = U_ZERO_ERROR;
+    std::string result;
+    icu::StringByteSink<std::string> sink(&result);
+    icu::CaseMap::utf8ToUpper("", 0, piece(text), sink, nullptr, status);
+    return U_SUCCESS(status) ? result : std::string(text);
+}
+
 } // namespace orvelle::Text

@@ -20,4 +20,7 @@ std::string_view firstCharacters(std::string_view text, std::size_t count);
 /// `locale` is the user's ("tr_TR" tells a dotted i from a dotless one); empty for none.
 std::string folded(std::string_view text, std::string_view locale = {});
 
+/// In capitals by the rules of no language; one letter may become two ("ß").
+std::string capitals(std::string_view text);
+
 } // namespace orvelle::Text

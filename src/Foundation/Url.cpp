@@ -1,32 +1,64 @@
 #include "Foundation/Url.h"
 
-#include <algorithm>
+#include "Foundation/Format.h"
 
-namespace orvelle {
+namespace orvelle::Url {
 
 namespace {
 
-bool isHexDigit(char character) {
-    return (character >= '0' && character <= '9') || (character >= 'a' && character <= 'f') ||
-           (character >= 'A' && character <= 'F');
+constexpr std::string_view hexDigits = "0123456789abcdefABCDEF";
+constexpr std::string_view queryMarks = "-._~!$&'()*+,;=:@/?";
+
+bool isLetterOrDigit(char character) {
+    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
+           (character >= '0' && character <= '9');
 }
 
-bool isAllowed(char character) {
-    constexpr std::string_view others = "-._~:/?#[]@!$&'()*+,;=%";
-    return (character >= '0' && character <= '9') || (character >= 'a' && character <= 'z') ||
-           (character >= 'A' && character <= 'Z') ||
-           others.find(character) != std::string_view::npos;
+bool mayStandInQuery(char character) {
+    return isLetterOrDigit(character) || queryMarks.find(character) != std::string_view::npos;
+}
+
+bool isEscape(std::string_view text) {
+    return text.size() >= 3 && text[0] == '%' &&
+           hexDigits.find(text[1]) != std::string_view::npos &&
+           hexDigits.find(text[2]) != std::string_view::npos;
+}
+
+/// Brackets enclose a numeric host: "//[::1]".
+std::string_view withoutBracketedHost(std::string_view text) {
+    const auto open = text.find("//[");
+    const auto close = text.find(']');
+    if (open == std::string_view::npos || close == std::string_view::npos || close < open)
+        return text;
+    return text.substr(close + 1);
 }
 
 } // namespace
 
-bool isUrl(std::string_view text) {
-    if (text.empty() || !std::all_of(text.begin(), text.end(), isAllowed))
+bool isValid(std::string_view text) {
+    if (text.empty())
         return false;
-    for (auto at = text.find('%'); at != std::string_view::npos; at = text.find('%', at + 1))
-        if (at + 2 >= text.size() || !isHexDigit(text[at + 1]) || !isHexDigit(text[at + 2]))
+    bool hasFragment = false;
+    const auto rest = withoutBracketedHost(text);
+    for (std::size_t index = 0; index < rest.size(); ++index) {
+        const char character = rest[index];
+        if (character == '#' && !hasFragment)
+            hasFragment = true;
+        else if (!mayStandInQuery(character) && !isEscape(rest.substr(index)))
             return false;
+    }
     return true;
 }
 
-} // namespace orvelle
+std::string escapedForQuery(std::string_view text) {
+    std::string escaped;
+    for (const char character : text)
+        if (mayStandInQuery(character))
+            escaped += character;
+        else
+            escaped +=
+                format("%%%02X", static_cast<unsigned>(static_cast<unsigned char>(character)));
+    return escaped;
+}
+
+} // namespace orvelle::Url

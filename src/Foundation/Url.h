@@ -1,12 +1,17 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
-namespace orvelle {
+/// Web addresses as texts.
+namespace orvelle::Url {
 
-/// Whether the text is written as an address, relative ones included: not empty, of the characters
-/// that RFC 3986 allows, and each percent sign before two hexadecimal digits. Says nothing of what
-/// stands behind it.
-bool isUrl(std::string_view text);
+/// Whether this is an absolute or relative address by RFC 3986: no blanks, no letters outside
+/// ASCII, each "%" before two hexadecimal digits, brackets around a host only. False for nothing.
+bool isValid(std::string_view text);
 
-} // namespace orvelle
+/// Fit for the query of an address: what may not stand there is escaped, byte by byte in capital
+/// hexadecimal digits. "&", "+" and "=" may, and stay.
+std::string escapedForQuery(std::string_view text);
+
+} // namespace orvelle::Url

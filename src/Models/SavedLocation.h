@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Foundation/Json.h"
 #include "Foundation/UUID.h"
 
+#include <optional>
 #include <string>
 
 namespace orvelle {
@@ -13,6 +15,10 @@ struct SavedLocation {
     double latitude = 0;
     double longitude = 0;
     bool operator==(const SavedLocation&) const = default;
+
+    /// The stored form.
+    Json json() const;
+    static std::optional<SavedLocation> fromJson(const Json& json);
 };
 
 } // namespace orvelle

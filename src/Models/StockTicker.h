@@ -1,8 +1,10 @@
 #pragma once
 
 #include "Foundation/Date.h"
+#include "Foundation/Json.h"
 #include "Foundation/UUID.h"
 
+#include <optional>
 #include <string>
 
 namespace orvelle {
@@ -11,11 +13,16 @@ namespace orvelle {
 struct StockTicker {
     UUID id;
     std::string symbol; ///< upper case
-    std::string name;
+    std::string name;   ///< the company's; empty in every ticker that the program adds
     Date addedAt;
     bool operator==(const StockTicker&) const = default;
+
+    /// The stored form.
+    Json json() const;
+    static std::optional<StockTicker> fromJson(const Json& json);
 };
 
+/// What a symbol is worth now.
 struct StockQuote {
     std::string symbol;
     double price = 0;
@@ -23,6 +30,9 @@ struct StockQuote {
     double changePercent = 0; ///< of the previous close
     double previousClose = 0;
     bool operator==(const StockQuote&) const = default;
+
+    Json json() const;
+    static std::optional<StockQuote> fromJson(const Json& json);
 };
 
 } // namespace orvelle

@@ -16,6 +16,7 @@ struct SymbolRow {
 inline constexpr SymbolRow symbolTable[] = {
     // clang-format off
     {"airplayaudio", ""},
+    {"arrow.clockwise", "arrow_clockwise"},
     {"arrow.counterclockwise", "arrow_counterclockwise"},
     {"arrow.down", "arrow_down"},
     {"arrow.down.circle.fill", "arrow_down_circle_fill"},
@@ -38,7 +39,9 @@ inline constexpr SymbolRow symbolTable[] = {
     {"checklist", ""},
     {"checkmark", "checkmark_alt"},
     {"checkmark.circle.fill", "checkmark_circle_fill"},
+    {"chevron.left", "chevron_left"},
     {"chevron.left.forwardslash.chevron.right", "chevron_left_slash_chevron_right"},
+    {"chevron.right", "chevron_right"},
     {"circle", "circle"},
     {"clipboard", ""},
     {"clock", "clock"},
@@ -70,6 +73,7 @@ inline constexpr SymbolRow symbolTable[] = {
     {"hand.point.up.fill", ""},
     {"heart", "heart"},
     {"heart.fill", "heart_fill"},
+    {"humidity", ""},
     {"keyboard.badge.ellipsis", ""},
     {"link", "link"},
     {"list.number", "list_number"},
@@ -103,11 +107,13 @@ inline constexpr SymbolRow symbolTable[] = {
     {"square.grid.2x2", "square_grid_2x2"},
     {"sun.max.fill", "sun_max_fill"},
     {"sun.min.fill", "sun_min_fill"},
+    {"thermometer", "thermometer"},
     {"thermometer.medium", "thermometer"},
     {"timer", "timer"},
     {"trash", "trash"},
     {"trash.fill", "trash_fill"},
     {"tray.fill", "tray_fill"},
+    {"wind", "wind"},
     // clang-format on
 };
 

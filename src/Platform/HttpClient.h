@@ -20,7 +20,7 @@ enum class HttpCachePolicy {
 /// A plain GET.
 struct HttpRequest {
     std::string url; ///< absolute, goes over the wire as it stands
-    std::vector<std::pair<std::string, std::string>> headers;
+    std::vector<std::pair<std::string, std::string>> headers = {};
     Seconds timeout = 60; ///< without any progress
     HttpCachePolicy cachePolicy = HttpCachePolicy::useProtocol;
 

@@ -16,6 +16,10 @@ protected:
     AppDelegate app{views, platform};
 
     SimulatedUserDefaults& defaults() { return platform.userDefaultsPort; }
+    /// All but the one of the daily look for updates, which lasts as long as the program.
+    std::size_t featureTimers() {
+        return platform.runLoopPort.timerCount() - (app.updateChecker.timer ? 1 : 0);
+    }
     void advance(Seconds seconds) { platform.runLoopPort.advance(seconds); }
     void runPosted() { platform.runLoopPort.runPosted(); }
     SimulatedPanelWindow& window() { return *platform.panelWindowsPort.last; }

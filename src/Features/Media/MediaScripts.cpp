@@ -126,7 +126,7 @@ std::optional<SharedBytes> fetchSpotifyArtworkViaAppleScript(Platform& platform)
         return std::nullopt;
     }
     const auto url = std::get<ScriptResult>(outcome).stringValue.value_or("");
-    return isUrl(url) ? platform.urlData().read(url, artworkLimit) : std::nullopt;
+    return Url::isValid(url) ? platform.urlData().read(url, artworkLimit) : std::nullopt;
 }
 
 std::optional<SharedBytes> fetchAppleMusicArtworkData(Platform& platform) {
@@ -167,7 +167,7 @@ std::optional<AppleScriptMediaInfo> readPlayers(Platform& platform) {
 
 std::optional<SharedBytes> artwork(Platform& platform, const AppleScriptMediaInfo& info) {
     if (info.bundleID == spotify) {
-        if (info.artworkURL && isUrl(*info.artworkURL))
+        if (info.artworkURL && Url::isValid(*info.artworkURL))
             return platform.urlData().read(*info.artworkURL, artworkLimit);
         return fetchSpotifyArtworkViaAppleScript(platform);
     }

@@ -19,6 +19,7 @@ std::string kdeSettingsFile() {
 LinuxPlatform::LinuxPlatform()
     : scriptExecutor_(&QDBusConnection::sessionBus, urlData_),
       appearance_(runLoop_, &QDBusConnection::sessionBus, kdeSettingsFile()),
+      locationService_(runLoop_, &QDBusConnection::systemBus),
       players_(runLoop_, &QDBusConnection::sessionBus),
       loginItem_(fileSystem_, log_, QCoreApplication::applicationFilePath().toStdString()),
       powerSources_(runLoop_, &QDBusConnection::systemBus),

@@ -4,6 +4,8 @@
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Linux/BusFileViewer.h"
 #include "Platform/Linux/CanberraSound.h"
+#include "Platform/Linux/GWeatherGeocoder.h"
+#include "Platform/Linux/GeoClueLocationService.h"
 #include "Platform/Linux/HwmonSMCService.h"
 #include "Platform/Linux/IcalEventStore.h"
 #include "Platform/Linux/InotifyFileWatch.h"
@@ -31,6 +33,7 @@
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtFileIcons.h"
 #include "Platform/Qt/QtImageCodec.h"
+#include "Platform/Qt/QtHttpClient.h"
 #include "Platform/Qt/QtRunLoop.h"
 #include "Platform/Qt/QtUrlData.h"
 
@@ -46,12 +49,12 @@ public:
     Appearance& appearance() override { return appearance_; }
     Application& application() override { return desktop_.application; }
     AudioHardware& audioHardware() override { return audioHardware_; }
-    DisplayBrightness& displayBrightness() override { return displayBrightness_; }
+    CameraService& camera() override { return camera_; }
     Console& console() override { return console_; }
+    DisplayBrightness& displayBrightness() override { return displayBrightness_; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotifications_;
     }
-    CameraService& camera() override { return camera_; }
     EventMonitors& eventMonitors() override { return desktop_.eventMonitors; }
     EventStore& eventStore() override { return eventStore_; }
     FileCopier& fileCopier() override { return fileCopier_; }
@@ -60,8 +63,11 @@ public:
     FileViewer& fileViewer() override { return fileViewer_; }
     Formatting& formatting() override { return formatting_; }
     FrontmostApplication& frontmostApplication() override { return frontmostApplication_; }
+    Geocoder& geocoder() override { return geocoder_; }
     HostStatistics& hostStatistics() override { return hostStatistics_; }
+    HttpClient& httpClient() override { return httpClient_; }
     ImageCodec& imageCodec() override { return imageCodec_; }
+    LocationService& locationService() override { return locationService_; }
     LogSink& log() override { return log_; }
     LoginItem& loginItem() override { return loginItem_; }
     NowPlayingService& nowPlaying() override { return nowPlaying_; }
@@ -75,8 +81,8 @@ public:
     ScriptExecutor& scriptExecutor() override { return scriptExecutor_; }
     SharePicker& sharePicker() override { return sharePicker_; }
     SMCService& smc() override { return smc_; }
-    StatusBar& statusBar() override { return desktop_.statusBar; }
     Sound& sound() override { return sound_; }
+    StatusBar& statusBar() override { return desktop_.statusBar; }
     UrlData& urlData() override { return urlData_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
@@ -105,7 +111,10 @@ private:
     X11FrontmostApplication frontmostApplication_;
     X11Pasteboard pasteboard_;
     CanberraSound sound_;
+    GWeatherGeocoder geocoder_{runLoop_};
     ProcHostStatistics hostStatistics_;
+    QtHttpClient httpClient_;
+    GeoClueLocationService locationService_;
     HwmonSMCService smc_;
     MprisPlayers players_;
     MprisNowPlayingService nowPlaying_{runLoop_, players_, urlData_};

@@ -8,6 +8,8 @@
 #include "Platform/Simulated/SimulatedEventStore.h"
 #include "Platform/Simulated/SimulatedLoginItem.h"
 #include "Platform/Simulated/SimulatedFiles.h"
+#include "Platform/Simulated/SimulatedHttpClient.h"
+#include "Platform/Simulated/SimulatedLocation.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedPasteboard.h"
@@ -22,6 +24,7 @@ namespace orvelle {
 /// A machine for tests: every port is scripted, time is virtual, texts are English in New York.
 class SimulatedPlatform : public Platform {
 public:
+    SimulatedRunLoop runLoopPort; ///< first: other ports answer through it
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
     SimulatedAudioHardware audioHardwarePort;
@@ -37,6 +40,9 @@ public:
     SimulatedFrontmostApplication frontmostApplicationPort;
     SimulatedHostStatistics hostStatisticsPort;
     SimulatedImageCodec imageCodecPort;
+    SimulatedGeocoder geocoderPort{runLoopPort};
+    SimulatedHttpClient httpClientPort{runLoopPort};
+    SimulatedLocationService locationServicePort;
     SimulatedLog logPort;
     SimulatedLoginItem loginItemPort;
     SimulatedNowPlayingService nowPlayingPort;
@@ -63,8 +69,8 @@ public:
     Application& application() override { return applicationPort; }
     AudioHardware& audioHardware() override { return audioHardwarePort; }
     CameraService& camera() override { return cameraPort; }
-    DisplayBrightness& displayBrightness() override { return displayBrightnessPort; }
     Console& console() override { return consolePort; }
+    DisplayBrightness& displayBrightness() override { return displayBrightnessPort; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotificationsPort;
     }
@@ -76,8 +82,11 @@ public:
     FileViewer& fileViewer() override { return fileViewerPort; }
     Formatting& formatting() override { return formattingPort; }
     FrontmostApplication& frontmostApplication() override { return frontmostApplicationPort; }
+    Geocoder& geocoder() override { return geocoderPort; }
     HostStatistics& hostStatistics() override { return hostStatisticsPort; }
+    HttpClient& httpClient() override { return httpClientPort; }
     ImageCodec& imageCodec() override { return imageCodecPort; }
+    LocationService& locationService() override { return locationServicePort; }
     LogSink& log() override { return logPort; }
     LoginItem& loginItem() override { return loginItemPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
@@ -91,8 +100,8 @@ public:
     ScriptExecutor& scriptExecutor() override { return scriptExecutorPort; }
     SharePicker& sharePicker() override { return sharePickerPort; }
     SMCService& smc() override { return smcPort; }
-    StatusBar& statusBar() override { return statusBarPort; }
     Sound& sound() override { return soundPort; }
+    StatusBar& statusBar() override { return statusBarPort; }
     UrlData& urlData() override { return urlDataPort; }
     UserDefaults& userDefaults() override { return userDefaultsPort; }
     UserNotifications& userNotifications() override { return userNotificationsPort; }

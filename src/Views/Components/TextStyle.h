@@ -7,13 +7,18 @@
 
 namespace orvelle {
 
-enum class FontWeight { ultraLight, light, regular, medium, semibold, bold };
+enum class FontWeight { ultraLight, thin, light, regular, medium, semibold, bold };
+enum class FontDesign { standard, monospaced };
 
-/// How a text is drawn, in the system's face.
+/// The size of the smallest texts that are read as a line, in points.
+inline constexpr double captionSize = 10;
+
+/// How a text is drawn, in one of the system's faces.
 struct TextStyle {
     double size = 13; ///< points
     FontWeight weight = FontWeight::regular;
     Color color = colors::white;
+    FontDesign design = FontDesign::standard;
     bool operator==(const TextStyle&) const = default;
 };
 

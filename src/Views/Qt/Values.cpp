@@ -9,6 +9,7 @@ namespace {
 int qtWeight(FontWeight weight) {
     switch (weight) {
     case FontWeight::ultraLight:
+    case FontWeight::thin:
         return QFont::Thin;
     case FontWeight::light:
         return QFont::Light;
@@ -49,7 +50,7 @@ QSizeF toQt(const Size& size) {
 
 TextValue toQt(const StyledText& text) {
     return {toQt(std::string_view(text.text)), text.style.size, qtWeight(text.style.weight),
-            toQt(text.style.color)};
+            toQt(text.style.color), text.style.design == FontDesign::monospaced};
 }
 
 TextValue toQt(const TextStyle& style) {

@@ -28,12 +28,14 @@ struct TextValue {
     Q_PROPERTY(double size MEMBER size)
     Q_PROPERTY(int weight MEMBER weight)
     Q_PROPERTY(QColor color MEMBER color)
+    Q_PROPERTY(bool isMonospaced MEMBER isMonospaced)
 
 public:
     QString text;
     double size = 0;
     int weight = 0; ///< on Qt's scale
     QColor color;
+    bool isMonospaced = false;
     bool operator==(const TextValue&) const = default;
 };
 

@@ -240,7 +240,7 @@ TEST_F(AppDelegateTest, ASwitchedOffFeatureRunsNoTimerAndAsksNothing) {
                             "batteryEnabled", "timeEnabled"})
         defaults().set(key, false);
     launchNormally();
-    EXPECT_EQ(platform.runLoopPort.timerCount(), 0u);
+    EXPECT_EQ(featureTimers(), 0u);
     advance(3600);
     EXPECT_EQ(platform.powerSourcesPort.snapshotCount, 0);
     EXPECT_EQ(platform.hostStatisticsPort.readCount, 0);
@@ -275,12 +275,12 @@ TEST_F(AppDelegateTest, WhileTheFirstWizardIsOpenNoSettingStartsAFeature) {
     EXPECT_FALSE(app.systemMonitorManager.updateTimer);
 }
 
-TEST_F(AppDelegateTest, TerminationEndsEveryTimer) {
+TEST_F(AppDelegateTest, TerminationEndsEveryTimerOfAFeature) {
     defaults().set("systemMonitorEnabled", true);
     launchNormally();
-    EXPECT_GT(platform.runLoopPort.timerCount(), 0u);
+    EXPECT_GT(featureTimers(), 0u);
     app.applicationWillTerminate();
-    EXPECT_EQ(platform.runLoopPort.timerCount(), 0u);
+    EXPECT_EQ(featureTimers(), 0u);
     EXPECT_EQ(app.systemMonitorManager.previousCPUInfo, std::nullopt);
     EXPECT_EQ(app.systemMonitorManager.previousNetworkBytes, std::nullopt);
     EXPECT_EQ(platform.nowPlayingPort.registrations.back(), false);
@@ -302,7 +302,7 @@ TEST_F(AppDelegateTest, TerminationStopsWhatFeaturesHaveUnderWay) {
     EXPECT_FALSE(app.hudManager.isMonitoring);
     EXPECT_FALSE(app.hudManager.isIntercepting);
     EXPECT_FALSE(calendarIsObserved);
-    EXPECT_EQ(platform.runLoopPort.timerCount(), 0u);
+    EXPECT_EQ(featureTimers(), 0u);
     EXPECT_FALSE(app.pomodoroManager.state->isRunning);
     EXPECT_FALSE(app.mirrorManager.isSessionRunning);
 }

@@ -1,0 +1,25 @@
+#include "Features/Weather/LocationDelegate.h"
+
+#include "Foundation/StandardOutput.h"
+
+namespace orvelle {
+
+void LocationDelegate::didUpdateLocations(LocationManager& manager,
+                                          const std::vector<Coordinate>& locations) {
+    if (locations.empty())
+        return;
+    if (onLocationUpdate)
+        onLocationUpdate(locations.back());
+    manager.stopUpdatingLocation();
+}
+
+void LocationDelegate::didChangeAuthorization(LocationManager& manager) {
+    if (manager.authorizationStatus() == LocationAuthorization::authorizedAlways)
+        manager.startUpdatingLocation();
+}
+
+void LocationDelegate::didFailWithError(LocationManager&, const std::string& description) {
+    printLine("LocationDelegate: " + description);
+}
+
+} // namespace orvelle

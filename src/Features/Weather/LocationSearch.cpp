@@ -1,0 +1,48 @@
+#include "Features/Weather/LocationSearch.h"
+
+#include "Features/Weather/GeocodingResponse.h"
+#include "Features/Weather/WeatherRequests.h"
+#include "Foundation/Text.h"
+#include "Foundation/Url.h"
+#include "Platform/HttpClient.h"
+
+namespace orvelle {
+
+namespace {
+
+std::vector<SavedLocation> places(const HttpReply& reply) {
+    if (reply.error)
+        return {};
+    std::vector<SavedLocation> locations;
+    if (const auto response = GeocodingResponse::decode(reply.body).record)
+        for (const auto& result : response->results)
+            locations.push_back(
+                {UUID::random(), result.label(), result.latitude, result.longitude});
+    return locations;
+}
+
+} // namespace
+
+LocationSearch::LocationSearch(Platform& platform) : platform_(platform) {}
+
+void LocationSearch::searchLocation(std::string_view text) {
+    locationSearchResults = std::vector<SavedLocation>{};
+    const auto trimmed = Text::trimmingBlanks(text);
+    if (trimmed.empty())
+        return;
+    isSearching = true;
+    const auto url = WeatherRequests::search(roots_.geocoding, trimmed);
+    if (!Url::isValid(url)) {
+        isSearching = false;
+        return;
+    }
+    requests_.start([&](auto finished) {
+        return platform_.httpClient().get({.url = url}, [this, finished](const HttpReply& reply) {
+            finished();
+            locationSearchResults = places(reply);
+            isSearching = false;
+        });
+    });
+}
+
+} // namespace orvelle
