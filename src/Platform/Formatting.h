@@ -36,10 +36,6 @@ public:
     /// "5 min. ago".
     virtual std::string relativeTime(Date date, Date reference) const = 0;
 
-    /// How long ago or how far ahead `date` is, in the largest unit that fits and in short words,
-    /// such as "5 min. ago".
-    virtual std::string relativeTime(Date date, Date now) const = 0;
-
     /// The user's language and region, such as "en_US".
     virtual std::string locale() const = 0;
 

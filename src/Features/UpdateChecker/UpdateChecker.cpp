@@ -98,9 +98,4 @@ void UpdateChecker::publishNoUpdate() {
     log_.info("App is up to date (v" + std::string(AppConstants::version) + ")");
 }
 
-void UpdateChecker::check(std::function<void()> done) {
-    if (done)
-        done();
-}
-
 } // namespace orvelle

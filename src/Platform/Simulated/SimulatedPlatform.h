@@ -25,23 +25,26 @@ namespace orvelle {
 class SimulatedPlatform : public Platform {
 public:
     SimulatedRunLoop runLoopPort; ///< first: other ports answer through it
+    SimulatedRunLoop runLoopPort; ///< before those that use it
+    SimulatedFileSystem fileSystemPort;
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
     SimulatedAudioHardware audioHardwarePort;
-    SimulatedDisplayBrightness displayBrightnessPort;
+    SimulatedCameraService cameraPort{runLoopPort};
     SimulatedConsole consolePort;
+    SimulatedDisplayBrightness displayBrightnessPort;
     SimulatedDistributedNotificationCenter distributedNotificationsPort;
     SimulatedEventMonitors eventMonitorsPort;
-    SimulatedFileIcons fileIconsPort;
-    SimulatedFileSystem fileSystemPort;
+    SimulatedEventStore eventStorePort{runLoopPort};
     SimulatedFileCopier fileCopierPort{fileSystemPort};
+    SimulatedFileIcons fileIconsPort;
     SimulatedFileViewer fileViewerPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
     SimulatedFrontmostApplication frontmostApplicationPort;
-    SimulatedHostStatistics hostStatisticsPort;
-    SimulatedImageCodec imageCodecPort;
     SimulatedGeocoder geocoderPort{runLoopPort};
+    SimulatedHostStatistics hostStatisticsPort;
     SimulatedHttpClient httpClientPort{runLoopPort};
+    SimulatedImageCodec imageCodecPort;
     SimulatedLocationService locationServicePort;
     SimulatedLog logPort;
     SimulatedLoginItem loginItemPort;
@@ -50,16 +53,13 @@ public:
     SimulatedPasteboard pasteboardPort;
     SimulatedPowerSources powerSourcesPort;
     SimulatedProcessLauncher processLauncherPort;
-    SimulatedRunLoop runLoopPort;
-    SimulatedCameraService cameraPort{runLoopPort};
-    SimulatedEventStore eventStorePort{runLoopPort};
     SimulatedRunningApplications runningApplicationsPort;
     SimulatedScreens screensPort;
     SimulatedScriptExecutor scriptExecutorPort;
     SimulatedSharePicker sharePickerPort;
     SimulatedSMCService smcPort;
-    SimulatedStatusBar statusBarPort;
     SimulatedSound soundPort;
+    SimulatedStatusBar statusBarPort;
     SimulatedUrlData urlDataPort;
     SimulatedUserDefaults userDefaultsPort;
     SimulatedUserNotifications userNotificationsPort;
