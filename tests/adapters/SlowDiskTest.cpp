@@ -13,14 +13,13 @@ const std::string path = "/simulated/config/defaults.json";
 class SlowDisk : public testing::Test {
 protected:
     SlowDisk() {
-        runLoop.emplace();
         fileSystem.files[path] = R"({"a": 1})";
-        defaults = std::make_unique<FileUserDefaults>(fileSystem, *runLoop, watch, log);
+        defaults = std::make_unique<FileUserDefaults>(fileSystem, runLoop, watch, log);
     }
     /// Whether the main thread serves its timers and the settings while a thread stands at `gate`.
     bool mainThreadGoesOn(const Gate& gate) {
         int ticks = 0;
-        const auto timer = runLoop->every(0.01, [&] {
+        const auto timer = runLoop.every(0.01, [&] {
             ++ticks;
             defaults->set("tick", std::int64_t{ticks});
         });
@@ -31,7 +30,7 @@ protected:
     GatedFileSystem fileSystem;
     SimulatedFileWatch watch;
     SimulatedLog log;
-    std::optional<QtRunLoop> runLoop;
+    QtRunLoop runLoop;
     std::unique_ptr<FileUserDefaults> defaults;
 };
 
