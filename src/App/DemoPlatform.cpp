@@ -1,6 +1,7 @@
 #include "App/DemoPlatform.h"
 
 #include "Platform/Simulated/DemoMachine.h"
+#include "Platform/Simulated/DemoMedia.h"
 
 namespace orvelle {
 
@@ -8,6 +9,7 @@ DemoPlatform::DemoPlatform() {
     DemoMachine::switchEverythingOn(userDefaults_);
     DemoMachine::script(audioHardware_);
     DemoMachine::script(displayBrightness_);
+    DemoMachine::script(nowPlaying_, runLoop_);
     DemoMachine::script(powerSources_);
     DemoMachine::script(hostStatistics_);
     DemoMachine::script(smc_);

@@ -63,6 +63,39 @@ void Tour::addStops() {
                               state.expandedState = NotchExpandedState::expanded;
                           }});
     }
+    addMediaStops();
+}
+
+void Tour::addMediaStops() {
+    const auto add = [&](const char* name, const char* themeMode, auto change) {
+        stops_.push_back({QLatin1String(name), [this, themeMode, change] {
+                              app_.mediaManager.stop(); // else the player would tell of its own
+                              app_.mediaManager.currentMedia.update(change);
+                              app_.themeManager.themeMode.set(themeMode);
+                              app_.notchState.activePanel = ActivePanel::media;
+                              app_.notchState.expandedState = NotchExpandedState::expanded;
+                          }});
+    };
+    const auto asItIs = [](MediaInfo&) {};
+    add("media-system", "system", asItIs);
+    add("media-custom", "custom", asItIs);
+    add("media-multicolor", "multicolor", asItIs);
+    add("media-long", "multicolor", [](MediaInfo& media) {
+        media.title = "Concerto for Twelve Alarm Clocks and a Door That Never Quite Closes, Op. 48";
+        media.artist = "The Combined Municipal Orchestras of Three Neighbouring Cities";
+        media.isPlaying = false;
+    });
+    add("media-foreign", "system", [](MediaInfo& media) {
+        media.title = "أغنية المساء 🎵 夕方の歌";
+        media.artist = "فرقة النور";
+        media.artwork.reset();
+    });
+    stops_.push_back({QStringLiteral("media-long-hover"),
+                      [&] { app_.notchState.expandedState = NotchExpandedState::hovering; }});
+    const auto nothing = [](MediaInfo& media) { media = {}; };
+    add("media-none-system", "system", nothing);
+    add("media-none-custom", "custom", nothing);
+    add("media-none-multicolor", "multicolor", nothing);
 }
 
 void Tour::next() {

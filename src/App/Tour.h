@@ -28,6 +28,8 @@ private:
     };
 
     void addStops();
+    /// The media panel in every theme mode, with tracks of all kinds and with none.
+    void addMediaStops();
     void next();
     /// Takes the picture once nothing moves any more.
     void look();

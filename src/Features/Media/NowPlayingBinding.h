@@ -37,7 +37,9 @@ public:
     QColor trackColor() const { return toQt(NowPlayingView::ProgressBar::trackColor); }
     double height() const { return NowPlayingView::ProgressBar::height; }
     /// Milliseconds.
-    int changeDuration() const { return qRound(NowPlayingView::ProgressBar::changeDuration * 1000); }
+    int changeDuration() const {
+        return qRound(NowPlayingView::ProgressBar::changeDuration * 1000);
+    }
     Q_INVOKABLE double fillWidth(double width) const {
         return NowPlayingView::ProgressBar{fraction, {}}.fillWidth(width);
     }

@@ -8,12 +8,8 @@
 namespace orvelle {
 
 ArtworkValue toQt(const MediaArtwork& artwork) {
-    return {artwork.side,
-            artwork.cornerRadius,
-            toQt(artwork.background),
-            toQt(artwork.symbol),
-            artwork.image.has_value(),
-            {artwork.image.value_or(Image())}};
+    return {artwork.side,         artwork.cornerRadius,      toQt(artwork.background),
+            toQt(artwork.symbol), artwork.image.has_value(), {artwork.image.value_or(Image())}};
 }
 
 ArtworkItem::ArtworkItem(QQuickItem* parent) : QQuickItem(parent) {

@@ -98,8 +98,8 @@ void AudioVisualizerItem::paint(QPainter* painter) {
     if (!isShown_)
         return;
     const auto& measures = visualizer_->measures;
-    const auto colors = AudioVisualizer::barGradient(
-        {tint_.redF(), tint_.greenF(), tint_.blueF(), tint_.alphaF()});
+    const auto colors =
+        AudioVisualizer::barGradient({tint_.redF(), tint_.greenF(), tint_.blueF(), tint_.alphaF()});
     const double radius = AudioVisualizer::cornerRadius(measures);
     painter->setPen(Qt::NoPen);
     double x = (width() - AudioVisualizer::width(measures)) / 2;
