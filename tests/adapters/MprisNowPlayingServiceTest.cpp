@@ -203,6 +203,15 @@ TEST_F(MprisNowPlayingServiceTest, ChangesAreNotifiedByTheirKind) {
     EXPECT_FALSE(waitUntil([&] { return !heard.empty(); }, aWhile));
 }
 
+TEST_F(MprisNowPlayingServiceTest, APlayerWithNothingToShowIsNotNotified) {
+    ScriptedPlayer player(bus, "one");
+    ASSERT_TRUE(waitUntil([&] { return players.current() != nullptr; }));
+    player.tellRoot({{QStringLiteral("Identity"), QStringLiteral("Player One")}});
+    ASSERT_TRUE(waitUntil([&] { return players.current()->displayName() == "Player One"; }));
+    const auto aWhile = std::chrono::milliseconds(300);
+    EXPECT_FALSE(waitUntil([&] { return !heard.empty(); }, aWhile));
+}
+
 TEST_F(MprisNowPlayingServiceTest, AFloodOfChangesIsGathered) {
     ScriptedPlayer player(bus, "one");
     for (int turn = 0; turn < 50; ++turn)

@@ -68,9 +68,9 @@ private:
     }
     void update(const QString& interface, const QVariantMap& properties) {
         for (auto property = properties.begin(); property != properties.end(); ++property)
-            mock_.call(Mpris::propertiesInterface, QStringLiteral("Set"),
-                       {interface, property.key(),
-                        QVariant::fromValue(QDBusVariant(property.value()))});
+            mock_.call(
+                Mpris::propertiesInterface, QStringLiteral("Set"),
+                {interface, property.key(), QVariant::fromValue(QDBusVariant(property.value()))});
     }
 
     MockService mock_;

@@ -96,6 +96,8 @@ void MprisNowPlayingService::sendCommand(std::uint32_t command) {
 void MprisNowPlayingService::playersChanged() {
     const auto* player = players_.current();
     const auto name = isShown(player) ? player->busName : QString();
+    if (name.isEmpty() && currentName_.isEmpty())
+        return; // an empty answer counts, and so must not be asked for at every stir
     const bool isPlaying = isShown(player) && player->isPlaying();
     auto notification = NowPlayingNotification::infoDidChange;
     if (name != currentName_)

@@ -25,7 +25,6 @@ namespace orvelle {
 class SimulatedPlatform : public Platform {
 public:
     SimulatedRunLoop runLoopPort; ///< first: other ports answer through it
-    SimulatedRunLoop runLoopPort; ///< before those that use it
     SimulatedFileSystem fileSystemPort;
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
