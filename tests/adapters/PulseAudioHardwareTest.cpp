@@ -15,7 +15,8 @@ class PulseAudioHardwareTest : public testing::Test {
 protected:
     /// None while no device of this name is known.
     std::optional<AudioDeviceID> device(const std::string& name) {
-        for (const auto id : audio.devices().value())
+        const auto devices = audio.devices().value();
+        for (const auto id : devices)
             if (audio.name(id) == name)
                 return id;
         return std::nullopt;

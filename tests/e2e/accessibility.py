@@ -17,8 +17,18 @@ def describe(node):
         "name": node.get_name(),
         "selected": states.contains(Atspi.StateType.SELECTED)
         or states.contains(Atspi.StateType.CHECKED),
+        "box": box(node),
         "children": [describe(child) for child in children(node)],
     }
+
+
+def box(node):
+    """x, y, width, height on the display."""
+    component = node.get_component_iface()
+    if not component:
+        return None
+    extents = component.get_extents(Atspi.CoordType.SCREEN)
+    return extents.x, extents.y, extents.width, extents.height
 
 
 def children(node):

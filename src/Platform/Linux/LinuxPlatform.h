@@ -8,17 +8,20 @@
 #include "Platform/Linux/LinuxProcessLauncher.h"
 #include "Platform/Linux/LinuxUserNotifications.h"
 #include "Platform/Linux/LinuxWorkspace.h"
+#include "Platform/Linux/MprisApplications.h"
+#include "Platform/Linux/MprisNowPlayingService.h"
+#include "Platform/Linux/MprisScriptExecutor.h"
 #include "Platform/Linux/PortalAppearance.h"
 #include "Platform/Linux/PosixFileSystem.h"
 #include "Platform/Linux/ProcHostStatistics.h"
 #include "Platform/Linux/PulseAudioHardware.h"
-#include "Platform/Linux/SilentMedia.h"
 #include "Platform/Linux/StandardLog.h"
 #include "Platform/Linux/SysfsDisplayBrightness.h"
 #include "Platform/Linux/UPowerPowerSources.h"
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtImageCodec.h"
 #include "Platform/Qt/QtRunLoop.h"
+#include "Platform/Qt/QtUrlData.h"
 
 namespace orvelle {
 
@@ -59,6 +62,11 @@ public:
 private:
     StandardLog log_;
     PosixFileSystem fileSystem_;
+    // Work in the background uses these as long as the run loop lives.
+    QtImageCodec imageCodec_;
+    MprisRunningApplications runningApplications_;
+    QtUrlData urlData_;
+    MprisScriptExecutor scriptExecutor_;
     QtRunLoop runLoop_;
     InotifyFileWatch fileWatch_;
     FileUserDefaults userDefaults_{fileSystem_, runLoop_, fileWatch_, log_};
@@ -69,12 +77,9 @@ private:
     SysfsDisplayBrightness displayBrightness_;
     ProcHostStatistics hostStatistics_;
     HwmonSMCService smc_;
-    SilentNowPlayingService nowPlaying_;
-    SilentDistributedNotificationCenter distributedNotifications_;
-    QtImageCodec imageCodec_;
-    SilentRunningApplications runningApplications_;
-    SilentScriptExecutor scriptExecutor_;
-    SilentUrlData urlData_;
+    MprisPlayers players_;
+    MprisNowPlayingService nowPlaying_{runLoop_, players_, urlData_};
+    MprisNotificationCenter distributedNotifications_{runLoop_, players_, runningApplications_};
     UPowerPowerSources powerSources_;
     LinuxProcessLauncher processLauncher_;
     LinuxUserNotifications userNotifications_;
