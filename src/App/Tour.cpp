@@ -90,13 +90,13 @@ void Tour::addMediaStops() {
         media.artist = "The Combined Municipal Orchestras of Three Neighbouring Cities";
         media.isPlaying = false;
     });
+    stops_.push_back({QStringLiteral("media-long-hover"),
+                      [this] { app_.notchState.expandedState = NotchExpandedState::hovering; }});
     add("media-foreign", "system", [](MediaInfo& media) {
         media.title = "أغنية المساء 🎵 夕方の歌";
         media.artist = "فرقة النور";
         media.artwork.reset();
     });
-    stops_.push_back({QStringLiteral("media-long-hover"),
-                      [&] { app_.notchState.expandedState = NotchExpandedState::hovering; }});
     const auto nothing = [](MediaInfo& media) { media = {}; };
     add("media-none-system", "system", nothing);
     add("media-none-custom", "custom", nothing);

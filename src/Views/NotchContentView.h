@@ -94,7 +94,7 @@ public:
     /// Where the old panel leaves to.
     Edge panelRemovalEdge() const;
     /// What stands in a panel that has no view of its own.
-    FilePlaceholder panelPlaceholder(ActivePanel panel) const;
+    static FilePlaceholder panelPlaceholder(ActivePanel panel);
     std::vector<MenuEntry> contextMenu() const;
 
     std::optional<HUDOverlay> hudOverlay() const;

@@ -4,8 +4,6 @@
 #include "Views/Qt/Binding.h"
 #include "Views/Qt/Values.h"
 
-#include <optional>
-
 namespace orvelle {
 
 /// Belongs to the panel that was active when it was made, also while that one slides away.
@@ -19,7 +17,6 @@ protected:
     void refresh() override;
 
 private:
-    std::optional<NotchContentView> view_;
     ActivePanel panel_ = ActivePanel::media;
 };
 

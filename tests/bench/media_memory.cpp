@@ -76,6 +76,7 @@ int main(int count, char** values) {
         machine.nowPlayingPort.notify(NowPlayingNotification::infoDidChange);
         while (manager.currentMedia->title != title || !manager.currentMedia->artwork)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        machine.logPort.lines.clear(); // the simulated log forgets nothing
         if (index == warmUp) {
             memory = residentMemory();
             descriptors = openDescriptors();

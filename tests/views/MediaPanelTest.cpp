@@ -170,7 +170,7 @@ TEST_F(MediaViewTest, aHiddenVisualizerHasNoTimer) {
 
 TEST_F(MediaViewTest, theNowPlayingViewShowsEverything) {
     play("Song");
-    show(NotchExpandedState::expanded);
+    show(NotchExpandedState::collapsed);
     const auto view = load("NowPlayingView", {542, 135});
     EXPECT_EQ(view->findChild<QQuickItem*>("loveButton")->isEnabled(), true);
     EXPECT_EQ(textOf("appName"), "Music");

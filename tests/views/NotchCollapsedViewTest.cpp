@@ -154,7 +154,7 @@ TEST_F(NotchCollapsedViewTest, aShortTitleIsNotCutForALongOne) {
     });
     show(NotchExpandedState::hovering);
     EXPECT_FALSE(childOf("widget.calendar", "text")->property("truncated").toBool());
-    EXPECT_TRUE(childOf("widget.media", "text")->property("truncated").toBool());
+    EXPECT_TRUE(childOf("widget.media", "text")->property("scrolls").toBool());
 }
 
 TEST_F(NotchCollapsedViewTest, noWidthIsBelowNothing) {

@@ -209,22 +209,12 @@ TEST_F(NotchContentViewTest, aSecondPlaceholderWithinASlideIsTheNewPanels) {
     EXPECT_EQ(textOf(panel, "placeholderTitle"), "Notes");
 }
 
-TEST_F(NotchContentViewTest, aPlaceholderFollowsItsManager) {
-    show(ActivePanel::media);
-    EXPECT_EQ(textOf("placeholderTitle"), "No media playing");
-    media.currentMedia.update([](auto& info) { info.title = "Aria"; });
-    turn();
-    EXPECT_EQ(textOf("placeholderTitle"), "Media");
-}
-
 TEST_F(NotchContentViewTest, aPlaceholderThatLeavesKeepsItsPanel) {
-    show(ActivePanel::media);
+    show(ActivePanel::settings);
     auto* leaving = item("panels")->property("panel").value<QQuickItem*>();
     notchState.activePanel = ActivePanel::time;
     turn();
-    media.currentMedia.update([](auto& info) { info.title = "Aria"; });
-    turn();
-    EXPECT_EQ(textOf(leaving, "placeholderTitle"), "Media");
+    EXPECT_EQ(textOf(leaving, "placeholderTitle"), "Settings");
 }
 
 TEST_F(NotchContentViewTest, aLevelDisplayThatWasThereFromTheStartFadesToo) {

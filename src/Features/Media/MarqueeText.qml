@@ -16,9 +16,10 @@ Item {
     function restart() {
         run.stop()
         offset = 0
-        rest.stop()
-        if (visible && scrolls)
-            rest.start()
+        if (visible)
+            rest.restart()
+        else
+            rest.stop()
     }
 
     implicitWidth: first.implicitWidth
@@ -58,6 +59,6 @@ Item {
     Timer {
         id: rest
         interval: Marquee.restartDelay
-        onTriggered: run.start()
+        onTriggered: if (root.scrolls) run.start()
     }
 }
