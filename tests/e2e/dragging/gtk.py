@@ -1,5 +1,6 @@
 """gtk.py X Y [URI...]: a window at X, Y that files are dragged from and dropped on, made with GTK.
-Prints "ready", the addresses that were dropped, and how a drag of its own ended."""
+Prints "ready", "over" with each movement of a drag above it, the addresses that were dropped, and
+how a drag of its own ended."""
 
 import sys
 
@@ -29,6 +30,7 @@ area.connect("drag-data-get", lambda widget, context, data, info, time: data.set
 area.connect("drag-failed", lambda widget, context, result: tell("failed"))
 area.connect("drag-end", lambda widget, context: tell("ended"))
 area.drag_dest_set(Gtk.DestDefaults.ALL, types, Gdk.DragAction.COPY)
+area.connect("drag-motion", lambda *_: tell("over"))
 area.connect("drag-data-received",
              lambda widget, context, x, y, data, info, time: tell("dropped", *data.get_uris()))
 window.connect("map-event", lambda *_: tell("ready"))

@@ -1,5 +1,6 @@
 """qt.py X Y [URI...]: a window at X, Y that files are dragged from and dropped on, made with Qt.
-Prints "ready", the addresses that were dropped, and how a drag of its own ended."""
+Prints "ready", "over" with each movement of a drag above it, the addresses that were dropped, and
+how a drag of its own ended."""
 
 import sys
 
@@ -40,6 +41,10 @@ class Area(QLabel):
     def dragEnterEvent(self, event):
         if event.mimeData().hasUrls():
             event.acceptProposedAction()
+
+    def dragMoveEvent(self, event):
+        tell("over")
+        event.acceptProposedAction()
 
     def dropEvent(self, event):
         tell("dropped", *(bytes(url.toEncoded()).decode() for url in event.mimeData().urls()))
