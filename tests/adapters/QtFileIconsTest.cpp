@@ -9,6 +9,14 @@
 namespace orvelle {
 namespace {
 
+bool isDrawn(const Image& picture) {
+    for (int row = 0; row < picture.height(); ++row)
+        for (int column = 0; column < picture.width(); ++column)
+            if (picture.colorAt(column, row)->alpha > 0.5)
+                return true;
+    return false;
+}
+
 TEST(QtFileIcons, ANameTellsTheType) {
     const QtFileIcons icons;
     EXPECT_EQ(icons.type("a.pdf"), "application/pdf");
@@ -27,7 +35,7 @@ TEST(QtFileIcons, EveryFileHasAPictureOfTheAskedSize) {
                 GTEST_SKIP() << "no icon theme is installed";
             EXPECT_EQ(picture.width(), side) << name;
             EXPECT_EQ(picture.height(), side) << name;
-            EXPECT_GT(picture.colorAt(side / 2, side / 2)->alpha, 0) << name;
+            EXPECT_TRUE(isDrawn(picture)) << name;
         }
     EXPECT_NE(icons.icon("a.pdf", true), icons.icon("a.pdf", false));
 }
@@ -43,7 +51,7 @@ TEST(IconTheme, IsTheOneThatTheUserChoseIfItIsThere) {
     EXPECT_EQ(IconTheme::choose(configHome, installed), "Adwaita");
     home.write("gtk-3.0/settings.ini", "[Settings]\ngtk-icon-theme-name=Mine\n");
     EXPECT_EQ(IconTheme::choose(configHome, installed), "Mine");
-    home.write("gtk-3.0/settings.ini", "[Settings]\ngtk-icon-theme-name=Gone\n");
+    home.write("gtk-3.0/settings.ini", "[Settings]\ngtk-icon-theme-name=Not installed\n");
     EXPECT_EQ(IconTheme::choose(configHome, installed), "Adwaita");
     home.write("kdeglobals", "[Icons]\nTheme=Mine\n");
     EXPECT_EQ(IconTheme::choose(configHome, installed), "Mine");

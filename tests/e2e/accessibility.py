@@ -19,7 +19,6 @@ def describe(node):
         "middle": middle(node),
         "selected": states.contains(Atspi.StateType.SELECTED)
         or states.contains(Atspi.StateType.CHECKED),
-        "focused": states.contains(Atspi.StateType.FOCUSED),
         "box": box(node),
         "children": [describe(child) for child in children(node)],
     }

@@ -43,6 +43,7 @@ class FileShelfBinding : public Binding {
     ORVELLE_CONSTANT(double, cellPadding, ShelfItemCell)
     ORVELLE_CONSTANT(double, iconSize, ShelfItemCell)
     ORVELLE_CONSTANT(double, nameWidth, ShelfItemCell)
+    ORVELLE_CONSTANT(double, nameSize, ShelfItemCell)
     ORVELLE_SHOWN(bool, isEmpty)
     ORVELLE_SHOWN(bool, isDropAwaited)
     ORVELLE_SHOWN(orvelle::SymbolValue, emptySymbol)

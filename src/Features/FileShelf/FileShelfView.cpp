@@ -18,7 +18,6 @@ namespace {
 // The sizes of the system's text styles.
 constexpr double title3 = 15;
 constexpr double caption = 10;
-constexpr double caption2 = 10;
 
 } // namespace
 
@@ -54,7 +53,9 @@ std::vector<ShelfItemCell> FileShelfView::cells() const {
     std::vector<ShelfItemCell> cells;
     for (const auto& item : manager_.items.get())
         cells.push_back(
-            {item.id, item.icon, {item.name, {caption2, FontWeight::regular, notchSecondary}}});
+            {item.id,
+             item.icon,
+             {item.name, {ShelfItemCell::nameSize, FontWeight::regular, notchSecondary}}});
     return cells;
 }
 

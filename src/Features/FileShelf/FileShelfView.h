@@ -27,6 +27,7 @@ struct ShelfItemCell {
     static constexpr double cellPadding = 4; ///< on all sides
     static constexpr double iconSize = AppConstants::FileShelf::iconSize;
     static constexpr double nameWidth = 60; ///< at most; longer names lose their middle
+    static constexpr double nameSize = 10;
 
     UUID id;
     std::string icon; ///< for `FileIcons::picture`

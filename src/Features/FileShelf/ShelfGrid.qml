@@ -19,7 +19,8 @@ GridView {
     // keeps a rounded sum from being wider than the row.
     width: columnsWidth + view.columnSpacing
     cellWidth: view.columnWidth(columnsWidth) + view.columnSpacing - 0.001
-    cellHeight: cellMetrics.height + view.gridSpacing
+    cellHeight: 2 * view.cellPadding + view.iconSize + view.cellSpacing
+                + Math.ceil(nameMetrics.height) + view.gridSpacing
     Accessible.role: Accessible.List
     Accessible.name: qsTr("Files")
 
@@ -45,6 +46,7 @@ GridView {
     delegate: ShelfItemCell {
         view: root.view
         width: root.cellWidth - root.view.columnSpacing
+        height: root.cellHeight - root.view.gridSpacing
     }
     remove: Transition {
         NumberAnimation {
@@ -68,10 +70,8 @@ GridView {
             root.contentY = Math.max(0, Math.min(lowest, root.contentY - event.angleDelta.y / 3))
         }
     }
-    ShelfItemCell {
-        id: cellMetrics
-        view: root.view
-        visible: false
-        entry: ({ id: "", icon: "", name: root.view.emptyText })
+    FontMetrics {
+        id: nameMetrics
+        font.pixelSize: root.view.nameSize
     }
 }

@@ -13,7 +13,6 @@ Item {
     }
 
     objectName: "shelfItem." + entry.name.text
-    height: content.height + 2 * view.cellPadding
     Accessible.role: Accessible.ListItem
     Accessible.name: entry.name.text
     Accessible.focusable: true

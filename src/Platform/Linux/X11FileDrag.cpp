@@ -71,15 +71,15 @@ void X11FileDrag::handleMessage(const xcb_client_message_event_t& message) {
 void X11FileDrag::entered(const xcb_client_message_event_t& message) {
     left(); // in case that the drag before said nothing at its end
     source_ = message.data.data32[0];
-    isOffered_ = offersFiles(message);
-    if (isOffered_)
+    setMayBeTaken(offersFiles(message));
+    if (mayBeTaken)
         X11::selectEvents(source_, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
 }
 
 void X11FileDrag::moved(xcb_timestamp_t time) {
     if (isAnnounced_)
         destination_->draggingUpdated();
-    else if (isOffered_ && !isReading_)
+    else if (mayBeTaken && !isReading_)
         read(time);
 }
 
@@ -91,7 +91,7 @@ void X11FileDrag::left() {
 }
 
 void X11FileDrag::dropped(xcb_timestamp_t time) {
-    if (!isOffered_)
+    if (!mayBeTaken)
         return reset();
     isDropped_ = true;
     if (files_)
@@ -112,8 +112,8 @@ void X11FileDrag::adopt(const std::optional<std::string>& uriList) {
         return; // asked again with the next move
     if (uriList)
         files_ = FileURL::list(*uriList, hostName());
-    isOffered_ = files_ && !files_->empty();
-    if (isOffered_ && !isAnnounced_) {
+    setMayBeTaken(files_ && !files_->empty());
+    if (mayBeTaken && !isAnnounced_) {
         isAnnounced_ = true;
         destination_->draggingEntered();
     }
@@ -132,8 +132,14 @@ void X11FileDrag::perform() {
 void X11FileDrag::reset() {
     reader_.cancel();
     source_ = XCB_WINDOW_NONE;
-    isOffered_ = isReading_ = isDropped_ = isAnnounced_ = false;
+    isReading_ = isDropped_ = isAnnounced_ = false;
     files_.reset();
+    setMayBeTaken(false);
+}
+
+void X11FileDrag::setMayBeTaken(bool value) {
+    if (value != mayBeTaken.get())
+        mayBeTaken = value;
 }
 
 } // namespace orvelle

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Foundation/Published.h"
 #include "Platform/DraggingDestination.h"
 #include "Platform/Linux/X11SelectionReader.h"
 
@@ -19,7 +20,7 @@ public:
     void setDestination(DraggingDestination* destination);
 
     /// Whether a drop of what is over the window now may bring files.
-    bool mayBeTaken() const { return isOffered_; }
+    Published<bool> mayBeTaken;
 
 private:
     void handle(const xcb_generic_event_t& event);
@@ -32,12 +33,12 @@ private:
     void adopt(const std::optional<std::string>& uriList);
     void perform();
     void reset();
+    void setMayBeTaken(bool value);
 
     const xcb_window_t window_;
     DraggingDestination* destination_ = nullptr;
     X11SelectionReader reader_;
     xcb_window_t source_ = XCB_WINDOW_NONE;
-    bool isOffered_ = false;   ///< the drag has, or may have, files
     bool isReading_ = false;   ///< the source was asked and has not answered
     bool isDropped_ = false;   ///< the answer is all that is missing
     bool isAnnounced_ = false; ///< the destination was told of the drag

@@ -69,6 +69,7 @@ private:
     PointerTracker pointer_;
     QTimer unsurePointer_;
     QTimer raiseSoon_;
+    Subscription dragging_;
     Subscription compositor_;
     Subscription manager_;
     Subscription rivals_;

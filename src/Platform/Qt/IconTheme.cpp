@@ -1,8 +1,9 @@
 #include "Platform/Qt/IconTheme.h"
 
+#include <QDir>
 #include <QFile>
-#include <QIcon>
 #include <QSettings>
+#include <QStandardPaths>
 
 namespace orvelle::IconTheme {
 
@@ -43,10 +44,18 @@ QString choose(const QString& configHome, bool (*isInstalled)(const QString& nam
     return QStringLiteral("hicolor");
 }
 
+QStringList searchPaths() {
+    auto folders =
+        QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, QStringLiteral("icons"),
+                                  QStandardPaths::LocateDirectory);
+    folders.prepend(QDir::homePath() + QStringLiteral("/.icons"));
+    return folders;
+}
+
 bool isInstalled(const QString& name) {
     if (name.isEmpty() || name.contains(u'/'))
         return false;
-    for (const auto& folder : QIcon::themeSearchPaths())
+    for (const auto& folder : searchPaths())
         if (QFile::exists(folder + u'/' + name + QStringLiteral("/index.theme")))
             return true;
     return false;

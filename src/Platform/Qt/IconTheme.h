@@ -10,7 +10,9 @@ namespace orvelle::IconTheme {
 /// desktops keep, then those that are commonly there. `isInstalled` tells of a theme's name.
 QString choose(const QString& configHome, bool (*isInstalled)(const QString& name));
 
-/// Whether a theme of that name lies in one of the folders where icons are looked for.
+/// The folders in which themes lie.
+QStringList searchPaths();
+/// Whether a theme of that name lies in one of them.
 bool isInstalled(const QString& name);
 
 } // namespace orvelle::IconTheme

@@ -67,6 +67,7 @@ void QtFileIcons::chooseTheme() const {
         return;
     isThemeChosen_ = true;
     const auto configHome = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    QIcon::setThemeSearchPaths(IconTheme::searchPaths());
     QIcon::setThemeName(IconTheme::choose(configHome, &IconTheme::isInstalled));
     if (IconTheme::isInstalled(QStringLiteral("Adwaita")))
         QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));

@@ -48,27 +48,27 @@ MenuWindow {
         Repeater {
             model: root.entries ? root.entries.lines : []
 
-            Column {
+            Item {
                 id: line
 
                 required property int index
                 required property var modelData
+                readonly property real dividerHeight: modelData.followsDivider ? 9 : 0
 
                 width: Math.max(rows.implicitWidth, implicitWidth)
+                implicitWidth: row.implicitWidth
+                implicitHeight: row.implicitHeight + dividerHeight
 
-                Item {
+                Divider {
                     visible: line.modelData.followsDivider
-                    width: line.width
-                    height: 9
-
-                    Divider {
-                        x: 6
-                        y: 4
-                        width: parent.width - 12
-                    }
+                    x: 6
+                    y: 4
+                    width: parent.width - 12
                 }
                 MenuRow {
-                    width: line.width
+                    id: row
+                    y: line.dividerHeight
+                    width: parent.width
                     title: line.modelData.title
                     isChecked: line.modelData.isChecked
                     isDestructive: line.modelData.isDestructive
