@@ -11,8 +11,8 @@ class X11PasteboardTest : public testing::Test {
 protected:
     X11PasteboardTest() { pasteboard.changeCount(); }
 
-    void copy(const std::string& text) {
-        owner.offers = {{"UTF8_STRING", text}};
+    void copy(const std::string& copied) {
+        owner.offers = {{"UTF8_STRING", copied}};
         copy();
     }
     void copy() {

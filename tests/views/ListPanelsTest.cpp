@@ -22,6 +22,11 @@ protected:
         for (const auto character : text)
             press(0, character);
     }
+    /// Rows come with the next frame.
+    void clickRow(const QString& objectName) {
+        ASSERT_TRUE(eventually([&] { return item(objectName) != nullptr; }));
+        click(objectName);
+    }
     bool hasFocus(const QString& objectName) {
         const auto* found = item(objectName);
         return found && found->hasActiveFocus();
@@ -69,7 +74,7 @@ TEST_F(ListPanelsTest, WhatIsTypedBecomesATaskAndTheFieldIsReadyForTheNext) {
     EXPECT_EQ(todoTitles(), (Texts{"buy milk", "call home"}));
     EXPECT_EQ(textOf("field"), "");
     EXPECT_TRUE(hasFocus("field"));
-    EXPECT_EQ(textOf("rowText"), "buy milk");
+    EXPECT_TRUE(eventually([&] { return textOf("rowText") == "buy milk"; }));
 }
 
 TEST_F(ListPanelsTest, TheButtonDoesWhatReturnDoesAndRestsWithoutAText) {
@@ -98,7 +103,7 @@ TEST_F(ListPanelsTest, WithoutEntriesAPlaceholderStands) {
 TEST_F(ListPanelsTest, TheRowsButtonTogglesTheTask) {
     todo.addItem("a");
     show(ActivePanel::todo);
-    click("rowButton");
+    clickRow("rowButton");
     EXPECT_TRUE(todo.items->front().isCompleted);
     EXPECT_TRUE(item("rowText")->property("font").value<QFont>().strikeOut());
     picture("todo-done");
@@ -129,6 +134,7 @@ TEST_F(ListPanelsTest, KeysDoWhatSwipesDo) {
     press(Qt::Key_Down);
     press(Qt::Key_Delete);
     EXPECT_EQ(todoTitles(), Texts{"a"});
+    EXPECT_TRUE(eventually([&] { return hasFocus("row.0"); }));
     press(Qt::Key_Up);
     EXPECT_TRUE(hasFocus("field"));
 }
@@ -136,7 +142,7 @@ TEST_F(ListPanelsTest, KeysDoWhatSwipesDo) {
 TEST_F(ListPanelsTest, ANoteIsCopiedByItsButtonItsSwipeAndItsKey) {
     notes.addItem("a");
     open(ActivePanel::notes, "field");
-    click("rowButton");
+    clickRow("rowButton");
     EXPECT_EQ(platform.pasteboardPort.text, "a");
     pull("row.0", 400);
     press(Qt::Key_Down);
@@ -178,7 +184,7 @@ TEST_F(ClipboardPanelTest, ShowsTheNewestFirstWithSourceAndAge) {
 
 TEST_F(ClipboardPanelTest, AClickCopiesAndMovesTheRowToTheTop) {
     show(ActivePanel::clipboard);
-    click("row.1");
+    clickRow("row.1");
     EXPECT_EQ(platform.pasteboardPort.text, "first text");
     EXPECT_EQ(clipboard.items->front().content, "first text");
 }
@@ -191,7 +197,7 @@ TEST_F(ClipboardPanelTest, TypingSearches) {
     EXPECT_EQ(item("history")->property("count"), 1);
     type("x");
     EXPECT_EQ(item("history")->property("count"), 0);
-    EXPECT_TRUE(item("placeholderTitle")->isVisible());
+    EXPECT_TRUE(eventually([&] { return item("placeholderTitle")->isVisible(); }));
 }
 
 TEST_F(ClipboardPanelTest, KeysCopyAndDelete) {
@@ -200,6 +206,7 @@ TEST_F(ClipboardPanelTest, KeysCopyAndDelete) {
     press(Qt::Key_Down);
     press(Qt::Key_Delete);
     ASSERT_EQ(clipboard.items->size(), 1u);
+    EXPECT_TRUE(eventually([&] { return hasFocus("row.0"); }));
     press(Qt::Key_Return, "\r");
     EXPECT_EQ(platform.pasteboardPort.text, "first text");
 }
