@@ -32,7 +32,8 @@ struct HttpReply {
     /// status is an answer.
     std::optional<std::string> error;
     int status = 0;
-    std::string body; ///< decompressed
+    /// Decompressed. When the server announced no length and hung up, it may lack its end.
+    std::string body;
 };
 
 /// The program's way to the web services. Certificates are verified; a redirect is followed from

@@ -25,6 +25,7 @@ namespace {
 /// The views of the widgets that are not drawn with icon and texts.
 constexpr std::pair<std::string_view, const char*> embeddedViews[] = {
     {"mirror", "MirrorCollapsedView"},
+    {"stockTicker", "StockTickerCycleView"},
 };
 
 std::set<std::string> embeddedWidgets() {

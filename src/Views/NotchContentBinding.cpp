@@ -30,9 +30,11 @@ constexpr std::pair<ActivePanel, const char*> panelViews[] = {
     {ActivePanel::clipboard, "ClipboardHistoryView"},
     {ActivePanel::notes, "NotesExpandedView"},
     {ActivePanel::pomodoro, "PomodoroExpandedView"},
+    {ActivePanel::stockTicker, "StockTickerExpandedView"},
     {ActivePanel::systemMonitor, "SystemMonitorPanel"},
     {ActivePanel::time, "TimeExpandedView"},
     {ActivePanel::todo, "TodoExpandedView"},
+    {ActivePanel::weather, "WeatherExpandedView"},
 };
 
 QUrl panelView(ActivePanel panel) {

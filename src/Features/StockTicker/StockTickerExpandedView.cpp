@@ -68,8 +68,8 @@ std::vector<StockTickerRowContent> StockTickerExpandedView::rows() const {
     return rows;
 }
 
-StyledSymbol StockTickerExpandedView::deleteSymbol() const {
-    return {"trash"_symbol, 12, colors::white};
+SwipeAction StockTickerExpandedView::deleteAction() const {
+    return {"Delete", "trash"_symbol, colors::red};
 }
 
 void StockTickerExpandedView::remove(std::string_view id) {

@@ -6,6 +6,7 @@
 #include "Views/Components/FilePlaceholder.h"
 #include "Views/Components/MenuEntry.h"
 #include "Views/Components/ProgressSpinner.h"
+#include "Views/Components/SwipeAction.h"
 #include "Views/Components/TextStyle.h"
 
 #include <optional>
@@ -65,9 +66,8 @@ public:
     /// Instead of the list, while it is empty.
     std::optional<FilePlaceholder> placeholder() const;
     std::vector<StockTickerRowContent> rows() const;
-    /// At the trailing edge of a row that is swiped aside; in white on red.
-    StyledSymbol deleteSymbol() const;
-    static constexpr std::string_view deleteLabel = "Delete";
+    /// What a row does when it is pulled from its trailing side.
+    SwipeAction deleteAction() const;
     /// Nothing for an identifier that is not in the list.
     void remove(std::string_view id);
     std::vector<MenuEntry> contextMenu() const;

@@ -31,6 +31,12 @@ unsigned level(LocationAccuracy accuracy) {
     return neighborhood;
 }
 
+/// Not a number when it is missing or of another type.
+double degrees(const QVariantMap& values, const char* name) {
+    const auto value = values.value(QLatin1String(name));
+    return value.metaType() == QMetaType::fromType<double>() ? value.toDouble() : NAN;
+}
+
 bool isOnEarth(Coordinate place) {
     return std::abs(place.latitude) <= 90 && std::abs(place.longitude) <= 180;
 }
@@ -133,19 +139,18 @@ void GeoClueLocationManager::hear(const QDBusMessage& signal) {
 }
 
 void GeoClueLocationManager::read(const QString& location) {
-    geoclue_.call(location, propertiesInterface, QStringLiteral("GetAll"), {locationInterface},
-                  [this](const QDBusMessage& reply) {
-                      const auto values = qdbus_cast<QVariantMap>(reply.arguments().value(0));
-                      const Coordinate place{
-                          values.value(QStringLiteral("Latitude"), NAN).toDouble(),
-                          values.value(QStringLiteral("Longitude"), NAN).toDouble()};
-                      if (!isWanted() || !isOnEarth(place))
-                          return;
-                      isRequested_ = false;
-                      if (!isUpdating_)
-                          stopClient();
-                      delegate_.didUpdateLocations(*this, {place});
-                  });
+    geoclue_.call(
+        location, propertiesInterface, QStringLiteral("GetAll"), {locationInterface},
+        [this](const QDBusMessage& reply) {
+            const auto values = qdbus_cast<QVariantMap>(reply.arguments().value(0));
+            const Coordinate place{degrees(values, "Latitude"), degrees(values, "Longitude")};
+            if (!isWanted() || !isOnEarth(place))
+                return;
+            isRequested_ = false;
+            if (!isUpdating_)
+                stopClient();
+            delegate_.didUpdateLocations(*this, {place});
+        });
 }
 
 void GeoClueLocationManager::setAuthorization(LocationAuthorization authorization) {

@@ -14,8 +14,10 @@ constexpr auto longestTimeout = std::chrono::hours(24);
 
 const QString secureScheme = QStringLiteral("https");
 
-/// Any status is an answer; the toolkit counts those above 399 among its errors.
-bool isErrorOfTheStatus(QNetworkReply::NetworkError error) {
+/// Any status is an answer; the toolkit counts those from 400 on among its errors.
+bool isErrorOfTheStatus(QNetworkReply::NetworkError error, int status) {
+    if (status < 400)
+        return false;
     return (error > QNetworkReply::UnknownProxyError &&
             error <= QNetworkReply::UnknownContentError) ||
            error == QNetworkReply::ProtocolInvalidOperationError ||
@@ -39,7 +41,6 @@ QNetworkRequest HttpTransfer::networkRequest(const HttpRequest& request) {
     made.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
     made.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                       QNetworkRequest::UserVerifiedRedirectPolicy);
-    made.setMaximumRedirectsAllowed(mostRedirects);
     return made;
 }
 
@@ -71,7 +72,11 @@ HttpTransfer::~HttpTransfer() {
 
 void HttpTransfer::follow(const QUrl& target) {
     idle_.start(idleLimit_);
-    if (reply_->url().scheme() == secureScheme && target.scheme() == secureScheme)
+    // The reply's own address is the target's already.
+    const bool isSecure = reply_->request().url().scheme() == secureScheme;
+    if (++redirects_ > mostRedirects)
+        fail(QStringLiteral("There are too many redirects."));
+    else if (isSecure && target.scheme() == secureScheme)
         Q_EMIT reply_->redirectAllowed();
     else
         fail(QStringLiteral("The redirect to %1 is not secure.")
@@ -95,14 +100,23 @@ void HttpTransfer::finish() {
     gather();
     if (!report_)
         return;
-    const auto status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    const auto status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     const auto error = reply_->error();
-    if (error != QNetworkReply::NoError && !isErrorOfTheStatus(error))
-        fail(reply_->errorString());
-    else if (!status.isValid())
-        fail(QStringLiteral("The answer is not HTTP."));
+    if (error == QNetworkReply::NoError && isCut(status))
+        fail(QStringLiteral("The answer is cut."));
+    else if (error == QNetworkReply::NoError || isErrorOfTheStatus(error, status))
+        end({{}, status, std::move(body_)});
     else
-        end({{}, status.toInt(), std::move(body_)});
+        fail(reply_->errorString());
+}
+
+bool HttpTransfer::isCut(int status) const {
+    constexpr int firstFinalStatus = 200;
+    if (status < firstFinalStatus)
+        return true;
+    const auto length = reply_->header(QNetworkRequest::ContentLengthHeader);
+    const bool isWritten = !body_.empty() && !reply_->hasRawHeader("Content-Encoding");
+    return isWritten && length.isValid() && length.toLongLong() > static_cast<qint64>(body_.size());
 }
 
 void HttpTransfer::fail(const QString& description) {

@@ -27,6 +27,9 @@ private:
     void follow(const QUrl& target);
     void gather();
     void finish();
+    /// The toolkit may miss that a server hung up before its answer, or before a plain body was as
+    /// long as was announced.
+    bool isCut(int status) const;
     void fail(const QString& description);
     void end(const HttpReply& result);
 
@@ -34,6 +37,7 @@ private:
     const std::chrono::milliseconds idleLimit_;
     std::function<void(const HttpReply&)> report_; ///< empty once it was called
     std::string body_;
+    int redirects_ = 0;
     QTimer idle_;
     QTimer whole_;
 };

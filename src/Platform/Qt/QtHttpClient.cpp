@@ -28,6 +28,12 @@ public:
     }
 };
 
+/// The toolkit would read files as well.
+bool isWebAddress(const QUrl& url) {
+    return url.isValid() && !url.host().isEmpty() &&
+           (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"));
+}
+
 std::chrono::milliseconds milliseconds(Seconds seconds) {
     constexpr Seconds longest = 1e6;
     return std::chrono::milliseconds(
@@ -44,6 +50,10 @@ public:
     void begin(std::uint64_t id, const HttpRequest& request,
                std::function<void(const HttpReply&)> report) {
         auto toSend = HttpTransfer::networkRequest(request);
+        if (!isWebAddress(toSend.url())) {
+            report({"The address is not supported.", 0, {}});
+            return;
+        }
         if (!options_.authorities.isEmpty()) {
             auto security = QSslConfiguration::defaultConfiguration();
             security.addCaCertificates(options_.authorities);

@@ -31,12 +31,11 @@ public:
         bool operator==(const Row&) const = default;
     };
 
-    static constexpr Color mint{0.388, 0.902, 0.886, 1};
     static constexpr TextStyle fieldStyle{12, FontWeight::regular, colors::white};
     static constexpr Color promptColor = notchTertiary;
     static constexpr double fieldHorizontalPadding = 8;
     static constexpr double fieldVerticalPadding = 5;
-    static constexpr StyledSymbol addButton{"plus.circle.fill"_symbol, 16, mint};
+    static constexpr StyledSymbol addButton{"plus.circle.fill"_symbol, 16, colors::mint};
     static constexpr Color rowBackground = Color::white(1, 0.06);
     static constexpr Seconds focusDelay = 0.1;       ///< from appearing to the field's focus
     static constexpr Seconds removalDuration = 0.15; ///< eased in and out

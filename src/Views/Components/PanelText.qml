@@ -1,4 +1,5 @@
 import QtQuick
+import Orvelle
 
 // A text in the style that its C++ half gave it.
 Text {
@@ -8,6 +9,7 @@ Text {
     color: content.color
     font.pixelSize: content.size
     font.weight: content.weight
+    font.family: content.isMonospaced ? Style.monospacedFamily : Qt.application.font.family
     textFormat: Text.PlainText
     elide: Text.ElideRight
     Accessible.role: Accessible.StaticText

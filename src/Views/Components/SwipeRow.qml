@@ -6,8 +6,9 @@ import Orvelle
 Item {
     id: root
 
-    property var leading
-    property var trailing
+    // Null where there is nothing to do.
+    property var leading: null
+    property var trailing: null
     property color background
     property bool isHighlighted: false
     property real offset: 0
@@ -22,7 +23,13 @@ Item {
         else
             trailingPerformed()
     }
+    function pulled(distance) {
+        const action = distance > 0 ? leading : trailing
+        offset = action ? distance : 0
+    }
     function settle() {
+        if (offset === 0)
+            return
         const action = offset > 0 ? leading : trailing
         const pull = Math.abs(offset)
         if (pull > action.fullSwipe * width)
@@ -33,20 +40,26 @@ Item {
 
     clip: true
 
-    SwipeUnderlay {
-        objectName: "leadingAction"
-        action: root.leading
+    Loader {
+        active: !!root.leading
         width: Math.max(0, body.x - 4)
         height: parent.height
-        onPicked: root.perform(true)
+        sourceComponent: SwipeUnderlay {
+            objectName: "leadingAction"
+            action: root.leading
+            onPicked: root.perform(true)
+        }
     }
-    SwipeUnderlay {
-        objectName: "trailingAction"
-        action: root.trailing
+    Loader {
+        active: !!root.trailing
         anchors.right: parent.right
         width: Math.max(0, -body.x - 4)
         height: parent.height
-        onPicked: root.perform(false)
+        sourceComponent: SwipeUnderlay {
+            objectName: "trailingAction"
+            action: root.trailing
+            onPicked: root.perform(false)
+        }
     }
     Rectangle {
         id: body
@@ -75,14 +88,14 @@ Item {
         target: null
         yAxis.enabled: false
         onActiveChanged: active ? start = root.offset : root.settle()
-        onTranslationChanged: if (active) root.offset = start + translation.x
+        onTranslationChanged: if (active) root.pulled(start + translation.x)
     }
     WheelHandler {
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         orientation: Qt.Horizontal
         target: null
         onWheel: event => {
-            root.offset += event.angleDelta.x / 3
+            root.pulled(root.offset + event.angleDelta.x / 3)
             wheelRest.restart()
         }
     }

@@ -4,10 +4,6 @@ namespace orvelle {
 
 namespace {
 
-SwipeActionValue toQt(const SwipeAction& action) {
-    return {orvelle::toQt(action.label), orvelle::toQt(action.symbol), orvelle::toQt(action.tint)};
-}
-
 EntryRowValue toQt(const EntryList::Row& row) {
     return {
         .id = orvelle::toQt(std::string_view(row.id.text())),
@@ -16,8 +12,8 @@ EntryRowValue toQt(const EntryList::Row& row) {
         .button = orvelle::toQt(row.button),
         .isButtonFirst = row.buttonPlace == EntryList::ButtonPlace::beforeText,
         .help = orvelle::toQt(row.help),
-        .leading = toQt(row.leading),
-        .trailing = toQt(row.trailing),
+        .leading = orvelle::toQt(row.leading),
+        .trailing = orvelle::toQt(row.trailing),
     };
 }
 

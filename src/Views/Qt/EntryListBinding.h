@@ -10,27 +10,6 @@
 
 namespace orvelle {
 
-struct SwipeActionValue {
-    Q_GADGET
-    Q_PROPERTY(QString label MEMBER label)
-    Q_PROPERTY(QString symbol MEMBER symbol)
-    Q_PROPERTY(QColor tint MEMBER tint)
-    Q_PROPERTY(double width READ width)
-    Q_PROPERTY(double fullSwipe READ fullSwipe)
-    Q_PROPERTY(double labelSize READ labelSize)
-    Q_PROPERTY(double symbolSize READ symbolSize)
-
-public:
-    QString label;
-    QString symbol;
-    QColor tint;
-    double width() const { return SwipeAction::width; }
-    double fullSwipe() const { return SwipeAction::fullSwipe; }
-    double labelSize() const { return SwipeAction::labelSize; }
-    double symbolSize() const { return SwipeAction::symbolSize; }
-    bool operator==(const SwipeActionValue&) const = default;
-};
-
 struct EntryRowValue {
     Q_GADGET
     Q_PROPERTY(QString id MEMBER id)

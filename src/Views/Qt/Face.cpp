@@ -1,5 +1,6 @@
 #include "Views/Qt/Face.h"
 
+#include <QFontInfo>
 #include <QStringList>
 
 namespace orvelle {
@@ -12,6 +13,13 @@ QFont panelFace() {
     // Whole-pixel hinting would make small texts uneven and wider than they were designed.
     face.setHintingPreference(QFont::PreferNoHinting);
     return face;
+}
+
+QString monospacedFamily() {
+    return QFontInfo(
+               QFont(QStringList{QStringLiteral("Roboto Mono"), QStringLiteral("Noto Sans Mono"),
+                                 QStringLiteral("DejaVu Sans Mono")}))
+        .family();
 }
 
 } // namespace orvelle

@@ -25,7 +25,8 @@ void QtViewHost::showNotchContent(PanelWindow& window, const NotchEnvironment& e
     auto* panel = dynamic_cast<QuickPanel*>(&window);
     if (!panel)
         return;
-    const auto* content = showNotchContent(panel->quickWindow(), environment);
+    const auto* content =
+        showNotchContent(panel->quickWindow(), environment, [&window] { window.makeKey(); });
     if (!content)
         return;
     auto* shape = content->property("shape").value<NotchShapeItem*>();
@@ -38,7 +39,7 @@ std::unique_ptr<AppWindow> QtViewHost::showSettings(const AppWindow::Description
                                                     const SettingsEnvironment& environment,
                                                     std::function<void()> closed) {
     return std::make_unique<QtAppWindow>(
-        description, ViewEnvironment{environment.notch, platform_, environment, {}},
+        description, ViewEnvironment{environment.notch, platform_, {}, environment, {}},
         QStringLiteral("SettingsView"), std::move(closed));
 }
 
@@ -47,14 +48,15 @@ std::unique_ptr<AppWindow> QtViewHost::showOnboarding(const AppWindow::Descripti
                                                       std::function<void()> onComplete,
                                                       std::function<void()> closed) {
     return std::make_unique<QtAppWindow>(
-        description, ViewEnvironment{environment, platform_, {}, std::move(onComplete)},
+        description, ViewEnvironment{environment, platform_, {}, {}, std::move(onComplete)},
         QStringLiteral("OnboardingView"), std::move(closed));
 }
 
-QQuickItem* QtViewHost::showNotchContent(QQuickWindow& window,
-                                         const NotchEnvironment& environment) {
+QQuickItem* QtViewHost::showNotchContent(QQuickWindow& window, const NotchEnvironment& environment,
+                                         std::function<void()> takeKeyboard) {
     content_.reset();
-    engine_ = std::make_unique<ViewEngine>(ViewEnvironment{environment, platform_});
+    engine_ = std::make_unique<ViewEngine>(
+        ViewEnvironment{environment, platform_, std::move(takeKeyboard)});
     QQmlComponent component(engine_.get(),
                             QUrl(QStringLiteral("qrc:/Orvelle/NotchContentView.qml")));
     content_.reset(qobject_cast<QQuickItem*>(component.create()));

@@ -30,7 +30,9 @@ public:
                                               std::function<void()> closed) override;
 
     /// The same for a bare window, which must outlive this host. Replaces what was shown before.
-    QQuickItem* showNotchContent(QQuickWindow& window, const NotchEnvironment& environment);
+    /// `takeKeyboard` gives the keyboard to that window.
+    QQuickItem* showNotchContent(QQuickWindow& window, const NotchEnvironment& environment,
+                                 std::function<void()> takeKeyboard = {});
 
 private:
     Platform& platform_;

@@ -4,6 +4,7 @@
 #include "Extensions/ViewModifiers.h"
 #include "Views/Components/RowFit.h"
 #include "Views/Qt/Binding.h"
+#include "Views/Qt/Face.h"
 #include "Views/Qt/Values.h"
 
 namespace orvelle {
@@ -36,6 +37,7 @@ class Style : public QObject {
     ORVELLE_CONSTANT(QColor, focusColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, selectionColor, PopupStyle)
     Q_PROPERTY(QColor dividerColor READ dividerColor CONSTANT FINAL)
+    Q_PROPERTY(QString monospacedFamily READ monospacedFamily CONSTANT FINAL)
     Q_PROPERTY(double dividerThickness READ dividerThickness CONSTANT FINAL)
     Q_PROPERTY(double fillResponse READ fillResponse CONSTANT FINAL)
     Q_PROPERTY(double fillDampingFraction READ fillDampingFraction CONSTANT FINAL)
@@ -46,6 +48,10 @@ class Style : public QObject {
 
 public:
     QColor dividerColor() const { return toQt(Divider::color); }
+    QString monospacedFamily() const {
+        static const QString family = orvelle::monospacedFamily();
+        return family;
+    }
     double dividerThickness() const { return Divider::thickness; }
     double fillResponse() const { return AnimatedSlider::fillSpring.response; }
     double fillDampingFraction() const { return AnimatedSlider::fillSpring.dampingFraction; }

@@ -11,6 +11,8 @@ int qtWeight(FontWeight weight) {
     case FontWeight::ultraLight:
     case FontWeight::thin:
         return QFont::Thin;
+    case FontWeight::thin:
+        return QFont::ExtraLight;
     case FontWeight::light:
         return QFont::Light;
     case FontWeight::regular:
@@ -80,6 +82,14 @@ SliderValue toQt(const AnimatedSlider& slider) {
 
 PlaceholderValue toQt(const FilePlaceholder& placeholder) {
     return {toQt(placeholder.symbol), toQt(placeholder.title)};
+}
+
+SwipeActionValue toQt(const SwipeAction& action) {
+    return {orvelle::toQt(action.label), orvelle::toQt(action.symbol), orvelle::toQt(action.tint)};
+}
+
+SpinnerValue toQt(const ProgressSpinner& spinner) {
+    return {spinner};
 }
 
 QString toQt(ActivePanel panel) {

@@ -7,7 +7,9 @@
 #include "Views/Components/FilePlaceholder.h"
 #include "Views/Components/GlassBackground.h"
 #include "Views/Components/NotchShape.h"
+#include "Views/Components/ProgressSpinner.h"
 #include "Views/Components/Stroke.h"
+#include "Views/Components/SwipeAction.h"
 #include "Views/Components/TextStyle.h"
 
 #include <QColor>
@@ -132,6 +134,39 @@ public:
     bool operator==(const PlaceholderValue&) const = default;
 };
 
+struct SwipeActionValue {
+    Q_GADGET
+    Q_PROPERTY(QString label MEMBER label)
+    Q_PROPERTY(QString symbol MEMBER symbol)
+    Q_PROPERTY(QColor tint MEMBER tint)
+    Q_PROPERTY(double width READ width)
+    Q_PROPERTY(double fullSwipe READ fullSwipe)
+    Q_PROPERTY(double labelSize READ labelSize)
+    Q_PROPERTY(double symbolSize READ symbolSize)
+
+public:
+    QString label;
+    QString symbol;
+    QColor tint;
+    double width() const { return SwipeAction::width; }
+    double fullSwipe() const { return SwipeAction::fullSwipe; }
+    double labelSize() const { return SwipeAction::labelSize; }
+    double symbolSize() const { return SwipeAction::symbolSize; }
+    bool operator==(const SwipeActionValue&) const = default;
+};
+
+struct SpinnerValue {
+    Q_GADGET
+    Q_PROPERTY(double size READ size)
+    Q_PROPERTY(double frame READ frame)
+
+public:
+    ProgressSpinner spinner;
+    double size() const { return spinner.scale * ProgressSpinner::diameter; }
+    double frame() const { return spinner.frame; }
+    bool operator==(const SpinnerValue&) const = default;
+};
+
 template <class T>
 T toQt(const T& value) {
     return value;
@@ -148,6 +183,8 @@ ShapeValue toQt(const NotchShape& shape);
 CardValue toQt(const GlassBackground& card);
 SliderValue toQt(const AnimatedSlider& slider);
 PlaceholderValue toQt(const FilePlaceholder& placeholder);
+SwipeActionValue toQt(const SwipeAction& action);
+SpinnerValue toQt(const ProgressSpinner& spinner);
 
 /// An absent value is `undefined` in QML.
 template <class T>

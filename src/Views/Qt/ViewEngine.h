@@ -15,6 +15,8 @@ namespace orvelle {
 struct ViewEnvironment {
     NotchEnvironment notch;
     Platform& platform;
+    /// Gives the keyboard to the window, for a field that was pressed; empty without such a window.
+    std::function<void()> takeKeyboard = {};
     std::optional<SettingsEnvironment> settings = {}; ///< of the settings' window
     std::function<void()> completeOnboarding = {};    ///< of the wizard's window
 };

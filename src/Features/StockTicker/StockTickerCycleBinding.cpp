@@ -1,0 +1,36 @@
+#include "Features/StockTicker/StockTickerCycleBinding.h"
+
+#include "Features/StockTicker/StockTickerManager.h"
+
+namespace orvelle {
+
+namespace {
+
+QVariant toQt(const std::optional<StockTickerCycleView::Content>& content) {
+    if (!content)
+        return {};
+    CycleContentValue value{orvelle::toQt(content->symbol), {}};
+    if (const auto& figures = content->figures)
+        value.figures = QVariant::fromValue(CycleFiguresValue{orvelle::toQt(figures->price),
+                                                              orvelle::toQt(figures->arrow),
+                                                              orvelle::toQt(figures->percent)});
+    return QVariant::fromValue(value);
+}
+
+} // namespace
+
+void StockTickerCycleBinding::attach(const ViewEnvironment& environment) {
+    const auto& manager = environment.notch.stockTickerManager;
+    view_.emplace(manager);
+    // The binding lives exactly as long as the line is on the screen.
+    view_->appear();
+    follow(manager.tickers, manager.quotes, view_->currentIndex);
+}
+
+void StockTickerCycleBinding::refresh() {
+    show_emptySymbol(orvelle::toQt(view_->emptySymbol()));
+    show_tickerContent(toQt(view_->tickerContent()));
+    show_currentIndex(static_cast<int>(view_->currentIndex.get()));
+}
+
+} // namespace orvelle

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Features/StockTicker/StockTickerCycleView.h"
+#include "Views/Qt/Binding.h"
+#include "Views/Qt/Values.h"
+
+#include <optional>
+
+namespace orvelle {
+
+struct CycleFiguresValue {
+    Q_GADGET
+    Q_PROPERTY(orvelle::TextValue price MEMBER price)
+    Q_PROPERTY(orvelle::TextValue arrow MEMBER arrow)
+    Q_PROPERTY(orvelle::TextValue percent MEMBER percent)
+
+public:
+    TextValue price;
+    TextValue arrow;
+    TextValue percent;
+    bool operator==(const CycleFiguresValue&) const = default;
+};
+
+struct CycleContentValue {
+    Q_GADGET
+    Q_PROPERTY(orvelle::TextValue symbol MEMBER symbol)
+    Q_PROPERTY(QVariant figures MEMBER figures)
+
+public:
+    TextValue symbol;
+    QVariant figures;
+    bool operator==(const CycleContentValue&) const = default;
+};
+
+class StockTickerCycleBinding : public Binding {
+    Q_OBJECT
+    QML_ELEMENT
+    ORVELLE_CONSTANT(double, spacing, StockTickerCycleView)
+    ORVELLE_CONSTANT(double, stepDuration, StockTickerCycleView)
+    ORVELLE_CONSTANT(orvelle::SpinnerValue, spinner, StockTickerCycleView)
+    ORVELLE_SHOWN(int, currentIndex)
+    ORVELLE_SHOWN(QVariant, emptySymbol)
+    ORVELLE_SHOWN(QVariant, tickerContent)
+
+protected:
+    void attach(const ViewEnvironment& environment) override;
+    void refresh() override;
+
+private:
+    std::optional<StockTickerCycleView> view_;
+};
+
+} // namespace orvelle

@@ -1,0 +1,62 @@
+#include "Features/StockTicker/StockTickerExpandedBinding.h"
+
+#include "Features/StockTicker/StockTickerManager.h"
+
+namespace orvelle {
+
+namespace {
+
+StockRowValue toQt(const StockTickerRowContent& row) {
+    StockRowValue value{.id = orvelle::toQt(std::string_view(row.id)),
+                        .symbol = orvelle::toQt(row.symbol),
+                        .name = orvelle::toQt(row.name),
+                        .figures = {}};
+    if (row.figures)
+        value.figures = QVariant::fromValue(StockFiguresValue{orvelle::toQt(row.figures->price),
+                                                              orvelle::toQt(row.figures->change)});
+    return value;
+}
+
+} // namespace
+
+void StockTickerExpandedBinding::attach(const ViewEnvironment& environment) {
+    auto& manager = environment.notch.stockTickerManager;
+    view_.emplace(manager);
+    takeKeyboard_ = environment.takeKeyboard;
+    follow(manager.tickers, manager.quotes);
+}
+
+void StockTickerExpandedBinding::refresh() {
+    show_fieldPlaceholder(orvelle::toQt(view_->fieldPlaceholder()));
+    show_fieldStyle(orvelle::toQt(view_->fieldStyle()));
+    show_addButton(orvelle::toQt(view_->addButton()));
+    show_deleteAction(orvelle::toQt(view_->deleteAction()));
+    std::vector<StockRowValue> rows;
+    for (const auto& row : view_->rows())
+        rows.push_back(toQt(row));
+    rows_.show(rows);
+    show_placeholder(orvelle::toQt(view_->placeholder()));
+}
+
+bool StockTickerExpandedBinding::canAdd(const QString& text) const {
+    return view_->canAdd(text.toStdString());
+}
+
+void StockTickerExpandedBinding::addTicker(const QString& text) {
+    view_->addTicker(text.toStdString());
+}
+
+void StockTickerExpandedBinding::removeTicker(const QString& id) {
+    view_->remove(id.toStdString());
+}
+
+MenuValue StockTickerExpandedBinding::contextMenu() const {
+    return {view_->contextMenu()};
+}
+
+void StockTickerExpandedBinding::takeKeyboard() const {
+    if (takeKeyboard_)
+        takeKeyboard_();
+}
+
+} // namespace orvelle

@@ -1,0 +1,94 @@
+import QtQuick
+import Orvelle
+
+// One symbol with its quote. A pull to the left removes it, and so does the delete key.
+FocusScope {
+    id: root
+
+    required property var entry
+    required property StockTickerExpandedBinding view
+
+    implicitHeight: body.height + 2 * view.rowInset
+    Accessible.role: Accessible.ListItem
+    Accessible.name: entry.symbol.text
+    Accessible.description: entry.figures ? entry.figures.price.text + " "
+                                            + entry.figures.change.text : qsTr("Loading")
+    Accessible.focusable: true
+    Accessible.focused: activeFocus
+    Keys.onDeletePressed: view.removeTicker(entry.id)
+    Keys.onPressed: event => {
+        if (event.key !== Qt.Key_Backspace)
+            return
+        event.accepted = true
+        view.removeTicker(entry.id)
+    }
+
+    SwipeRow {
+        id: body
+        x: root.view.rowSideInset
+        y: root.view.rowInset
+        width: parent.width - 2 * x
+        height: Math.max(texts.height, figures.height) + 2 * root.view.rowVerticalPadding
+        focus: true
+        background: root.view.rowBackground
+        isHighlighted: root.activeFocus
+        trailing: root.view.deleteAction
+        onTrailingPerformed: root.view.removeTicker(root.entry.id)
+
+        Column {
+            id: texts
+            x: root.view.rowHorizontalPadding
+            anchors.verticalCenter: parent.verticalCenter
+            width: figures.x - root.view.rowSpacing - x
+            spacing: root.view.rowLineSpacing
+
+            PanelText {
+                objectName: "symbol"
+                content: root.entry.symbol
+                width: parent.width
+            }
+            Loader {
+                active: !!root.entry.name
+                visible: active
+                width: parent.width
+                sourceComponent: PanelText {
+                    content: root.entry.name
+                }
+            }
+        }
+        Loader {
+            id: figures
+            x: parent.width - width - root.view.rowHorizontalPadding
+            anchors.verticalCenter: parent.verticalCenter
+            sourceComponent: root.entry.figures ? quote : waiting
+        }
+    }
+    Component {
+        id: quote
+
+        Column {
+            spacing: root.view.rowLineSpacing
+
+            PanelText {
+                objectName: "price"
+                content: root.entry.figures.price
+                width: Math.min(implicitWidth, root.width / 2)
+                anchors.right: parent.right
+            }
+            PanelText {
+                objectName: "change"
+                content: root.entry.figures.change
+                width: Math.min(implicitWidth, root.width / 2)
+                anchors.right: parent.right
+            }
+        }
+    }
+    Component {
+        id: waiting
+
+        ProgressSpinner {
+            objectName: "spinner"
+            spinner: root.view.rowSpinner
+        }
+    }
+}

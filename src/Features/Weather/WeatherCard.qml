@@ -1,0 +1,139 @@
+import QtQuick
+import QtQuick.Shapes
+import Orvelle
+
+// The conditions over the colours of their sky.
+Item {
+    id: root
+
+    required property WeatherExpandedBinding view
+
+    Shape {
+        id: sky
+        anchors.fill: parent
+        opacity: root.view.gradientOpacity
+
+        ShapePath {
+            strokeWidth: -1
+            fillGradient: LinearGradient {
+                x2: sky.width
+                y2: sky.height
+
+                GradientStop {
+                    position: 0
+                    color: root.view.skyStart
+                }
+                GradientStop {
+                    position: 1
+                    color: root.view.skyEnd
+                }
+            }
+
+            PathRectangle {
+                width: sky.width
+                height: sky.height
+                radius: root.view.cornerRadius
+            }
+        }
+    }
+    PanelSymbol {
+        content: root.view.watermark
+        anchors.centerIn: parent
+    }
+    Item {
+        anchors.fill: parent
+        anchors.margins: root.view.padding
+
+        Row {
+            id: conditions
+            width: parent.width
+            spacing: root.view.spacing
+
+            PanelSymbol {
+                id: icon
+                objectName: "conditionIcon"
+                content: root.view.icon
+                anchors.verticalCenter: parent.verticalCenter
+            }
+            Row {
+                id: temperature
+
+                PanelText {
+                    objectName: "temperature"
+                    content: root.view.temperature
+                    // The figures' own height: what is below them is the row's spacing.
+                    height: root.view.temperature.size * 1.1
+                    verticalAlignment: Text.AlignVCenter
+                    width: Math.min(implicitWidth, conditions.width / 2)
+                }
+                PanelText {
+                    content: root.view.degreeSign
+                }
+            }
+            Column {
+                width: conditions.width - x
+                topPadding: root.view.trailingTopPadding
+                spacing: root.view.trailingSpacing
+
+                PanelText {
+                    objectName: "condition"
+                    content: root.view.condition
+                    width: parent.width
+                    horizontalAlignment: Text.AlignRight
+                }
+                Loader {
+                    active: !!root.view.location
+                    width: parent.width
+                    sourceComponent: PanelText {
+                        objectName: "location"
+                        content: root.view.location
+                        horizontalAlignment: Text.AlignRight
+                    }
+                }
+            }
+        }
+        Row {
+            id: chips
+            y: (conditions.height + footer.y - height) / 2
+            spacing: root.view.chipSpacing
+
+            Repeater {
+                model: root.view.chips
+
+                WeatherChip {
+                    view: root.view
+                }
+            }
+        }
+        Item {
+            id: footer
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: refresh.height
+
+            Loader {
+                active: !!root.view.locationControl
+                height: parent.height
+                sourceComponent: WeatherPlaces {
+                    view: root.view
+                    height: footer.height
+                }
+            }
+            PanelText {
+                objectName: "updatedAgo"
+                content: root.view.updatedAgo
+                anchors.right: refresh.left
+                anchors.rightMargin: root.view.spacing
+                anchors.verticalCenter: parent.verticalCenter
+            }
+            PanelButton {
+                id: refresh
+                objectName: "refreshButton"
+                content: root.view.refreshButton
+                name: qsTr("Refresh")
+                anchors.right: parent.right
+                onClicked: root.view.reload()
+            }
+        }
+    }
+}
