@@ -48,7 +48,7 @@ constexpr Ellipse head{0, -0.02, 0.15, 0.20};
 constexpr Ellipse hairBack{0, -0.06, 0.185, 0.215};
 constexpr Ellipse fringe{-0.03, -0.19, 0.15, 0.09};
 
-Color shaded(const Color& color, const Ellipse& body, double x, double y) {
+Color shaded(const Color& color, const Ellipse& body, double x) {
     const double side = (x - body.x) / body.halfWidth;
     const auto lit = mixed(color, lamp, 0.32 * ramp(-side, -0.2, 1));
     return mixed(lit, shadow, 0.55 * ramp(side, -0.1, 1.1));
@@ -57,7 +57,7 @@ Color shaded(const Color& color, const Ellipse& body, double x, double y) {
 Color pointAt(double x, double y) {
     auto color = mixed(lamp, wall, ramp(std::hypot(x + 0.75, y + 0.35), 0.05, 0.95));
     const auto lay = [&](const Ellipse& body, const Color& paint) {
-        color = mixed(color, shaded(paint, body, x, y), body.cover(x, y));
+        color = mixed(color, shaded(paint, body, x), body.cover(x, y));
     };
     lay(hairBack, hairColor);
     lay(neck, mixed(skin, shadow, 0.25));
