@@ -223,7 +223,7 @@ def swipe_at(program, depth, swipe):
 
 
 def test_a_swipe_over_the_tab_bar_changes_the_tab(desktop, accessibility_bus, start):
-    program = start(swipeCooldown=0.1)
+    program = start(swipeCooldown=0.5)
     program.expand()
     wait_until(lambda: selected_tab(desktop), "a selected tab", program.describe)
     names = [name for name, _ in tabs(desktop)]
@@ -234,7 +234,7 @@ def test_a_swipe_over_the_tab_bar_changes_the_tab(desktop, accessibility_bus, st
     following = names[(before + 1) % len(names)]
     wait_until(lambda: selected_tab(desktop) == following, "the following tab", program.describe)
     # One swipe goes one tab, and after the cooldown the next may come.
-    assert stays(lambda: selected_tab(desktop) == following, 0.3)
+    assert stays(lambda: selected_tab(desktop) == following, 0.6)
     swipe_at(program, 40, desktop.swipe_right)
     wait_until(lambda: selected_tab(desktop) == names[before], "the first tab", program.describe)
 

@@ -17,7 +17,7 @@ VIEWS = r"(Views/Qt/|(Features/\w+|Views)/\w+Binding\.h|Platform/Qt/QuickPanel\.
 STANDARD = (
     "algorithm any array atomic bit cctype cerrno charconv chrono cinttypes climits clocale cmath compare "
     "concepts condition_variable cstdarg cstddef cstdint cstdio cstdlib cstring ctime deque "
-    "exception fstream functional initializer_list iomanip iostream istream iterator limits list "
+    "exception fstream functional future initializer_list iomanip iostream istream iterator limits list "
     "map memory mutex new numbers numeric optional ostream queue random ranges ratio regex set "
     "span sstream stack stdexcept streambuf string string_view system_error thread tuple "
     "type_traits typeindex unordered_map unordered_set utility variant vector version"
