@@ -6,6 +6,12 @@ target_compile_options(orvelle_flags INTERFACE -Wall -Wextra -Wshadow -Wconversi
 add_library(orvelle_qml_flags INTERFACE)
 target_compile_options(orvelle_qml_flags INTERFACE -Wall -Wextra -Werror)
 
+# Clang blames whoever instantiates std::stable_sort for what g++ 12's library does inside it.
+foreach(flags orvelle_flags orvelle_qml_flags)
+    target_compile_options(${flags} INTERFACE
+        $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>)
+endforeach()
+
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
     foreach(flags orvelle_flags orvelle_qml_flags)
         target_compile_options(${flags} INTERFACE -fstack-protector-strong -D_FORTIFY_SOURCE=2

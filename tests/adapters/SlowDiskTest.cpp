@@ -1,7 +1,7 @@
 #include "Platform/FileUserDefaults.h"
 #include "Platform/Qt/QtRunLoop.h"
 #include "Support/GatedFileSystem.h"
-#include "adapters/QtTest.h"
+#include "adapters/EventLoopWait.h"
 
 #include <gtest/gtest.h>
 
@@ -13,15 +13,13 @@ const std::string path = "/simulated/config/defaults.json";
 class SlowDisk : public testing::Test {
 protected:
     SlowDisk() {
-        application();
-        runLoop.emplace();
         fileSystem.files[path] = R"({"a": 1})";
-        defaults = std::make_unique<FileUserDefaults>(fileSystem, *runLoop, watch, log);
+        defaults = std::make_unique<FileUserDefaults>(fileSystem, runLoop, watch, log);
     }
     /// Whether the main thread serves its timers and the settings while a thread stands at `gate`.
     bool mainThreadGoesOn(const Gate& gate) {
         int ticks = 0;
-        const auto timer = runLoop->every(0.01, [&] {
+        const auto timer = runLoop.every(0.01, [&] {
             ++ticks;
             defaults->set("tick", std::int64_t{ticks});
         });
@@ -32,7 +30,7 @@ protected:
     GatedFileSystem fileSystem;
     SimulatedFileWatch watch;
     SimulatedLog log;
-    std::optional<QtRunLoop> runLoop;
+    QtRunLoop runLoop;
     std::unique_ptr<FileUserDefaults> defaults;
 };
 

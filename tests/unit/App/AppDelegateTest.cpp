@@ -222,9 +222,15 @@ TEST_F(AppDelegateTest, TheHudIsWiredWithoutANotchState) {
     EXPECT_EQ(app.notchState.hudType.get(), std::nullopt);
 }
 
-TEST_F(AppDelegateTest, NothingIsRegisteredAsAPlugin) {
+TEST_F(AppDelegateTest, NothingIsRegisteredAsAPluginFromLaunchToTermination) {
+    std::vector<std::size_t> counts;
+    const auto observed = app.pluginRegistry.registeredPlugins.observe(
+        [&](const auto& plugins) { counts.push_back(plugins.size()); });
     launchNormally();
-    EXPECT_TRUE(app.pluginRegistry.registeredPlugins->empty());
+    app.showNotch();
+    advance(3600);
+    app.applicationWillTerminate();
+    EXPECT_EQ(counts, std::vector<std::size_t>{0}) << "the present count, and no change";
 }
 
 TEST_F(AppDelegateTest, AnotherStartShowsThePanel) {
