@@ -48,9 +48,9 @@ QUrl widgetView(const HoverWidget& widget) {
 QVariant toQt(const std::optional<HoverMediaIndicator>& media) {
     if (!media)
         return {};
-    return QVariant::fromValue(HoverMediaValue{orvelle::toQt(media->cover),
-                                               orvelle::toQt(media->playButton),
-                                               orvelle::toQt(media->title)});
+    return QVariant::fromValue(
+        HoverMediaValue{orvelle::toQt(media->cover), orvelle::toQt(media->playButton),
+                        orvelle::toQt(media->playButtonName), orvelle::toQt(media->title)});
 }
 
 HoverWidgetValue toQt(const HoverWidget& widget) {
@@ -67,8 +67,8 @@ HoverWidgetValue toQt(const HoverWidget& widget) {
         .texts = texts,
         .media = toQt(widget.media),
         .spacing = widget.spacing,
-        .padding = HoverWidget::tapPadding,
-        .truncatesTail = widget.truncatesTail || widget.media.has_value(),
+        .padding = widget.isTapTarget() ? HoverWidget::tapPadding : 0,
+        .isTapTarget = widget.isTapTarget(),
     };
 }
 
@@ -114,6 +114,10 @@ void NotchCollapsedBinding::expand() {
 void NotchCollapsedBinding::expandToPanel(const QString& panel) {
     if (const auto known = activePanelFrom(panel.toStdString()))
         view_->expandToPanel(*known);
+}
+
+void NotchCollapsedBinding::playPause() {
+    view_->playPause();
 }
 
 } // namespace orvelle

@@ -17,6 +17,7 @@ struct HoverMediaValue {
     Q_GADGET
     Q_PROPERTY(orvelle::SymbolValue cover MEMBER cover)
     Q_PROPERTY(orvelle::SymbolValue playButton MEMBER playButton)
+    Q_PROPERTY(QString playButtonName MEMBER playButtonName)
     Q_PROPERTY(orvelle::TextValue title MEMBER title)
     Q_PROPERTY(double spacing READ spacing)
     Q_PROPERTY(double coverSize READ coverSize)
@@ -25,6 +26,7 @@ struct HoverMediaValue {
 public:
     SymbolValue cover;
     SymbolValue playButton;
+    QString playButtonName;
     TextValue title;
     double spacing() const { return HoverMediaIndicator::spacing; }
     double coverSize() const { return HoverMediaIndicator::coverSize; }
@@ -43,7 +45,7 @@ struct HoverWidgetValue {
     Q_PROPERTY(QVariant media MEMBER media)
     Q_PROPERTY(double spacing MEMBER spacing)
     Q_PROPERTY(double padding MEMBER padding)
-    Q_PROPERTY(bool truncatesTail MEMBER truncatesTail)
+    Q_PROPERTY(bool isTapTarget MEMBER isTapTarget)
 
 public:
     QString id;
@@ -55,7 +57,7 @@ public:
     QVariant media;
     double spacing = 0;
     double padding = 0; ///< around the content, part of what takes the click
-    bool truncatesTail = false;
+    bool isTapTarget = true;
     bool operator==(const HoverWidgetValue&) const = default;
 };
 
@@ -80,6 +82,7 @@ class NotchCollapsedBinding : public Binding {
 public:
     Q_INVOKABLE void expand();
     Q_INVOKABLE void expandToPanel(const QString& panel);
+    Q_INVOKABLE void playPause();
 
 protected:
     void attach(const ViewEnvironment& environment) override;

@@ -113,6 +113,7 @@ void NotchCollapsedView::hoverMediaIndicator(HoverWidget& widget) const {
         .cover = {"music.note"_symbol, 12, Color::white(1, 0.6)},
         .playButton = {media.isPlaying ? "pause.fill"_symbol : "play.fill"_symbol, 11,
                        colors::white},
+        .playButtonName = media.isPlaying ? "Pause" : "Play",
         .isPlaying = media.isPlaying,
         .title = mediumText(media.title + " — " + media.artist, 11),
         .openSourceAppTitle = {},
@@ -188,6 +189,10 @@ void NotchCollapsedView::expandToPanel(ActivePanel panel) {
     if (environment_.notchState.clickWidgetNavigatesToPanel)
         environment_.notchState.activePanel = panel;
     expand();
+}
+
+void NotchCollapsedView::playPause() {
+    environment_.mediaManager.playPause();
 }
 
 } // namespace orvelle

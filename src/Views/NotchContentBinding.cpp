@@ -93,8 +93,11 @@ void NotchContentBinding::refresh() {
     show_panelSource(panelView(state_->activePanel));
     show_activePanel(orvelle::toQt(state_->activePanel.get()));
 
+    // What fades out is still what was shown.
     const auto hud = view_->hudOverlay();
-    show_hud(hud ? QVariant::fromValue(toQt(*hud)) : QVariant());
+    if (hud)
+        show_hud(toQt(*hud));
+    show_showsHUD(hud.has_value());
 }
 
 void NotchContentBinding::selectPanel(const QString& id) {

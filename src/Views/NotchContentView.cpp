@@ -93,8 +93,7 @@ Edge NotchContentView::panelRemovalEdge() const {
     return entersFromTrailing ? Edge::leading : Edge::trailing;
 }
 
-FilePlaceholder NotchContentView::panelPlaceholder() const {
-    const ActivePanel panel = environment_.notchState.activePanel;
+FilePlaceholder NotchContentView::panelPlaceholder(ActivePanel panel) const {
     if (panel == ActivePanel::media && environment_.mediaManager.currentMedia->title.empty())
         return filePlaceholder("No media playing", "music.note"_symbol);
     return filePlaceholder(std::string(label(panel)), icon(panel));

@@ -8,7 +8,7 @@
 
 namespace orvelle {
 
-/// Takes what stands there once: the placeholder of a panel that slides away keeps its own.
+/// Belongs to the panel that was active when it was made, also while that one slides away.
 class PanelPlaceholderBinding : public Binding {
     Q_OBJECT
     QML_ELEMENT
@@ -20,6 +20,7 @@ protected:
 
 private:
     std::optional<NotchContentView> view_;
+    ActivePanel panel_ = ActivePanel::media;
 };
 
 } // namespace orvelle

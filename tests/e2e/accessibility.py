@@ -17,6 +17,7 @@ def describe(node):
         "name": node.get_name(),
         "selected": states.contains(Atspi.StateType.SELECTED)
         or states.contains(Atspi.StateType.CHECKED),
+        "focused": states.contains(Atspi.StateType.FOCUSED),
         "children": [describe(child) for child in children(node)],
     }
 

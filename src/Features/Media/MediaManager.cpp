@@ -30,6 +30,12 @@ void MediaManager::stop() {
         service_.unregisterForNotifications();
 }
 
+void MediaManager::playPause() {
+    if (service_.sendCommand)
+        service_.sendCommand(NowPlayingService::togglePlayPause);
+    currentMedia.update([](auto& media) { media.isPlaying = !media.isPlaying; });
+}
+
 void MediaManager::nextTrack() {
     if (service_.sendCommand)
         service_.sendCommand(NowPlayingService::nextTrack);

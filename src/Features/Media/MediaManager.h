@@ -17,6 +17,7 @@ public:
 
     void start() override;
     void stop() override;
+    void playPause();
     void nextTrack();
     void previousTrack();
 

@@ -13,6 +13,7 @@ Item {
 
     function enter(source, side) {
         isLeaving = false
+        loader.source = "" // the same source may stand for another panel now
         loader.source = source
         offset.jump(side)
         presence.jump(side === 0 ? 1 : 0)

@@ -12,7 +12,6 @@ Rectangle {
 
     objectName: "tab." + tab.id
     color: tab.background
-    activeFocusOnTab: true
     Accessible.role: Accessible.PageTab
     Accessible.name: tab.label
     Accessible.selectable: true
