@@ -160,13 +160,10 @@ TEST_F(IcalEventStoreTest, OddThingsAmongTheFilesAreLeftAlone) {
     std::filesystem::create_directory_symlink(home / ".calendars", home / ".calendars/a/loop");
     std::filesystem::create_symlink("missing", home / ".calendars/a/dangling.ics");
     observe();
-    EXPECT_TRUE(waitUntil([this] {
-        const auto shown = titles();
-        return !shown.empty() && shown.front() == "Good";
-    }));
+    EXPECT_TRUE(comeToShow({"Good"}));
 }
 
-TEST_F(IcalEventStoreTest, ACopyInAnotherFolderOfTheSameFileIsShownOnce) {
+TEST_F(IcalEventStoreTest, AFolderThatIsFoundTwiceIsShownOnce) {
     home.write("data/calendars/a/a.ics", presentEvent("A"));
     defaults.set("calendarFolders", home / "data/calendars/a/");
     observe();

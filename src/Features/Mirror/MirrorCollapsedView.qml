@@ -5,6 +5,7 @@ import Orvelle
 PanelSymbol {
     property var widget
     readonly property real naturalWidth: implicitWidth
+    readonly property real titleWidth: 0
     readonly property string summary: ""
 
     objectName: "mirrorSymbol"

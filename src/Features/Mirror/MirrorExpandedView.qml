@@ -7,7 +7,8 @@ Item {
 
     MirrorExpandedBinding {
         id: view
-        isOnScreen: root.enabled // false as soon as the panel begins to leave
+        // Not enabled as soon as the panel begins to leave, not visible once it is unloaded.
+        isOnScreen: root.enabled && root.visible
     }
     Loader {
         anchors.fill: parent

@@ -101,7 +101,11 @@ public:
 
     /// A folder with iCalendar files is a collection, whatever lies below it.
     template <class Describe>
-    void visit(const fs::path& folder, int depth, Describe describe) {
+    void visit(const fs::path& path, int depth, Describe describe) {
+        std::error_code missing;
+        auto folder = fs::canonical(path, missing); // each folder once, however it is reached
+        if (missing)
+            folder = path;
         if (found_.visited.size() >= CalendarFolders::maximumFolders ||
             std::ranges::find(found_.visited, folder.string()) != found_.visited.end())
             return;
@@ -181,7 +185,7 @@ CalendarFolders CalendarFolders::find(const CalendarPlaces& places) {
     CalendarFolders found;
     Search search(found);
     for (const auto& root : places.roots)
-        search.visit(fs::path(root).lexically_normal(), maximumDepth, vdirCalendar);
+        search.visit(root, maximumDepth, vdirCalendar);
     search.visit(places.evolutionData, 1, [&](const fs::path& folder) {
         return evolutionCalendar(places, folder.filename().string());
     });

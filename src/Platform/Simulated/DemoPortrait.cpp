@@ -25,45 +25,78 @@ double ramp(double value, double from, double to) {
 struct Ellipse {
     double x, y, halfWidth, halfHeight;
 
-    /// 0 in the middle, 1 at the edge.
-    double distance(double atX, double atY) const {
-        return std::hypot((atX - x) / halfWidth, (atY - y) / halfHeight);
-    }
-    /// How much of it covers the point; the edge is blurred a little.
-    double cover(double atX, double atY) const {
-        return 1 - ramp(distance(atX, atY), 0.985, 1.015);
+    /// How much of it covers the point; the edge is `blur` wide.
+    double cover(double atX, double atY, double blur = 0.004) const {
+        const double distance = std::hypot((atX - x) / halfWidth, (atY - y) / halfHeight);
+        const double toEdge = (distance - 1) * std::min(halfWidth, halfHeight);
+        return 1 - ramp(toEdge, -blur, blur);
     }
 };
 
-constexpr Color lamp{0.98, 0.75, 0.48};
-constexpr Color wall{0.19, 0.22, 0.33};
-constexpr Color skin{0.87, 0.64, 0.50};
-constexpr Color hairColor{0.20, 0.13, 0.11};
-constexpr Color coat{0.16, 0.42, 0.44};
-constexpr Color shadow{0.10, 0.08, 0.12};
+constexpr Color lamp{1.00, 0.78, 0.52};
+constexpr Color wall{0.17, 0.20, 0.31};
+constexpr Color skin{0.90, 0.69, 0.55};
+constexpr Color blush{0.93, 0.52, 0.44};
+constexpr Color dark{0.17, 0.11, 0.10};
+constexpr Color coat{0.15, 0.47, 0.48};
+constexpr Color shirt{0.93, 0.92, 0.88};
+constexpr Color shadow{0.08, 0.07, 0.12};
 
-constexpr Ellipse shoulders{0, 0.62, 0.42, 0.36};
-constexpr Ellipse neck{0, 0.22, 0.075, 0.16};
-constexpr Ellipse head{0, -0.02, 0.15, 0.20};
-constexpr Ellipse hairBack{0, -0.06, 0.185, 0.215};
-constexpr Ellipse fringe{-0.03, -0.19, 0.15, 0.09};
+// The middle third of the picture is what a wide, low panel shows.
+constexpr Ellipse shoulders{0, 0.235, 0.215, 0.145};
+constexpr Ellipse collar{0, 0.105, 0.060, 0.050};
+constexpr Ellipse neck{0, 0.070, 0.033, 0.060};
+constexpr Ellipse head{0, -0.020, 0.070, 0.088};
+constexpr Ellipse hair{0, -0.042, 0.086, 0.094};
+constexpr Ellipse bun{0.012, -0.138, 0.036, 0.032};
+constexpr Ellipse face{0.006, 0.004, 0.064, 0.076};
+constexpr Ellipse eyes[] = {{-0.026, -0.010, 0.0065, 0.0085}, {0.030, -0.010, 0.0065, 0.0085}};
+constexpr Ellipse cheeks[] = {{-0.036, 0.020, 0.013, 0.009}, {0.040, 0.020, 0.013, 0.009}};
+constexpr Ellipse smile{0.003, 0.032, 0.024, 0.016};
+constexpr Ellipse smileTop{0.003, 0.024, 0.028, 0.014};
 
-Color shaded(const Color& color, const Ellipse& body, double x, double y) {
+struct Light {
+    Ellipse disc;
+    double strength;
+};
+constexpr Light lights[] = {
+    {{-0.62, -0.10, 0.060, 0.060}, 0.30}, {{-0.47, 0.06, 0.038, 0.038}, 0.22},
+    {{-0.36, -0.12, 0.026, 0.026}, 0.20}, {{0.44, -0.08, 0.030, 0.030}, 0.10},
+    {{0.58, 0.05, 0.044, 0.044}, 0.08},
+};
+
+/// Lit from the left.
+Color shaded(const Color& color, const Ellipse& body, double x) {
     const double side = (x - body.x) / body.halfWidth;
-    const auto lit = mixed(color, lamp, 0.32 * ramp(-side, -0.2, 1));
-    return mixed(lit, shadow, 0.55 * ramp(side, -0.1, 1.1));
+    const auto lit = mixed(color, lamp, 0.28 * ramp(-side, -0.2, 1));
+    return mixed(lit, shadow, 0.45 * ramp(side, 0, 1.2));
 }
 
 Color pointAt(double x, double y) {
-    auto color = mixed(lamp, wall, ramp(std::hypot(x + 0.75, y + 0.35), 0.05, 0.95));
-    const auto lay = [&](const Ellipse& body, const Color& paint) {
-        color = mixed(color, shaded(paint, body, x, y), body.cover(x, y));
+    auto color = mixed(lamp, wall, ramp(std::hypot(x + 0.72, 1.6 * (y + 0.1)), -0.1, 0.85));
+    const auto lay = [&](const Ellipse& body, const Color& paint, double share = 1) {
+        color = mixed(color, paint, share * body.cover(x, y));
     };
-    lay(hairBack, hairColor);
-    lay(neck, mixed(skin, shadow, 0.25));
-    lay(shoulders, coat);
-    lay(head, skin);
-    lay(fringe, hairColor);
+    const auto layShaded = [&](const Ellipse& body, const Color& paint) {
+        lay(body, shaded(paint, body, x));
+    };
+    for (const auto& light : lights)
+        lay(light.disc, lamp, light.strength);
+    layShaded(bun, dark);
+    layShaded(hair, dark);
+    layShaded(shoulders, coat);
+    layShaded(collar, shirt);
+    layShaded(neck, mixed(skin, shadow, 0.22));
+    layShaded(face, skin);
+    // The hair falls over the forehead, down to the line where the face begins.
+    color = mixed(color, shaded(dark, hair, x),
+                  head.cover(x, y) * ramp(0.5 * std::abs(x - 0.016) - y - 0.056, -0.003, 0.003));
+    for (const auto& cheek : cheeks)
+        color = mixed(color, blush, 0.5 * cheek.cover(x, y, 0.008));
+    for (const auto& eye : eyes)
+        lay(eye, dark);
+    color = mixed(color, {0.60, 0.22, 0.22},
+                  smile.cover(x, y, 0.002) * (1 - smileTop.cover(x, y, 0.002)));
     return color;
 }
 

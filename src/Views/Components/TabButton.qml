@@ -7,7 +7,7 @@ Rectangle {
 
     property var tab
     readonly property alias isHovered: pointer.containsMouse
-    readonly property string help: tab.label
+    readonly property string helpText: tab.label
     signal clicked
 
     objectName: "tab." + tab.id
