@@ -66,8 +66,7 @@ QtAppWindow::QtAppWindow(const Description& description, ViewEnvironment environ
     frame.moveCenter(window.screen()->availableGeometry().center());
     window.setGeometry(frame);
 
-    QObject::connect(&window, &QQuickWindow::closing, &window,
-                     [&window, closed] { QTimer::singleShot(0, &window, closed); });
+    window.installEventFilter(new CloseWatch(&window, std::move(closed)));
     window.show();
     makeKeyAndOrderFront();
 }
