@@ -32,8 +32,11 @@ const QQuickWindow* quickWindow(AppDelegate& app) {
     return panel ? &panel->quickWindow() : nullptr;
 }
 
-/// Loaded views hang in the tree of items, springs in that of objects.
+/// Loaded views hang in the tree of items, springs in that of objects. What is still on its way has
+/// a spinner in its place.
 bool moves(const QQuickItem& item) {
+    if (item.isVisible() && item.objectName() == QLatin1String("spinner"))
+        return true;
     for (const auto* spring : item.findChildren<SpringValue*>())
         if (spring->isRunning())
             return true;
