@@ -10,18 +10,17 @@ set(need REQUIRED)
 if(ORVELLE_DESKTOP STREQUAL "AUTO")
     set(need QUIET)
 endif()
-find_package(Qt6 6.4 ${need} COMPONENTS Core DBus Gui Network Qml Quick Svg Widgets)
-find_package(PkgConfig ${need})
+find_package(Qt6 6.4 ${need} COMPONENTS Core DBus Gui Multimedia Network Qml Quick Svg Widgets)
 if(PkgConfig_FOUND)
-    pkg_check_modules(CANBERRA ${need} IMPORTED_TARGET libcanberra)
-    pkg_check_modules(XCB ${need} IMPORTED_TARGET
+    pkg_check_modules(DESKTOP ${need} IMPORTED_TARGET
+        libcanberra libpulse
         xcb xcb-dpms xcb-ewmh xcb-randr xcb-shape xcb-xfixes xcb-xinput)
 endif()
 
-if(Qt6_FOUND AND CANBERRA_FOUND AND XCB_FOUND)
+if(Qt6_FOUND AND DESKTOP_FOUND AND ICAL_FOUND)
     set(ORVELLE_HAS_DESKTOP ON)
     qt_standard_project_setup()
     set(CMAKE_AUTOMOC OFF) # the layers below Qt do without its tools; those above switch it on
 else()
-    message(STATUS "Building the core and its tests only: Qt 6.4, libcanberra or xcb's libraries are missing")
+    message(STATUS "Building the core and its tests only: Qt 6.4 or a desktop library is missing")
 endif()

@@ -1,12 +1,15 @@
 #include "App/AppDelegate.h"
 
+#include "Core/BugReport.h"
 #include "Core/Describe.h"
 #include "Core/NotchWindow/NotchDetector.h"
 #include "Foundation/Format.h"
+#include "Models/Symbol.h"
 #include "Platform/RunLoop.h"
 #include "Platform/Screens.h"
 #include "Platform/UserDefaults.h"
 #include "Platform/UserNotifications.h"
+#include "Platform/Workspace.h"
 #include "Settings/SettingsKeys.h"
 
 namespace orvelle {
@@ -18,14 +21,33 @@ AppDelegate::AppDelegate(ViewHost& views, Platform& platform)
       clipboardManager(platform), systemMonitorManager(platform), weatherManager(platform),
       pomodoroManager(platform), todoManager(platform), notesManager(platform),
       stockTickerManager(platform), timeManager(platform), themeManager(platform),
-      mirrorManager(platform), hoverLayoutManager(platform), panelOrderManager(platform) {}
+      mirrorManager(platform), hoverLayoutManager(platform), panelOrderManager(platform),
+      featureSwitches_(makeFeatureSwitches()) {}
 
 NotchEnvironment AppDelegate::environment() {
-    return {notchState,         mediaManager,     fileShelfManager, hudManager,
-            calendarManager,    batteryManager,   clipboardManager, systemMonitorManager,
-            weatherManager,     pomodoroManager,  todoManager,      notesManager,
-            stockTickerManager, timeManager,      themeManager,     mirrorManager,
-            hoverLayoutManager, panelOrderManager};
+    return {notchState,
+            mediaManager,
+            fileShelfManager,
+            hudManager,
+            calendarManager,
+            batteryManager,
+            clipboardManager,
+            systemMonitorManager,
+            weatherManager,
+            pomodoroManager,
+            todoManager,
+            notesManager,
+            stockTickerManager,
+            timeManager,
+            themeManager,
+            mirrorManager,
+            hoverLayoutManager,
+            panelOrderManager,
+            [this] { openSettings(); }};
+}
+
+SettingsEnvironment AppDelegate::settingsEnvironment() {
+    return {environment(), updateChecker, [this] { reportBug(); }};
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
@@ -72,18 +94,88 @@ void AppDelegate::logScreens() {
 
 void AppDelegate::setupStatusBar() {
     log_.info("Setting up status bar");
+    statusBarItem = platform_.statusBar().makeStatusItem();
+    const StatusItem::Image image{std::string("rectangle.topthird.inset.filled"_symbol), "Orvelle",
+                                  14};
+    statusBarItem->setImage(image, lifetime_.guard([this](bool hasButton) {
+        if (hasButton)
+            log_.info("Status bar icon set");
+        else
+            log_.error("Failed to get status bar button — menu bar icon will be invisible");
+    }));
+    statusBarMenu = std::make_unique<StatusBarMenu>(
+        StatusBarMenu::Commands{[this] { showNotch(); }, [this] { openSettings(); },
+                                [this] { runSetupWizard(); }, [this] { reportBug(); },
+                                [this] { checkForUpdates(); }, [this] { quitApp(); }},
+        systemMonitorManager, batteryManager, platform_);
+    statusBarItem->setMenu(statusBarMenu->items());
+}
+
+void AppDelegate::openSettings() {
+    if (settingsWindow && settingsWindow->isVisible()) {
+        settingsWindow->makeKeyAndOrderFront();
+        return;
+    }
+    settingsWindow = views_.showSettings({"Orvelle Settings", {500, 400}}, settingsEnvironment(),
+                                         [this] { settingsWindowWillClose(); });
+    platform_.application().setActivationPolicy(ActivationPolicy::regular);
+}
+
+void AppDelegate::settingsWindowWillClose() {
+    settingsWindow.reset();
+    platform_.application().setActivationPolicy(ActivationPolicy::accessory);
+}
+
+void AppDelegate::runSetupWizard() {
+    platform_.userDefaults().set(Settings::hasCompletedOnboarding.name, false);
+    showOnboarding();
+}
+
+void AppDelegate::reportBug() {
+    const BugReport report{platform_.application().operatingSystemVersionString(),
+                           platform_.application().architecture()};
+    platform_.workspace().open(report.mailAddress());
+}
+
+void AppDelegate::checkForUpdates() {
+    updateChecker.check(lifetime_.guard([this] { offerUpdate(); }));
+}
+
+void AppDelegate::offerUpdate() {
+    if (!updateChecker.updateAvailable || !updateChecker.latestVersion.get())
+        return;
+    statusBarMenu->showUpdate(*updateChecker.latestVersion.get());
+    if (const auto& url = updateChecker.downloadURL.get())
+        platform_.workspace().open(*url);
+}
+
+void AppDelegate::quitApp() {
+    platform_.application().terminate();
 }
 
 void AppDelegate::showOnboarding() {
-    // There is nothing to ask of the user yet, so that the first launch completes by itself.
-    onboardingCompleted(notchWindowController == nullptr);
+    if (onboardingWindow && onboardingWindow->isVisible()) {
+        onboardingWindow->makeKeyAndOrderFront();
+        return;
+    }
+    const bool setupIsDue = notchWindowController == nullptr;
+    onboardingWindow = views_.showOnboarding(
+        {"Welcome to Orvelle", {480, 380}}, environment(), [this, setupIsDue] { onboardingCompleted(setupIsDue); },
+        [this] { onboardingWindowWillClose(); });
+    platform_.application().setActivationPolicy(ActivationPolicy::regular);
 }
 
 void AppDelegate::onboardingCompleted(bool setupIsDue) {
     platform_.userDefaults().set(Settings::hasCompletedOnboarding.name, true);
+    onboardingWindow.reset();
     if (setupIsDue)
         completeSetup();
     platform_.application().setActivationPolicy(ActivationPolicy::accessory);
+}
+
+// The user closed the wizard by its close button, which counts as finishing it.
+void AppDelegate::onboardingWindowWillClose() {
+    onboardingCompleted(notchWindowController == nullptr);
 }
 
 void AppDelegate::completeSetup() {
@@ -151,64 +243,85 @@ void AppDelegate::showNoScreenAlert() {
     }
 }
 
-void AppDelegate::applyFeatureDefaults() {
-    const auto stored = [this](const SettingKey<bool>& key) {
-        return platform_.userDefaults().storedBoolean(key.name).value_or(key.defaultValue);
+std::vector<AppDelegate::FeatureSwitch> AppDelegate::makeFeatureSwitches() {
+    const auto nothing = [] {};
+    return {
+        {Settings::mediaEnabled, mediaManager, [this] { mediaManager.stop(); }},
+        {Settings::fileShelfEnabled, fileShelfManager,
+         [this] { fileShelfManager.cleanupTimer.reset(); }},
+        {Settings::hudEnabled, hudManager,
+         [this] {
+             hudManager.isMonitoring = false;
+             hudManager.stopIntercepting();
+         }},
+        {Settings::calendarEnabled, calendarManager,
+         [this] { calendarManager.notificationObserver.reset(); }},
+        {Settings::batteryEnabled, batteryManager, [this] { batteryManager.updateTimer.reset(); }},
+        {Settings::clipboardEnabled, clipboardManager,
+         [this] { clipboardManager.pollTimer.reset(); }},
+        {Settings::systemMonitorEnabled, systemMonitorManager,
+         [this] {
+             systemMonitorManager.updateTimer.reset();
+             systemMonitorManager.previousCPUInfo.reset();
+             systemMonitorManager.previousNetworkBytes.reset();
+         }},
+        {Settings::weatherEnabled, weatherManager, [this] { weatherManager.stop(); }},
+        {Settings::pomodoroEnabled, pomodoroManager, [this] { pomodoroManager.pauseTimer(); }},
+        {Settings::todoEnabled, todoManager, nothing},
+        {Settings::notesEnabled, notesManager, nothing},
+        {Settings::stockTickerEnabled, stockTickerManager,
+         [this] { stockTickerManager.refreshTimer.reset(); }},
+        {Settings::timeEnabled, timeManager, [this] { timeManager.timer.reset(); }},
+        {Settings::mirrorEnabled, mirrorManager, [this] { mirrorManager.stopSession(); }},
     };
-    mediaManager.isEnabled = stored(Settings::mediaEnabled); // starts or stops at once
-    fileShelfManager.isEnabled = stored(Settings::fileShelfEnabled);
-    hudManager.isEnabled = stored(Settings::hudEnabled);
-    calendarManager.isEnabled = stored(Settings::calendarEnabled);
-    batteryManager.isEnabled = stored(Settings::batteryEnabled);
-    clipboardManager.isEnabled = stored(Settings::clipboardEnabled);
-    systemMonitorManager.isEnabled = stored(Settings::systemMonitorEnabled);
-    weatherManager.isEnabled = stored(Settings::weatherEnabled);
-    pomodoroManager.isEnabled = stored(Settings::pomodoroEnabled);
-    todoManager.isEnabled = stored(Settings::todoEnabled);
-    notesManager.isEnabled = stored(Settings::notesEnabled);
-    stockTickerManager.isEnabled = stored(Settings::stockTickerEnabled); // likewise
-    timeManager.isEnabled = stored(Settings::timeEnabled);
-    mirrorManager.isEnabled = stored(Settings::mirrorEnabled);
+}
+
+bool AppDelegate::stored(const SettingKey<bool>& key) const {
+    return platform_.userDefaults().storedBoolean(key.name).value_or(key.defaultValue);
+}
+
+void AppDelegate::applyFeatureDefaults() {
+    for (auto& feature : featureSwitches_) {
+        feature.isOn = stored(feature.key);
+        feature.module.isEnabled = feature.isOn; // of some features, it starts or stops at once
+    }
     notchState.clickWidgetNavigatesToPanel = stored(Settings::clickWidgetNavigatesToPanel);
 }
 
 // Each manager decides for itself whether its switch lets it run.
 void AppDelegate::startAllFeatures() {
-    mediaManager.start();
-    fileShelfManager.start();
-    hudManager.start();
-    calendarManager.start();
-    batteryManager.start();
-    clipboardManager.start();
-    systemMonitorManager.start();
-    weatherManager.start();
-    platform_.userNotifications().requestAuthorization(); // for the focus timer
-    stockTickerManager.start();
-    timeManager.start();
+    for (auto& feature : featureSwitches_) {
+        feature.module.start();
+        if (&feature.module == &pomodoroManager)
+            platform_.userNotifications().requestAuthorization();
+    }
 }
 
 void AppDelegate::stopFeatures() {
-    mediaManager.stop();
-    fileShelfManager.cleanupTimer.reset();
-    hudManager.isMonitoring = false;
-    hudManager.stopIntercepting();
-    calendarManager.notificationObserver.reset();
-    batteryManager.updateTimer.reset();
-    clipboardManager.pollTimer.reset();
-    systemMonitorManager.updateTimer.reset();
-    systemMonitorManager.previousCPUInfo.reset();
-    systemMonitorManager.previousNetworkBytes.reset();
-    weatherManager.stop();
-    pomodoroManager.pauseTimer();
-    stockTickerManager.refreshTimer.reset();
-    timeManager.timer.reset();
-    mirrorManager.stopSession();
+    for (auto& feature : featureSwitches_)
+        feature.stop();
+}
+
+void AppDelegate::followFeatureSwitches() {
+    for (auto& feature : featureSwitches_) {
+        if (feature.isOn == stored(feature.key))
+            continue;
+        feature.isOn = !feature.isOn;
+        feature.module.isEnabled = feature.isOn;
+        if (feature.isOn)
+            feature.module.start();
+        else
+            feature.stop();
+    }
 }
 
 void AppDelegate::observeRequireRealNotch() {
     // Any setting may have changed; the detector looks for itself.
     requireRealNotchObserver_ = platform_.userDefaults().observeChanges([this] {
-        platform_.runLoop().post(lifetime_.guard([this] { followRequireRealNotch(); }));
+        platform_.runLoop().post(lifetime_.guard([this] {
+            followRequireRealNotch();
+            followFeatureSwitches();
+        }));
     });
 }
 

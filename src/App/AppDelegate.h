@@ -5,6 +5,8 @@
 #include "Core/NotchWindow/NotchWindowController.h"
 #include "Core/PanelOrderManager.h"
 #include "Core/PluginRegistry.h"
+#include "Core/SettingsEnvironment.h"
+#include "Core/StatusBarMenu.h"
 #include "Core/ViewHost.h"
 #include "Features/Battery/BatteryManager.h"
 #include "Features/Calendar/CalendarManager.h"
@@ -26,8 +28,11 @@
 #include "Platform/Application.h"
 #include "Platform/Log.h"
 #include "Platform/Platform.h"
+#include "Settings/SettingsKeys.h"
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 namespace orvelle {
 
@@ -65,20 +70,43 @@ public:
     PluginRegistry pluginRegistry;
 
     std::unique_ptr<NotchWindowController> notchWindowController;
+    std::unique_ptr<StatusItem> statusBarItem;
+    std::unique_ptr<AppWindow> settingsWindow;
+    std::unique_ptr<AppWindow> onboardingWindow;
+    std::unique_ptr<StatusBarMenu> statusBarMenu;
 
     void applicationDidFinishLaunching();
     void applicationWillTerminate();
 
     /// Opens the panel, as a second start of the program asks the first to.
     void showNotch();
+    void openSettings();
+    void runSetupWizard();
+    void reportBug();
+    void checkForUpdates();
+    void quitApp();
 
     NotchEnvironment environment();
+    SettingsEnvironment settingsEnvironment();
 
 private:
+    /// A feature with its setting. The order of the table is that of starting and stopping.
+    struct FeatureSwitch {
+        SettingKey<bool> key;
+        FeatureModule& module;
+        std::function<void()> stop;
+        bool isOn = false; ///< as the setting was seen last
+    };
+
+    std::vector<FeatureSwitch> makeFeatureSwitches();
+    bool stored(const SettingKey<bool>& key) const;
     void logScreens();
     void setupStatusBar();
     void showOnboarding();
     void onboardingCompleted(bool setupIsDue);
+    void settingsWindowWillClose();
+    void onboardingWindowWillClose();
+    void offerUpdate();
     void completeSetup();
     void bringUpNotchAndFeatures();
     void setupNotchWindow();
@@ -87,8 +115,11 @@ private:
     void stopFeatures();
     void observeRequireRealNotch();
     void followRequireRealNotch();
+    /// Starts and stops the features whose settings have changed.
+    void followFeatureSwitches();
     void showNoScreenAlert();
 
+    std::vector<FeatureSwitch> featureSwitches_;
     Subscription requireRealNotchObserver_;
     Lifetime lifetime_;
 };

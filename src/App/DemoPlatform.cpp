@@ -2,11 +2,18 @@
 
 #include "Platform/Simulated/DemoFeeds.h"
 #include "Platform/Simulated/DemoMachine.h"
+#include "Platform/Simulated/DemoMedia.h"
 
 namespace orvelle {
 
 DemoPlatform::DemoPlatform() {
     DemoMachine::switchEverythingOn(userDefaults_);
+    DemoMachine::script(audioHardware_);
+    DemoMachine::script(displayBrightness_);
+    DemoMachine::script(nowPlaying_, runLoop_);
+    DemoMachine::script(camera_);
+    DemoMachine::script(eventStore_);
+    DemoMachine::fill(fileSystem_);
     DemoMachine::script(powerSources_);
     DemoMachine::script(hostStatistics_);
     DemoMachine::script(smc_);

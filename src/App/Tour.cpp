@@ -32,8 +32,11 @@ const QQuickWindow* quickWindow(AppDelegate& app) {
     return panel ? &panel->quickWindow() : nullptr;
 }
 
-/// Loaded views hang in the tree of items, springs in that of objects.
+/// Loaded views hang in the tree of items, springs in that of objects. What is still on its way has
+/// a spinner in its place.
 bool moves(const QQuickItem& item) {
+    if (item.isVisible() && item.objectName() == QLatin1String("spinner"))
+        return true;
     for (const auto* spring : item.findChildren<SpringValue*>())
         if (spring->isRunning())
             return true;
@@ -65,9 +68,52 @@ void Tour::addStops() {
                               state.expandedState = NotchExpandedState::expanded;
                           }});
     }
+    addMediaStops();
+    addShelfStops();
     addTimerStops();
     addWeatherStops();
     addEmptyStops();
+}
+
+void Tour::addMediaStops() {
+    const auto add = [&](const char* name, const char* themeMode, auto change) {
+        stops_.push_back({QLatin1String(name), [this, themeMode, change] {
+                              app_.mediaManager.stop(); // else the player would tell of its own
+                              app_.mediaManager.currentMedia.update(change);
+                              app_.themeManager.themeMode.set(themeMode);
+                              app_.notchState.activePanel = ActivePanel::media;
+                              app_.notchState.expandedState = NotchExpandedState::expanded;
+                          }});
+    };
+    const auto asItIs = [](MediaInfo&) {};
+    add("media-system", "system", asItIs);
+    add("media-custom", "custom", asItIs);
+    add("media-multicolor", "multicolor", asItIs);
+    add("media-long", "multicolor", [](MediaInfo& media) {
+        media.title = "Concerto for Twelve Alarm Clocks and a Door That Never Quite Closes, Op. 48";
+        media.artist = "The Combined Municipal Orchestras of Three Neighbouring Cities";
+        media.isPlaying = false;
+    });
+    stops_.push_back({QStringLiteral("media-long-hover"),
+                      [this] { app_.notchState.expandedState = NotchExpandedState::hovering; }});
+    add("media-foreign", "system", [](MediaInfo& media) {
+        media.title = "أغنية المساء 🎵 夕方の歌";
+        media.artist = "فرقة النور";
+        media.artwork.reset();
+    });
+    const auto nothing = [](MediaInfo& media) { media = {}; };
+    add("media-none-system", "system", nothing);
+    add("media-none-custom", "custom", nothing);
+    add("media-none-multicolor", "multicolor", nothing);
+}
+
+void Tour::addShelfStops() {
+    auto& state = app_.notchState;
+    stops_.push_back({QStringLiteral("fileShelf-empty"), [&] {
+                          app_.fileShelfManager.items = std::vector<ShelfItem>();
+                          state.activePanel = ActivePanel::fileShelf;
+                      }});
+    stops_.push_back({QStringLiteral("fileShelf-drag"), [&] { state.isDragSessionActive = true; }});
 }
 
 void Tour::addTimerStops() {

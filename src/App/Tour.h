@@ -28,6 +28,9 @@ private:
     };
 
     void addStops();
+    /// The media panel in every theme mode, with tracks of all kinds and with none.
+    void addMediaStops();
+    void addShelfStops();
     void addTimerStops();
     void addWeatherStops();
     void addEmptyStops();

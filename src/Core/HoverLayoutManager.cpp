@@ -16,11 +16,11 @@ namespace {
 using Position = HoverWidgetPosition;
 
 std::optional<HoverWidgetPlacement> decode(const Json& element) {
-    const auto id = element.find("id")->string();
-    const auto zoneText = element.find("zone")->string();
+    const auto id = element.member("id").string();
+    const auto zoneText = element.member("zone").string();
     const auto zone = zoneText ? hoverWidgetPositionFrom(*zoneText) : std::nullopt;
-    const auto sortOrder = element.find("sortOrder")->integer();
-    const auto isVisible = element.find("isVisible")->boolean();
+    const auto sortOrder = element.member("sortOrder").integer();
+    const auto isVisible = element.member("isVisible").boolean();
     if (!id || !zone || !sortOrder || !isVisible)
         return std::nullopt;
     return HoverWidgetPlacement{*id, *zone, *sortOrder, *isVisible};

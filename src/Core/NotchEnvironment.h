@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 namespace orvelle {
 
 class BatteryManager;
@@ -42,6 +44,7 @@ struct NotchEnvironment {
     MirrorManager& mirrorManager;
     HoverLayoutManager& hoverLayoutManager;
     PanelOrderManager& panelOrderManager;
+    std::function<void()> openSettings;
 };
 
 } // namespace orvelle

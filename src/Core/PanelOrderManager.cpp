@@ -11,9 +11,9 @@ namespace {
 using PanelEntry = PanelOrderManager::PanelEntry;
 
 std::optional<PanelEntry> decode(const Json& element) {
-    const auto id = element.find("id")->string();
-    const auto sortOrder = element.find("sortOrder")->integer();
-    const auto isVisible = element.find("isVisible")->boolean();
+    const auto id = element.member("id").string();
+    const auto sortOrder = element.member("sortOrder").integer();
+    const auto isVisible = element.member("isVisible").boolean();
     if (!id || !sortOrder || !isVisible)
         return std::nullopt;
     return PanelEntry{*id, *sortOrder, *isVisible};

@@ -4,7 +4,7 @@
 
 namespace orvelle {
 
-/// Lets content fade in from a little below when it appears. Every content starts invisible, also
+/// Lets content rise and fade into place when it appears. Every content starts invisible, also
 /// without a delay.
 struct FadeInModifier {
     Seconds delay = 0;
@@ -13,9 +13,10 @@ struct FadeInModifier {
 
     static constexpr Spring spring{0.35, 1.0};
 
-    static double opacity(bool isVisible);
+    /// `presence` runs on the spring from 0, before the content has appeared, to 1.
+    static constexpr double opacity(double presence) { return presence; }
     /// Points downward.
-    static double offset(bool isVisible);
+    static constexpr double offset(double presence) { return 5 * (1 - presence); }
 };
 
 } // namespace orvelle

@@ -33,6 +33,7 @@ inline constexpr Color green{0.196, 0.843, 0.294, 1};
 inline constexpr Color mint{0.388, 0.902, 0.886, 1};
 inline constexpr Color cyan{0.392, 0.824, 1, 1};
 inline constexpr Color blue{0.039, 0.518, 1, 1};
+inline constexpr Color pink{1, 0.216, 0.373, 1};
 } // namespace colors
 
 } // namespace orvelle

@@ -140,4 +140,9 @@ const Json* Json::find(std::string_view key) const {
     return found == members->end() ? nullptr : &found->second;
 }
 
+Json Json::member(std::string_view key) const {
+    const auto* found = find(key);
+    return found ? *found : Json();
+}
+
 } // namespace orvelle

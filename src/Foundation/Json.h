@@ -50,6 +50,8 @@ public:
     const Object* object() const { return std::get_if<Object>(&value_); }
     /// The member of an object; null without that key, or when this is no object.
     const Json* find(std::string_view key) const;
+    /// The same by value: JSON's null where `find` gives none.
+    Json member(std::string_view key) const;
 
     bool operator==(const Json&) const = default;
 

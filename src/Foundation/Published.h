@@ -86,7 +86,7 @@ public:
     }
 
     /// Delivers the present value at once, then every later one.
-    [[nodiscard]] Subscription observe(Effect observer) const {
+    [[nodiscard]] Subscription observe(const Effect& observer) const {
         auto subscription = state_->changed.observe(observer);
         observer(state_->value);
         return subscription;

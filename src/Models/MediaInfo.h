@@ -25,6 +25,10 @@ struct MediaInfo {
                isPlaying == other.isPlaying && duration == other.duration &&
                elapsed == other.elapsed && appBundleIdentifier == other.appBundleIdentifier;
     }
+
+    /// Minutes and seconds, such as "2:05" for 125.9.
+    std::string formattedElapsed() const;
+    std::string formattedDuration() const;
 };
 
 } // namespace orvelle

@@ -30,10 +30,11 @@ public:
 
     /// `pattern` in the date field letters of Unicode TR 35, such as "h:mm a".
     virtual std::string date(Date date, const std::string& pattern, const TimeZone& zone) const = 0;
-
-    /// How long ago or how far ahead `date` is, in the largest unit that fits and in short words,
-    /// such as "5 min. ago".
-    virtual std::string relativeTime(Date date, Date now) const = 0;
+    /// The time of day in the shortest form of the user's customs: "9:41 AM", "21:41".
+    virtual std::string shortTime(Date date, const TimeZone& zone) const = 0;
+    /// How far `date` lies from `reference` in the largest whole unit, abbreviated: "in 2 hr.",
+    /// "5 min. ago".
+    virtual std::string relativeTime(Date date, Date reference) const = 0;
 
     /// The user's language and region, such as "en_US".
     virtual std::string locale() const = 0;

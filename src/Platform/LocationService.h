@@ -19,6 +19,7 @@ enum class LocationAuthorization {
     restricted = 1,
     denied = 2,
     authorizedAlways = 3,
+    authorizedWhenInUse = 4,
 };
 
 enum class LocationAccuracy { kilometer };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Foundation/Geometry.h"
+#include "Platform/DraggingDestination.h"
 
 #include <functional>
 #include <memory>
@@ -56,6 +57,10 @@ public:
     virtual void resignKey() = 0;
 
     virtual void setPointerEvents(PointerEvents events) = 0;
+
+    /// Who takes what is dragged over the window; null for nobody. It outlives the window or is
+    /// taken back before. What the program itself drags is not offered.
+    virtual void setDraggingDestination(DraggingDestination* destination) = 0;
 };
 
 class PanelWindows {

@@ -7,10 +7,12 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace orvelle {
 
-/// The desktop's clipboard. Main thread only; nothing here waits for another program.
+/// The desktop's clipboard, which all programs share. Main thread only; nothing here waits for
+/// another program.
 class Pasteboard {
 public:
     /// Longer texts are not read.
@@ -28,6 +30,8 @@ public:
     [[nodiscard]] virtual Subscription readString(Reading done) = 0;
     /// Replaces the content; the change is counted when this returns.
     virtual void setString(const std::string& text) = 0;
+    /// Replaces the content by files, for a file manager to paste.
+    virtual void writeFiles(const std::vector<std::string>& urls) = 0;
 };
 
 } // namespace orvelle

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvelle {
@@ -21,9 +22,9 @@ struct HoverMediaIndicator {
     bool hasArtwork = false; ///< without it the `cover` symbol stands in the same square
     StyledSymbol cover;
     StyledSymbol playButton;
-    bool isPlaying = false; ///< the visualizer stands only while something plays
-    StyledText title;       ///< a running text, the first to give way when room is short
-    std::optional<std::string> openSourceAppTitle; ///< the context menu's one entry
+    std::string_view playButtonName; ///< what the button does, for those who hear it
+    bool isPlaying = false;          ///< the visualizer stands only while something plays
+    StyledText title;                ///< a running text, the first to give way when room is short
 
     bool operator==(const HoverMediaIndicator&) const = default;
 };
@@ -35,7 +36,7 @@ struct HoverWidget {
         media,   ///< the `media` record
         embedded ///< a view of its own, found by the widget's id
     };
-    static constexpr double tapPadding = 4; ///< around the content, on all sides
+    static constexpr double tapPadding = 4; ///< around the content of a tap target, on all sides
 
     std::string id;
     ActivePanel panel = ActivePanel::media; ///< what a click on it opens
@@ -46,6 +47,8 @@ struct HoverWidget {
     bool truncatesTail = false; ///< else every text keeps its full width
     std::optional<HoverMediaIndicator> media;
 
+    /// Whether the whole of it takes the click; what plays has targets of its own.
+    bool isTapTarget() const { return kind != Kind::media; }
     bool operator==(const HoverWidget&) const = default;
 };
 

@@ -14,6 +14,7 @@
 #include "Features/Weather/WeatherManager.h"
 
 #include <set>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -21,8 +22,9 @@ namespace orvelle {
 
 namespace {
 
-/// The widgets that have a view of their own.
+/// The views of the widgets that are not drawn with icon and texts.
 constexpr std::pair<std::string_view, const char*> embeddedViews[] = {
+    {"mirror", "MirrorCollapsedView"},
     {"stockTicker", "StockTickerCycleView"},
 };
 
@@ -37,18 +39,20 @@ QUrl widgetView(const HoverWidget& widget) {
     const char* name = widget.truncatesTail ? "HoverTitle" : "HoverTexts";
     if (widget.kind == HoverWidget::Kind::media)
         name = "HoverMedia";
-    for (const auto& [id, view] : embeddedViews)
-        if (id == widget.id)
-            name = view;
+    if (widget.kind == HoverWidget::Kind::embedded)
+        for (const auto& [id, view] : embeddedViews)
+            if (id == widget.id)
+                name = view;
     return QUrl(QStringLiteral("qrc:/Orvelle/%1.qml").arg(QLatin1String(name)));
 }
 
 QVariant toQt(const std::optional<HoverMediaIndicator>& media) {
     if (!media)
         return {};
-    return QVariant::fromValue(HoverMediaValue{orvelle::toQt(media->cover),
-                                               orvelle::toQt(media->playButton),
-                                               orvelle::toQt(media->title)});
+    return QVariant::fromValue(
+        HoverMediaValue{orvelle::toQt(media->cover), orvelle::toQt(media->playButton),
+                        orvelle::toQt(media->playButtonName), orvelle::toQt(media->title),
+                        media->hasArtwork, media->isPlaying});
 }
 
 HoverWidgetValue toQt(const HoverWidget& widget) {
@@ -65,8 +69,8 @@ HoverWidgetValue toQt(const HoverWidget& widget) {
         .texts = texts,
         .media = toQt(widget.media),
         .spacing = widget.spacing,
-        .padding = HoverWidget::tapPadding,
-        .truncatesTail = widget.truncatesTail || widget.media.has_value(),
+        .padding = widget.isTapTarget() ? HoverWidget::tapPadding : 0,
+        .isTapTarget = widget.isTapTarget(),
     };
 }
 
@@ -112,6 +116,10 @@ void NotchCollapsedBinding::expand() {
 void NotchCollapsedBinding::expandToPanel(const QString& panel) {
     if (const auto known = activePanelFrom(panel.toStdString()))
         view_->expandToPanel(*known);
+}
+
+void NotchCollapsedBinding::playPause() {
+    view_->playPause();
 }
 
 } // namespace orvelle

@@ -17,18 +17,30 @@ struct HoverMediaValue {
     Q_GADGET
     Q_PROPERTY(orvelle::SymbolValue cover MEMBER cover)
     Q_PROPERTY(orvelle::SymbolValue playButton MEMBER playButton)
+    Q_PROPERTY(QString playButtonName MEMBER playButtonName)
     Q_PROPERTY(orvelle::TextValue title MEMBER title)
     Q_PROPERTY(double spacing READ spacing)
+    Q_PROPERTY(bool hasArtwork MEMBER hasArtwork)
+    Q_PROPERTY(bool isPlaying MEMBER isPlaying)
     Q_PROPERTY(double coverSize READ coverSize)
+    Q_PROPERTY(double coverRadius READ coverRadius)
     Q_PROPERTY(double buttonSize READ buttonSize)
+    Q_PROPERTY(QSizeF visualizerSize READ visualizerSize)
 
 public:
     SymbolValue cover;
     SymbolValue playButton;
+    QString playButtonName;
     TextValue title;
+    bool hasArtwork = false;
+    bool isPlaying = false;
     double spacing() const { return HoverMediaIndicator::spacing; }
     double coverSize() const { return HoverMediaIndicator::coverSize; }
+    double coverRadius() const { return HoverMediaIndicator::coverRadius; }
     double buttonSize() const { return HoverMediaIndicator::buttonSize; }
+    QSizeF visualizerSize() const {
+        return {HoverMediaIndicator::visualizerWidth, HoverMediaIndicator::visualizerHeight};
+    }
     bool operator==(const HoverMediaValue&) const = default;
 };
 
@@ -43,7 +55,7 @@ struct HoverWidgetValue {
     Q_PROPERTY(QVariant media MEMBER media)
     Q_PROPERTY(double spacing MEMBER spacing)
     Q_PROPERTY(double padding MEMBER padding)
-    Q_PROPERTY(bool truncatesTail MEMBER truncatesTail)
+    Q_PROPERTY(bool isTapTarget MEMBER isTapTarget)
 
 public:
     QString id;
@@ -55,7 +67,7 @@ public:
     QVariant media;
     double spacing = 0;
     double padding = 0; ///< around the content, part of what takes the click
-    bool truncatesTail = false;
+    bool isTapTarget = true;
     bool operator==(const HoverWidgetValue&) const = default;
 };
 
@@ -80,6 +92,7 @@ class NotchCollapsedBinding : public Binding {
 public:
     Q_INVOKABLE void expand();
     Q_INVOKABLE void expandToPanel(const QString& panel);
+    Q_INVOKABLE void playPause();
 
 protected:
     void attach(const ViewEnvironment& environment) override;

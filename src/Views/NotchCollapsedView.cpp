@@ -5,6 +5,8 @@
 #include "Features/Battery/BatteryManager.h"
 #include "Features/Calendar/CalendarManager.h"
 #include "Features/FileShelf/FileShelfManager.h"
+#include "Features/Media/MarqueeText.h"
+#include "Features/Media/MediaArtwork.h"
 #include "Features/Media/MediaManager.h"
 #include "Features/Notes/NotesManager.h"
 #include "Features/Pomodoro/PomodoroCollapsedView.h"
@@ -113,14 +115,11 @@ void NotchCollapsedView::hoverMediaIndicator(HoverWidget& widget) const {
     widget.media = HoverMediaIndicator{
         .hasArtwork = media.artwork.has_value(),
         .cover = {"music.note"_symbol, 12, Color::white(1, 0.6)},
-        .playButton = {media.isPlaying ? "pause.fill"_symbol : "play.fill"_symbol, 11,
-                       colors::white},
+        .playButton = {playSymbol(media), 11, colors::white},
+        .playButtonName = playName(media),
         .isPlaying = media.isPlaying,
-        .title = mediumText(media.title + " — " + media.artist, 11),
-        .openSourceAppTitle = {},
+        .title = mediumText(singleLine(media.title) + " — " + singleLine(media.artist), 11),
     };
-    if (!media.title.empty() && !media.appName.empty())
-        widget.media->openSourceAppTitle = "Open in " + media.appName;
 }
 
 void NotchCollapsedView::hoverBatteryIndicator(HoverWidget& widget) const {
@@ -196,6 +195,10 @@ void NotchCollapsedView::expandToPanel(ActivePanel panel) {
     if (environment_.notchState.clickWidgetNavigatesToPanel)
         environment_.notchState.activePanel = panel;
     expand();
+}
+
+void NotchCollapsedView::playPause() {
+    environment_.mediaManager.playPause();
 }
 
 } // namespace orvelle

@@ -57,6 +57,8 @@ public:
     void expand();
     /// A click on a widget.
     void expandToPanel(ActivePanel panel);
+    /// A click on the play button of what plays.
+    void playPause();
 
 private:
     std::vector<HoverWidget> widgets(HoverWidgetPosition zone) const;

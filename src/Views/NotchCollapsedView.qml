@@ -40,6 +40,7 @@ MouseArea {
                 available: parent.width
                 spacing: view.leftWingSpacing
                 onPicked: panel => view.expandToPanel(panel)
+                onPlayPause: view.playPause()
             }
         }
         Item {
@@ -56,6 +57,7 @@ MouseArea {
                 available: parent.width - view.rightWingTrailingPadding
                 spacing: view.rightWingSpacing
                 onPicked: panel => view.expandToPanel(panel)
+                onPlayPause: view.playPause()
             }
         }
     }
@@ -75,5 +77,6 @@ MouseArea {
             color: view.separatorColor
         }
         onPicked: panel => view.expandToPanel(panel)
+        onPlayPause: view.playPause()
     }
 }

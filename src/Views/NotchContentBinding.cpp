@@ -23,6 +23,10 @@ namespace {
 /// The panels that have a view of their own.
 constexpr std::pair<ActivePanel, const char*> panelViews[] = {
     {ActivePanel::battery, "BatteryPanel"},
+    {ActivePanel::media, "MediaPanel"},
+    {ActivePanel::calendar, "CalendarExpandedView"},
+    {ActivePanel::mirror, "MirrorExpandedView"},
+    {ActivePanel::fileShelf, "FileShelfView"},
     {ActivePanel::clipboard, "ClipboardHistoryView"},
     {ActivePanel::notes, "NotesExpandedView"},
     {ActivePanel::pomodoro, "PomodoroExpandedView"},
@@ -58,7 +62,7 @@ std::vector<TabValue> toQt(const std::vector<NotchContentView::TabButton>& butto
 
 void NotchContentBinding::attach(const ViewEnvironment& environment) {
     const auto& notch = environment.notch;
-    view_.emplace(notch, environment.openSettings, environment.platform);
+    view_.emplace(notch, notch.openSettings, environment.platform);
     collapsedView_.emplace(notch, std::set<std::string>{}, environment.platform);
     state_ = &notch.notchState;
 
@@ -97,8 +101,11 @@ void NotchContentBinding::refresh() {
     show_panelSource(panelView(state_->activePanel));
     show_activePanel(orvelle::toQt(state_->activePanel.get()));
 
+    // What fades out is still what was shown.
     const auto hud = view_->hudOverlay();
-    show_hud(hud ? QVariant::fromValue(toQt(*hud)) : QVariant());
+    if (hud)
+        show_hud(toQt(*hud));
+    show_showsHUD(hud.has_value());
 }
 
 void NotchContentBinding::selectPanel(const QString& id) {

@@ -4,7 +4,6 @@
 #include "Core/PanelOrderManager.h"
 #include "Core/VisibleWidgets.h"
 #include "Extensions/ColorTheme.h"
-#include "Features/Media/MediaManager.h"
 #include "Features/Theme/ThemeManager.h"
 #include "Models/Symbol.h"
 
@@ -93,10 +92,7 @@ Edge NotchContentView::panelRemovalEdge() const {
     return entersFromTrailing ? Edge::leading : Edge::trailing;
 }
 
-FilePlaceholder NotchContentView::panelPlaceholder() const {
-    const ActivePanel panel = environment_.notchState.activePanel;
-    if (panel == ActivePanel::media && environment_.mediaManager.currentMedia->title.empty())
-        return filePlaceholder("No media playing", "music.note"_symbol);
+FilePlaceholder NotchContentView::panelPlaceholder(ActivePanel panel) {
     return filePlaceholder(std::string(label(panel)), icon(panel));
 }
 

@@ -93,8 +93,8 @@ public:
     void selectPanel(ActivePanel panel);
     /// Where the old panel leaves to.
     Edge panelRemovalEdge() const;
-    /// What stands in the active panel while it has no view of its own.
-    FilePlaceholder panelPlaceholder() const;
+    /// What stands in a panel that has no view of its own.
+    static FilePlaceholder panelPlaceholder(ActivePanel panel);
     std::vector<MenuEntry> contextMenu() const;
 
     std::optional<HUDOverlay> hudOverlay() const;

@@ -3,7 +3,7 @@ import Orvelle
 
 // The root of the notch's window: the black shape that hangs from its top edge, and what is inside.
 // Nothing but the shape exists while the notch is collapsed.
-Item {
+FocusScope {
     id: root
 
     readonly property NotchShapeItem shape: shapeItem
@@ -70,23 +70,12 @@ Item {
             }
         }
         Loader {
-            id: overlay
-
-            // What fades out is still what was shown.
-            property var hud: view.hud
-
             anchors.fill: parent
-            active: opacity > 0 && !!hud
-            opacity: view.hud ? 1 : 0
+            active: opacity > 0
+            opacity: view.showsHUD ? 1 : 0
             sourceComponent: HUDOverlay {
-                hud: overlay.hud
+                hud: view.hud
                 onMoved: value => view.setHUDValue(value)
-            }
-            Connections {
-                target: view
-                function onHudChanged() {
-                    overlay.hud = view.hud ?? overlay.hud
-                }
             }
             Behavior on opacity {
                 NumberAnimation {

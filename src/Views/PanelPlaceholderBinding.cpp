@@ -3,11 +3,11 @@
 namespace orvelle {
 
 void PanelPlaceholderBinding::attach(const ViewEnvironment& environment) {
-    view_.emplace(environment.notch, std::function<void()>{}, environment.platform);
+    panel_ = environment.notch.notchState.activePanel;
 }
 
 void PanelPlaceholderBinding::refresh() {
-    show_placeholder(toQt(view_->panelPlaceholder()));
+    show_placeholder(toQt(NotchContentView::panelPlaceholder(panel_)));
 }
 
 } // namespace orvelle

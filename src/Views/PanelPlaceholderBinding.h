@@ -4,11 +4,9 @@
 #include "Views/Qt/Binding.h"
 #include "Views/Qt/Values.h"
 
-#include <optional>
-
 namespace orvelle {
 
-/// Takes what stands there once: the placeholder of a panel that slides away keeps its own.
+/// Belongs to the panel that was active when it was made, also while that one slides away.
 class PanelPlaceholderBinding : public Binding {
     Q_OBJECT
     QML_ELEMENT
@@ -19,7 +17,7 @@ protected:
     void refresh() override;
 
 private:
-    std::optional<NotchContentView> view_;
+    ActivePanel panel_ = ActivePanel::media;
 };
 
 } // namespace orvelle

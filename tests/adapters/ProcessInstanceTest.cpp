@@ -1,5 +1,6 @@
 #include "Platform/Linux/ProcessInstance.h"
 
+#include "Support/TemporaryVariable.h"
 #include "adapters/EventLoopWait.h"
 
 #include <QTemporaryDir>
@@ -20,11 +21,11 @@ namespace {
 using Claim = ProcessInstance::Claim;
 
 struct ProcessInstanceTest : ::testing::Test {
-    ProcessInstanceTest() { qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8()); }
     std::filesystem::path file(const char* name) const {
         return std::filesystem::path(runtime.path().toStdString()) / name;
     }
     QTemporaryDir runtime; ///< made for this user alone
+    TemporaryVariable variable{"XDG_RUNTIME_DIR", runtime.path().toUtf8()};
 };
 
 TEST_F(ProcessInstanceTest, TheSecondStartAsksTheFirstToShow) {
@@ -77,7 +78,7 @@ TEST_F(ProcessInstanceTest, WhatACrashedInstanceLeftIsReplaced) {
 
 TEST_F(ProcessInstanceTest, AFolderThatOthersCanEnterIsNotUsed) {
     QTemporaryDir temporary;
-    qputenv("TMPDIR", temporary.path().toUtf8());
+    const TemporaryVariable folder("TMPDIR", temporary.path().toUtf8());
     chmod(runtime.path().toUtf8().constData(), 0755);
     ProcessInstance first("orvelle");
     EXPECT_EQ(first.claim(), Claim::first);
@@ -94,7 +95,7 @@ TEST_F(ProcessInstanceTest, AnotherUsersFolderIsRefused) {
     if (getuid() != 0)
         GTEST_SKIP() << "only root can give a folder away";
     QTemporaryDir temporary;
-    qputenv("TMPDIR", temporary.path().toUtf8());
+    const TemporaryVariable folder("TMPDIR", temporary.path().toUtf8());
     ASSERT_EQ(chown(runtime.path().toUtf8().constData(), 65534, 65534), 0);
     const auto trap = temporary.path().toStdString() + "/orvelle-0";
     ASSERT_EQ(mkdir(trap.c_str(), 0700), 0);

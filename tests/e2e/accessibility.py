@@ -19,6 +19,7 @@ def describe(node):
         "middle": middle(node),
         "selected": states.contains(Atspi.StateType.SELECTED)
         or states.contains(Atspi.StateType.CHECKED),
+        "box": box(node),
         "children": [describe(child) for child in children(node)],
     }
 
@@ -30,6 +31,13 @@ def middle(node):
         return None
     box = component.get_extents(Atspi.CoordType.SCREEN)
     return box.x + box.width // 2, box.y + box.height // 2
+def box(node):
+    """x, y, width, height on the display."""
+    component = node.get_component_iface()
+    if not component:
+        return None
+    extents = component.get_extents(Atspi.CoordType.SCREEN)
+    return extents.x, extents.y, extents.width, extents.height
 
 
 def children(node):

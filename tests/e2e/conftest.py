@@ -84,6 +84,13 @@ def openbox(desktop):
 
 
 @pytest.fixture
+def accessibility_bus(desktop):
+    """Without its registry nobody answers for the tree."""
+    return desktop.spawn(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"],
+                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+@pytest.fixture
 def settings(binary, environment):
     """Writes one setting the way a user does at the command line."""
     def write(key, value):

@@ -1,6 +1,7 @@
 """A display of the test's own, what lives on it, and what can be seen and done there."""
 
 import contextlib
+import json
 import os
 import pathlib
 import re
@@ -132,6 +133,9 @@ class Desktop:
         image = self.root.get_image(x, y, 1, 1, X.ZPixmap, 0xffffffff)
         return image.data[2], image.data[1], image.data[0]
 
+    def picture(self, x, y, width, height):
+        return self.root.get_image(x, y, width, height, X.ZPixmap, 0xffffffff).data
+
     # What a user does
 
     def move_pointer(self, x, y):
@@ -167,8 +171,10 @@ class Desktop:
         subprocess.run(["xdotool", "type", "--delay", "1", text], env=self.environment, check=True,
                        timeout=30)
 
-    def key(self, name):
-        subprocess.run(["xdotool", "key", name], env=self.environment, check=True, timeout=30)
+    def keys(self, *names):
+        """Presses each key once, by its X name."""
+        subprocess.run(["xdotool", "key", "--delay", "1", *names], env=self.environment,
+                       check=True, timeout=30)
 
     def resize(self, width, height):
         """Gives the display another size, not above its first, as in the monitor settings."""
@@ -263,6 +269,14 @@ class Program(Running):
         self.desktop.wheel_down()
         self.wait_for_size((566, 220))
 
+    def wait_until_still(self):
+        """Until nothing has moved in the panel for the time of some frames."""
+        def is_still():
+            before = self.desktop.picture(*self.geometry())
+            return stays(lambda: self.desktop.picture(*self.geometry()) == before, 0.1)
+
+        wait_until(is_still, "panel at rest", self.describe)
+
 
 class Probe(Running):
     def __init__(self, desktop, path):
@@ -297,6 +311,32 @@ class Probe(Running):
                     raise AssertionError(f"no {pattern!r} in {self.lines}. {self.describe()}")
             if re.search(pattern, self.lines[index]):
                 return self.lines.pop(index)
+
+
+def accessible_nodes(desktop):
+    """Every node of the program's accessibility tree, parents first."""
+    reader = pathlib.Path(__file__).with_name("accessibility.py")
+    answer = subprocess.run(["/usr/bin/python3", reader, "orvelle"], env=desktop.environment,
+                            capture_output=True, text=True, timeout=30)
+    found = json.loads(answer.stdout or "[]")
+    for node in found:
+        found += node["children"]
+    return found
+
+
+def tabs(desktop):
+    """The tab bar's buttons: names, and which are selected."""
+    return [(node["name"], node["selected"]) for node in accessible_nodes(desktop)
+            if node["role"] == "page tab"]
+
+
+def selected_tab(desktop):
+    return next((name for name, selected in tabs(desktop) if selected), None)
+
+
+def focused_tab(desktop):
+    return next((node["name"] for node in accessible_nodes(desktop)
+                 if node["role"] == "page tab" and node["focused"]), None)
 
 
 def end_process(process):

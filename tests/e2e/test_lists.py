@@ -60,7 +60,7 @@ def type_entry(program, prompt, text):
     wait_until(lambda: any(node["name"] == prompt and node["focused"] for node in nodes(desktop)),
                "focus in the field", program.describe)
     desktop.type(text)
-    desktop.key("Return")
+    desktop.keys("Return")
 
 
 def click_on(program, name):

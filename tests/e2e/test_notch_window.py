@@ -1,14 +1,12 @@
 """The notch's window as a user meets it: measured on the display, never asked of the program."""
 
-import json
-import pathlib
 import subprocess
 import time
 
 import pytest
 from Xlib import X
 
-from desktop import WIDTH, Program, stays, wait_until
+from desktop import WIDTH, Program, selected_tab, stays, tabs, wait_until
 
 COLLAPSED = (180, 32)
 EXPANDED = (566, 220)
@@ -21,35 +19,6 @@ HOVERING = (352, 68)
 
 def centred(size):
     return ((WIDTH - size[0]) // 2, 0, *size)
-
-
-@pytest.fixture
-def accessibility_bus(desktop):
-    """Without its registry nobody answers for the tree."""
-    return desktop.spawn(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"],
-                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-
-
-def tabs(desktop):
-    """The tab bar's buttons: names, and which are selected."""
-    reader = pathlib.Path(__file__).with_name("accessibility.py")
-    answer = subprocess.run(["/usr/bin/python3", reader, "orvelle"], env=desktop.environment,
-                            capture_output=True, text=True, timeout=30)
-    found = []
-
-    def collect(node):
-        if node["role"] == "page tab":
-            found.append((node["name"], node["selected"]))
-        for child in node["children"]:
-            collect(child)
-
-    for tree in json.loads(answer.stdout or "[]"):
-        collect(tree)
-    return found
-
-
-def selected_tab(desktop):
-    return next((name for name, selected in tabs(desktop) if selected), None)
 
 
 def bottom_of_shape(program):

@@ -10,9 +10,9 @@ import sys
 
 FOUNDATION = r"Foundation/"
 PORTS = r"Platform/\w+\.h$"
-ADAPTERS = r"Platform/(Qt|Linux|Icu)/"
+ADAPTERS = r"Platform/(Qt|Linux|Icu|Ical)/"
 CORE = r"(App/Constants\.h|(Core|Extensions|Features|Models|Plugins|Protocols|Settings|Views)/(?!Qt/)(?!.*Binding\.h))"
-VIEWS = r"(Views/Qt/|(Features/\w+|Views)/\w+Binding\.h|Platform/Qt/QuickPanel\.h)"
+VIEWS = r"(Views/Qt/|(Features/\w+|Settings|Views)/\w+Binding\.h|Platform/Qt/QuickPanel\.h)"
 
 STANDARD = (
     "algorithm any array atomic bit cctype cerrno charconv chrono cinttypes climits clocale cmath compare "
@@ -31,8 +31,10 @@ LAYERS = [
     ("foundation", r"^Foundation/.*\.cpp$", [FOUNDATION], ANYTHING),
     ("ports", r"^Platform/\w+\.(h|cpp)$", [FOUNDATION, PORTS], STANDARD_ONLY),
     ("simulated platform", r"^Platform/Simulated/", [FOUNDATION, PORTS, r"Platform/(Simulated|Icu)/"], STANDARD_ONLY),
+    ("calendar files", r"^Platform/Ical/", [FOUNDATION, PORTS, r"Platform/Ical/"], ANYTHING),
+    ("camera library", r"^Platform/Camera/", [FOUNDATION, PORTS, r"Platform/Camera/"], ANYTHING),
     ("adapters", r"^Platform/(Qt|Linux|Icu)/", [FOUNDATION, PORTS, ADAPTERS], ANYTHING),
-    ("views", r"^(Views/Qt/|(Features/\w+|Views)/\w+Binding\.)", [FOUNDATION, PORTS, CORE, VIEWS], ANYTHING),
+    ("views", r"^(Views/Qt/|(Features/\w+|Settings|Views)/\w+Binding\.)", [FOUNDATION, PORTS, CORE, VIEWS], ANYTHING),
     ("application core", r"^App/(AppDelegate|CommandLine|DefaultsCommand)\.",
      [FOUNDATION, PORTS, CORE, r"App/(AppDelegate|CommandLine|DefaultsCommand)\.h"], STANDARD_ONLY),
     ("core", r"^(App/Constants\.|(Core|Extensions|Features|Models|Plugins|Protocols|Settings|Views)/)",

@@ -1,5 +1,7 @@
 #include "views/ViewFixture.h"
 
+#include <QAccessible>
+
 namespace orvelle {
 
 namespace {
@@ -36,18 +38,13 @@ protected:
         const auto* text = childOf(widget, QStringLiteral("text"));
         return text ? text->property("text").toString() : QString();
     }
+    void clickAt(const QQuickItem* part) {
+        const auto at = part->mapToScene(part->boundingRect().center());
+        mouse(QEvent::MouseButtonPress, at);
+        mouse(QEvent::MouseButtonRelease, at);
+    }
     QQuickItem* childOf(const QString& widget, const QString& name) {
-        std::function<QQuickItem*(QQuickItem*)> find = [&](QQuickItem* at) -> QQuickItem* {
-            for (auto* child : at->childItems()) {
-                if (child->objectName() == name)
-                    return child;
-                if (auto* found = find(child))
-                    return found;
-            }
-            return nullptr;
-        };
-        auto* at = item(widget);
-        return at ? find(at) : nullptr;
+        return ViewFixture::item(item(widget), name);
     }
 };
 
@@ -128,6 +125,81 @@ TEST_F(NotchCollapsedViewTest, aLongTitleIsCutAtItsEnd) {
     ASSERT_NE(title, nullptr);
     EXPECT_TRUE(title->property("truncated").toBool());
     EXPECT_LE(frameOf("widget.calendar").right(), root->width() / 2 - 94);
+}
+
+TEST_F(NotchCollapsedViewTest, titlesOfOneZoneShareTheLackOfRoom) {
+    hideAll();
+    place("calendar", HoverWidgetPosition::leftWing);
+    place("media", HoverWidgetPosition::leftWing);
+    const std::string title = "A title that is much too long for any wing of the hover bar";
+    calendar.events = {eventAt(platform.runLoopPort.now() + 600, title)};
+    media.currentMedia.update([&](auto& info) { info.title = title; });
+    show(NotchExpandedState::hovering);
+    const double room = frameOf("leftWing").width();
+    const auto event = frameOf("widget.calendar");
+    const auto track = frameOf("widget.media");
+    EXPECT_NEAR(event.width() + 4 + track.width(), room, 0.01) << "nothing is given away";
+    const double eventTitle = childOf("widget.calendar", "text")->width();
+    EXPECT_GT(eventTitle, 0);
+    EXPECT_NEAR(eventTitle, childOf("widget.media", "text")->width(), 0.01);
+}
+
+TEST_F(NotchCollapsedViewTest, aShortTitleIsNotCutForALongOne) {
+    hideAll();
+    place("calendar", HoverWidgetPosition::leftWing);
+    place("media", HoverWidgetPosition::leftWing);
+    calendar.events = {eventAt(platform.runLoopPort.now() + 600, "Tea")};
+    media.currentMedia.update([&](auto& info) {
+        info.title = "A title that is much too long for any wing of the hover bar";
+    });
+    show(NotchExpandedState::hovering);
+    EXPECT_FALSE(childOf("widget.calendar", "text")->property("truncated").toBool());
+    EXPECT_TRUE(childOf("widget.media", "text")->property("scrolls").toBool());
+}
+
+TEST_F(NotchCollapsedViewTest, noWidthIsBelowNothing) {
+    hideAll();
+    for (const char* id : {"battery", "time", "systemStats", "calendar", "media"})
+        place(id, HoverWidgetPosition::leftWing);
+    systemMonitor.isEnabled = true;
+    calendar.events = {eventAt(platform.runLoopPort.now() + 600, "Rehearsal of the choir")};
+    media.currentMedia.update([&](auto& info) { info.title = "Aria"; });
+    notchState.notchSize = Size{520, 32}; // leaves the wings next to nothing
+    show(NotchExpandedState::hovering);
+    for (const char* id : {"widget.calendar", "widget.media"}) {
+        EXPECT_GE(frameOf(id).width(), 0) << id;
+        EXPECT_GE(childOf(id, "text")->width(), 0) << id;
+    }
+}
+
+TEST_F(NotchCollapsedViewTest, coverAndTitleOfWhatPlaysOpenItsPanel) {
+    for (const char* part : {"cover", "text"}) {
+        media.currentMedia.update([](auto& info) { info.title = "Aria"; });
+        notchState.activePanel = ActivePanel::time;
+        show(NotchExpandedState::hovering);
+        const auto* target = childOf("widget.media", part);
+        ASSERT_NE(target, nullptr) << part;
+        clickAt(target);
+        EXPECT_EQ(notchState.expandedState, NotchExpandedState::expanded) << part;
+        EXPECT_EQ(notchState.activePanel, ActivePanel::media) << part;
+    }
+}
+
+TEST_F(NotchCollapsedViewTest, thePlayButtonPlaysAndOpensNothing) {
+    media.currentMedia.update([](auto& info) { info.title = "Aria"; });
+    show(NotchExpandedState::hovering);
+    auto* button = childOf("widget.media", "playButton");
+    ASSERT_NE(button, nullptr);
+    clickAt(button);
+    EXPECT_TRUE(media.currentMedia->isPlaying);
+    auto* spoken = QAccessible::queryAccessibleInterface(button);
+    EXPECT_EQ(spoken->role(), QAccessible::Button);
+    EXPECT_EQ(spoken->text(QAccessible::Name), "Pause");
+    spoken->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    turn();
+    EXPECT_FALSE(media.currentMedia->isPlaying);
+    EXPECT_EQ(spoken->text(QAccessible::Name), "Play");
+    EXPECT_EQ(notchState.expandedState, NotchExpandedState::hovering);
 }
 
 TEST_F(NotchCollapsedViewTest, clickOnAWidgetOpensItsPanel) {

@@ -8,7 +8,13 @@
 
 namespace orvelle {
 
-class NotchContentViewTest : public ViewFixture {};
+class NotchContentViewTest : public ViewFixture {
+protected:
+    bool isHUDFading() {
+        const auto* overlay = item("hud");
+        return overlay && overlay->parentItem()->opacity() < 1;
+    }
+};
 
 TEST_F(NotchContentViewTest, theShapeHangsFromTheMiddleOfTheTopEdge) {
     show(NotchExpandedState::collapsed);
@@ -65,7 +71,7 @@ TEST_F(NotchContentViewTest, withoutVisiblePanelsTheActiveOneStillShows) {
         panelOrder.toggleVisibility(rawValue(panel));
     show(ActivePanel::battery);
     EXPECT_EQ(item("tab.battery"), nullptr);
-    EXPECT_EQ(frameOf("tabBar").height(), 24);
+    EXPECT_EQ(frameOf("tabBar"), QRectF(12, 36, 542, 24)) << "it keeps its padding";
     EXPECT_NE(item("batteryTitle"), nullptr);
 }
 
@@ -156,6 +162,20 @@ TEST_F(NotchContentViewTest, arrowKeysMoveFromTabToTab) {
     EXPECT_EQ(notchState.activePanel, ActivePanel::time);
 }
 
+TEST_F(NotchContentViewTest, theKeyboardBeginsAtTheActiveTab) {
+    show(ActivePanel::battery);
+    EXPECT_EQ(window.activeFocusItem(), item("tab.battery"));
+    notchState.activePanel = ActivePanel::time;
+    settle();
+    EXPECT_EQ(window.activeFocusItem(), item("tab.time"));
+}
+
+TEST_F(NotchContentViewTest, withoutAnActiveTabTheKeyboardBeginsAtTheFirst) {
+    panelOrder.toggleVisibility("battery");
+    show(ActivePanel::battery);
+    EXPECT_EQ(window.activeFocusItem(), item("tab.media"));
+}
+
 TEST_F(NotchContentViewTest, helpNamesTheTabUnderThePointer) {
     show(ActivePanel::battery);
     const auto hover = [&](QPointF at) {
@@ -178,6 +198,36 @@ TEST_F(NotchContentViewTest, aPanelWithoutAViewShowsItsPlaceholder) {
     EXPECT_TRUE(eventually([&] { return textOf("placeholderTitle") == "No media playing"; }));
 }
 
+TEST_F(NotchContentViewTest, aSecondPlaceholderWithinASlideIsTheNewPanels) {
+    show(ActivePanel::weather);
+    notchState.activePanel = ActivePanel::todo;
+    turn();
+    notchState.activePanel = ActivePanel::notes;
+    turn();
+    auto* panel = item("panels")->property("panel").value<QQuickItem*>();
+    ASSERT_NE(panel, nullptr);
+    EXPECT_EQ(textOf(panel, "placeholderTitle"), "Notes");
+}
+
+TEST_F(NotchContentViewTest, aPlaceholderThatLeavesKeepsItsPanel) {
+    show(ActivePanel::settings);
+    auto* leaving = item("panels")->property("panel").value<QQuickItem*>();
+    notchState.activePanel = ActivePanel::time;
+    turn();
+    EXPECT_EQ(textOf(leaving, "placeholderTitle"), "Settings");
+}
+
+TEST_F(NotchContentViewTest, aLevelDisplayThatWasThereFromTheStartFadesToo) {
+    notchState.hudType = HUDType::volume;
+    notchState.isHUDVisible = true;
+    root = host.showNotchContent(window, environment);
+    show(ActivePanel::time);
+    ASSERT_NE(item("hud"), nullptr);
+    notchState.isHUDVisible = false;
+    EXPECT_TRUE(eventually([&] { return isHUDFading(); })) << "it does not vanish at once";
+    EXPECT_TRUE(eventually([&] { return item("hud") == nullptr; }));
+}
+
 TEST_F(NotchContentViewTest, theLevelDisplayCoversThePanelAndKeepsIt) {
     show(ActivePanel::time);
     notchState.hudType = HUDType::brightness;
@@ -188,6 +238,7 @@ TEST_F(NotchContentViewTest, theLevelDisplayCoversThePanelAndKeepsIt) {
     EXPECT_EQ(frameOf("hud"), QRectF(0, 0, 566, 220));
     EXPECT_NE(item("localTime"), nullptr);
     notchState.isHUDVisible = false;
+    EXPECT_TRUE(eventually([&] { return isHUDFading(); })) << "it does not vanish at once";
     EXPECT_TRUE(eventually([&] { return item("hud") == nullptr; }));
     EXPECT_NE(item("localTime"), nullptr);
 }

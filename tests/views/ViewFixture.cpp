@@ -4,6 +4,8 @@
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QQmlComponent>
+#include <QQmlEngine>
 
 #include <cstdlib>
 
@@ -53,20 +55,17 @@ void ViewFixture::show(ActivePanel panel) {
     show(NotchExpandedState::expanded);
 }
 
-QQuickItem* ViewFixture::item(const QString& objectName) const {
-    std::function<QQuickItem*(QQuickItem*)> find = [&](QQuickItem* at) -> QQuickItem* {
-        if (at->objectName() == objectName)
-            return at;
-        for (auto* child : at->childItems())
-            if (auto* found = find(child))
-                return found;
-        return nullptr;
-    };
-    return find(root);
+QQuickItem* ViewFixture::item(QQuickItem* top, const QString& objectName) {
+    if (!top || top->objectName() == objectName)
+        return top;
+    for (auto* child : top->childItems())
+        if (auto* found = item(child, objectName))
+            return found;
+    return nullptr;
 }
 
-QString ViewFixture::textOf(const QString& objectName) const {
-    const auto* found = item(objectName);
+QString ViewFixture::textOf(QQuickItem* top, const QString& objectName) {
+    const auto* found = item(top, objectName);
     return found ? found->property("text").toString() : QStringLiteral("<no item>");
 }
 
@@ -77,13 +76,27 @@ QRectF ViewFixture::frameOf(const QString& objectName) const {
 
 void ViewFixture::click(const QString& objectName) {
     const QPointF at = frameOf(objectName).center();
-    const auto send = [&](QEvent::Type type, Qt::MouseButtons buttons) {
-        QMouseEvent event(type, at, at, Qt::LeftButton, buttons, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &event);
-    };
-    send(QEvent::MouseButtonPress, Qt::LeftButton);
-    send(QEvent::MouseButtonRelease, Qt::NoButton);
+    mouse(QEvent::MouseButtonPress, at);
+    mouse(QEvent::MouseButtonRelease, at);
+}
+
+void ViewFixture::mouse(QEvent::Type type, QPointF at) {
+    const bool isDown = type != QEvent::MouseButtonRelease;
+    QMouseEvent event(type, at, window.mapToGlobal(at),
+                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                      isDown ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &event);
     turn();
+}
+
+std::unique_ptr<QQuickItem> ViewFixture::part(const QString& name, const QVariantMap& properties) {
+    QQmlComponent component(qmlEngine(root), QUrl(QStringLiteral("qrc:/Orvelle/%1.qml").arg(name)));
+    std::unique_ptr<QQuickItem> made(
+        qobject_cast<QQuickItem*>(component.createWithInitialProperties(properties)));
+    EXPECT_NE(made, nullptr) << component.errorString().toStdString();
+    if (made)
+        made->setParentItem(root);
+    return made;
 }
 
 void ViewFixture::picture(const std::string& name, QQuickWindow& of) {

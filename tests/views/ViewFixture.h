@@ -28,6 +28,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace orvelle {
@@ -49,10 +50,17 @@ protected:
     void show(NotchExpandedState state);
     void show(ActivePanel panel);
 
-    QQuickItem* item(const QString& objectName) const;
-    QString textOf(const QString& objectName) const;
+    QQuickItem* item(const QString& objectName) const { return item(root, objectName); }
+    /// The first of that name in the tree below `top`, or null.
+    static QQuickItem* item(QQuickItem* top, const QString& objectName);
+    QString textOf(const QString& objectName) const { return textOf(root, objectName); }
+    static QString textOf(QQuickItem* top, const QString& objectName);
     QRectF frameOf(const QString& objectName) const;
     void click(const QString& objectName);
+    /// The left button, at a point of the window.
+    void mouse(QEvent::Type type, QPointF at);
+    /// A view's part by itself: the QML file of this name in the middle of the window.
+    std::unique_ptr<QQuickItem> part(const QString& name, const QVariantMap& properties);
     /// Keeps a picture when ORVELLE_PICTURES names a folder.
     void picture(const std::string& name) { picture(name, window); }
     void picture(const std::string& name, QQuickWindow& of);
@@ -79,11 +87,11 @@ protected:
     NotchEnvironment environment{notchState, media,       fileShelf,     hud,     calendar,
                                  battery,    clipboard,   systemMonitor, weather, pomodoro,
                                  todo,       notes,       stockTicker,   time,    theme,
-                                 mirror,     hoverLayout, panelOrder};
+                                 mirror,     hoverLayout, panelOrder,    [this] { ++settingsOpened; }};
     int settingsOpened = 0;
 
     QQuickWindow window;
-    QtViewHost host{platform, [this] { ++settingsOpened; }};
+    QtViewHost host{platform};
     QQuickItem* root = nullptr;
 };
 

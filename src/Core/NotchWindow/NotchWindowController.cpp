@@ -4,6 +4,7 @@
 #include "Core/Animation/NotchAnimator.h"
 #include "Core/HoverLayoutManager.h"
 #include "Core/VisibleWidgets.h"
+#include "Features/FileShelf/FileShelfManager.h"
 #include "Foundation/Format.h"
 #include "Platform/EventMonitors.h"
 #include "Platform/UserDefaults.h"
@@ -35,6 +36,7 @@ NotchWindowController::NotchWindowController(const NotchEnvironment& environment
                      size.height, position.x, position.y));
     panel_ = std::make_unique<NotchPanel>(platform.panelWindows(), Rect{position, size});
     setupContentView();
+    setupDropContainer();
     window()->setPointerEvents(
         {lifetime_.guard([this] { mouseEntered(); }), lifetime_.guard([this] { mouseExited(); })});
     gestureManager_ = std::make_unique<GestureManager>(
@@ -52,6 +54,41 @@ void NotchWindowController::showWindow() {
 
 void NotchWindowController::setupContentView() {
     views_.showNotchContent(*window(), environment_);
+}
+
+void NotchWindowController::setupDropContainer() {
+    // The container dies with this controller, and so holds nothing that could be gone.
+    dropContainer_.onDragEntered = [this] { dragEntered(); };
+    dropContainer_.onDragExited = [this] { dragExited(); };
+    dropContainer_.onDragPerformed = [this](const auto& urls) { return dragPerformed(urls); };
+    window()->setDraggingDestination(&dropContainer_);
+}
+
+void NotchWindowController::dragEntered() {
+    auto& state = environment_.notchState;
+    state.isDragSessionActive = true;
+    state.activePanel = ActivePanel::fileShelf;
+    if (!state.isExpanded()) {
+        expandedByDrag_ = true;
+        state.expandedState = NotchExpandedState::expanded;
+    }
+}
+
+void NotchWindowController::dragExited() {
+    auto& state = environment_.notchState;
+    state.isDragSessionActive = false;
+    if (expandedByDrag_) {
+        expandedByDrag_ = false;
+        state.expandedState = NotchExpandedState::collapsed;
+    }
+}
+
+bool NotchWindowController::dragPerformed(const std::vector<std::string>& urls) {
+    environment_.notchState.isDragSessionActive = false;
+    expandedByDrag_ = false;
+    for (const auto& url : urls)
+        environment_.fileShelfManager.addFile(url);
+    return !urls.empty();
 }
 
 void NotchWindowController::observeStateChanges() {

@@ -3,6 +3,7 @@
 #include "Core/Gestures/GestureManager.h"
 #include "Core/NotchEnvironment.h"
 #include "Core/NotchWindow/NotchDetector.h"
+#include "Core/NotchWindow/NotchDropContainerView.h"
 #include "Core/NotchWindow/NotchPanel.h"
 #include "Core/ViewHost.h"
 #include "Models/NotchState.h"
@@ -12,6 +13,7 @@
 
 #include <list>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace orvelle {
@@ -33,6 +35,10 @@ public:
 
 private:
     void setupContentView();
+    void setupDropContainer();
+    void dragEntered();
+    void dragExited();
+    bool dragPerformed(const std::vector<std::string>& urls);
     void observeStateChanges();
     void observeScreenChanges();
     void updateWindowFrame(NotchExpandedState state);
@@ -45,6 +51,7 @@ private:
     ViewHost& views_;
     Platform& platform_;
     Logger log_;
+    NotchDropContainerView dropContainer_; ///< outlives the window
     std::unique_ptr<NotchPanel> panel_;
     std::unique_ptr<GestureManager> gestureManager_;
     std::vector<Subscription> cancellables_;
@@ -52,6 +59,7 @@ private:
     Subscription screenChangeObserver_;
     Timer collapseDebounceTimer_;
     std::list<Timer> pendingShrinks_;
+    bool expandedByDrag_ = false;      ///< a drag opened the panel, and leaving closes it
     bool isAnimatingCollapse_ = false; ///< a shrink of the window is pending
     Lifetime lifetime_;
 };

@@ -145,7 +145,7 @@ std::vector<MenuEntry> PomodoroExpandedView::contextMenu() {
     for (const auto each : allPomodoroTimerStyles)
         entries.push_back({.title = std::string(title(each)),
                            .perform = [this, each] { timerStyle.set(std::string(rawValue(each))); },
-                           .symbol = each == style() ? "checkmark"_symbol : std::string_view()});
+                           .isChecked = each == style()});
     return entries;
 }
 

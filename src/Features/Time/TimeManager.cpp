@@ -111,6 +111,7 @@ std::vector<WorldClockEntry> TimeManager::surroundingTimezones() const {
     });
 
     std::vector<WorldClockEntry> entries;
+    entries.reserve(neighbours.size());
     for (const auto& neighbour : neighbours)
         entries.push_back({neighbour.candidate->zone, neighbour.candidate->city, neighbour.zone});
     return entries;

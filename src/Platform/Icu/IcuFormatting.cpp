@@ -53,6 +53,19 @@ struct ByteUnit {
 constexpr std::array<ByteUnit, 6> byteUnits{
     {{"KB", 0}, {"MB", 1}, {"GB", 2}, {"TB", 2}, {"PB", 2}, {"EB", 2}}};
 
+/// Months and years by their mean length.
+struct RelativeUnit {
+    URelativeDateTimeUnit unit;
+    double seconds;
+};
+constexpr std::array<RelativeUnit, 7> relativeUnits{{{UDAT_REL_UNIT_YEAR, 365.2425 * 86400},
+                                                     {UDAT_REL_UNIT_MONTH, 30.436875 * 86400},
+                                                     {UDAT_REL_UNIT_WEEK, 7 * 86400},
+                                                     {UDAT_REL_UNIT_DAY, 86400},
+                                                     {UDAT_REL_UNIT_HOUR, 3600},
+                                                     {UDAT_REL_UNIT_MINUTE, 60},
+                                                     {UDAT_REL_UNIT_SECOND, 1}}};
+
 } // namespace
 
 /// Making a formatter or a zone costs a thousand times more than using it.
@@ -93,15 +106,6 @@ struct IcuFormatting::Cache {
         return *number;
     }
 
-    const icu::RelativeDateTimeFormatter& relativeDates() {
-        if (!relative) {
-            UErrorCode status = U_ZERO_ERROR;
-            relative = std::make_unique<icu::RelativeDateTimeFormatter>(
-                locale, nullptr, UDAT_STYLE_SHORT, UDISPCTX_CAPITALIZATION_NONE, status);
-        }
-        return *relative;
-    }
-
     template <class Map>
     static typename Map::mapped_type& entry(Map& map, const typename Map::key_type& key) {
         if (map.size() >= capacity && !map.contains(key))
@@ -113,8 +117,9 @@ struct IcuFormatting::Cache {
     std::map<std::string, std::unique_ptr<icu::TimeZone>> zones;
     std::map<std::pair<std::string, std::string>, std::unique_ptr<icu::SimpleDateFormat>>
         formatters;
-    std::unique_ptr<icu::RelativeDateTimeFormatter> relative;
     std::array<std::optional<icu::number::LocalizedNumberFormatter>, 3> numbers;
+    std::unique_ptr<icu::RelativeDateTimeFormatter> relative;
+    std::string shortTimePattern;
 };
 
 IcuFormatting::IcuFormatting(std::string locale, std::string zone)
@@ -166,27 +171,40 @@ std::string IcuFormatting::date(Date date, const std::string& pattern, const Tim
     return utf8(formatter->format(milliseconds(date), text));
 }
 
-std::string IcuFormatting::relativeTime(Date date, Date now) const {
-    constexpr Seconds minute = 60;
-    constexpr Seconds hour = 60 * minute;
-    constexpr Seconds day = 24 * hour;
-    constexpr std::pair<Seconds, URelativeDateTimeUnit> units[] = {
-        {365 * day, UDAT_REL_UNIT_YEAR}, {30 * day, UDAT_REL_UNIT_MONTH},
-        {7 * day, UDAT_REL_UNIT_WEEK},   {day, UDAT_REL_UNIT_DAY},
-        {hour, UDAT_REL_UNIT_HOUR},      {minute, UDAT_REL_UNIT_MINUTE},
-        {1, UDAT_REL_UNIT_SECOND}};
-    const Seconds distance = date - now;
+std::string IcuFormatting::shortTime(Date date, const TimeZone& zone) const {
+    if (cache_->shortTimePattern.empty()) {
+        const std::unique_ptr<icu::DateFormat> format(
+            icu::DateFormat::createTimeInstance(icu::DateFormat::SHORT, cache_->locale));
+        icu::UnicodeString pattern;
+        if (const auto* simple = dynamic_cast<const icu::SimpleDateFormat*>(format.get()))
+            simple->toPattern(pattern);
+        cache_->shortTimePattern = utf8(pattern);
+    }
+    return this->date(date, cache_->shortTimePattern, zone);
+}
+
+std::string IcuFormatting::relativeTime(Date date, Date reference) const {
+    const auto distance = date - reference;
     if (!std::isfinite(distance))
         return {};
-    const auto* unit =
-        std::find_if(std::begin(units), std::prev(std::end(units)),
-                     [&](const auto& each) { return std::abs(distance) >= each.first; });
-    // The present moment counts as past: a zero keeps its sign.
-    const double amount =
-        std::copysign(std::floor(std::abs(distance) / unit->first), distance > 0 ? 1.0 : -1.0);
+    const auto& unit = *std::ranges::find_if(relativeUnits, [&](const RelativeUnit& each) {
+        return std::abs(distance) >= each.seconds || each.seconds == 1;
+    });
+    if (!cache_->relative) {
+        UErrorCode status = U_ZERO_ERROR;
+        cache_->relative = std::make_unique<icu::RelativeDateTimeFormatter>(
+            cache_->locale, nullptr, UDAT_STYLE_SHORT, UDISPCTX_CAPITALIZATION_NONE, status);
+        if (U_FAILURE(status)) {
+            cache_->relative.reset();
+            return {};
+        }
+    }
     UErrorCode status = U_ZERO_ERROR;
     icu::UnicodeString text;
-    cache_->relativeDates().formatNumeric(amount, unit->second, text, status);
+    // Zero keeps its sign: "in 0 sec." and "0 sec. ago" are two texts, and now is past.
+    const double amount =
+        std::copysign(std::floor(std::abs(distance) / unit.seconds), distance > 0 ? 1.0 : -1.0);
+    cache_->relative->formatNumeric(amount, unit.unit, text, status);
     return utf8(text);
 }
 

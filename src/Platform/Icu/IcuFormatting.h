@@ -19,7 +19,8 @@ public:
     int secondsFromGMT(const TimeZone& zone, Date date) const override;
     std::optional<std::string> standardName(const TimeZone& zone) const override;
     std::string date(Date date, const std::string& pattern, const TimeZone& zone) const override;
-    std::string relativeTime(Date date, Date now) const override;
+    std::string shortTime(Date date, const TimeZone& zone) const override;
+    std::string relativeTime(Date date, Date reference) const override;
     std::string locale() const override;
     std::string memoryByteCount(std::uint64_t bytes) const override;
 

@@ -23,6 +23,8 @@ public:
     }
 
     int get() const { return number_; }
+    /// Leaves the closing to another owner.
+    int release() { return std::exchange(number_, -1); }
     explicit operator bool() const { return number_ >= 0; }
 
 private:

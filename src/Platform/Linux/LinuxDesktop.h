@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Linux/TrayStatusBar.h"
 #include "Platform/Linux/X11Desktop.h"
 #include "Platform/Linux/X11EventMonitors.h"
 #include "Platform/Linux/X11PanelWindows.h"
@@ -13,7 +14,8 @@ namespace orvelle {
 /// What every run needs of the display, a demonstration too. Needs a QApplication on the platform
 /// "xcb".
 struct LinuxDesktop {
-    explicit LinuxDesktop(UserDefaults& defaults) : screens(x11, defaults) {}
+    LinuxDesktop(UserDefaults& defaults, RunLoop& runLoop)
+        : screens(x11, defaults), statusBar(runLoop, &QDBusConnection::sessionBus) {}
 
     X11Desktop x11;
     X11RawPresses presses;
@@ -22,6 +24,7 @@ struct LinuxDesktop {
     X11EventMonitors eventMonitors{presses};
     QtApplication application;
     X11TaskList taskList{application};
+    TrayStatusBar statusBar;
 };
 
 } // namespace orvelle

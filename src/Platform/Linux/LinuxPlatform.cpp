@@ -1,5 +1,6 @@
 #include "Platform/Linux/LinuxPlatform.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QStandardPaths>
 
@@ -16,15 +17,21 @@ std::string kdeSettingsFile() {
 } // namespace
 
 LinuxPlatform::LinuxPlatform()
-    : appearance_(runLoop_, &QDBusConnection::sessionBus, kdeSettingsFile()),
+    : scriptExecutor_(&QDBusConnection::sessionBus, urlData_),
+      appearance_(runLoop_, &QDBusConnection::sessionBus, kdeSettingsFile()),
       locationService_(runLoop_, &QDBusConnection::systemBus),
+      players_(runLoop_, &QDBusConnection::sessionBus),
+      loginItem_(fileSystem_, log_, QCoreApplication::applicationFilePath().toStdString()),
       powerSources_(runLoop_, &QDBusConnection::systemBus),
       processLauncher_(runLoop_, log_, &QDBusConnection::systemBus, &QDBusConnection::sessionBus,
                        qEnvironmentVariable("XDG_SESSION_ID")),
-      userNotifications_(runLoop_, &QDBusConnection::sessionBus) {}
+      userNotifications_(runLoop_, &QDBusConnection::sessionBus),
+      fileViewer_(runLoop_, log_, workspace_, &QDBusConnection::sessionBus) {}
 
 LinuxPlatform::~LinuxPlatform() {
     userDefaults_.flush();
+    scriptExecutor_.end();
+    urlData_.end();
 }
 
 } // namespace orvelle

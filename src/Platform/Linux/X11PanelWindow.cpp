@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/ScreenCoordinates.h"
 
+#include <QDropEvent>
 #include <QSurfaceFormat>
 
 #include <chrono>
@@ -36,6 +37,13 @@ protected:
         case QEvent::Leave:
             panel.pointerOutside();
             break;
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop:
+            panel.answerDrag(static_cast<QDropEvent&>(*event));
+            return true;
+        case QEvent::DragLeave:
+            return true;
         default:
             break;
         }
@@ -56,6 +64,7 @@ X11PanelWindow::X11PanelWindow(X11Desktop& desktop, X11RawPresses& presses,
     raiseSoon_.setInterval(raiseDelay);
     QObject::connect(&raiseSoon_, &QTimer::timeout, window_.get(), [this] { raise(); });
 
+    dragging_ = fileDrag_->mayBeTaken.observe([this](bool) { applyMask(); });
     compositor_ = desktop_.isComposited.observe([this](bool) { applyMask(); });
     manager_ = desktop_.hasWindowManager.observe([this](bool found) { followRivals(!found); });
     presses_ = presses.observe([this](const X11RawPresses::Press& press) {
@@ -96,6 +105,7 @@ void X11PanelWindow::prepareWindow() {
     // What is drawn hangs from the middle of the top edge, and stays there when the window grows.
     const std::uint32_t gravity = XCB_GRAVITY_NORTH;
     xcb_change_window_attributes(connection, id, XCB_CW_BIT_GRAVITY, &gravity);
+    fileDrag_.emplace(id);
 }
 
 QQuickWindow& X11PanelWindow::quickWindow() {
@@ -126,9 +136,11 @@ void X11PanelWindow::setShapeMask(const QRegion& shape) {
 void X11PanelWindow::applyMask() {
     const QRegion whole(QRect(QPoint(), window_->size()));
     const QRegion drawn = shape_ & whole;
+    // A drag is faster than what is drawn grows, and would be off the window before.
+    const bool isWhole = desktop_.isComposited || drawn.isEmpty() || fileDrag_->mayBeTaken;
     // Set with every resize even when it is the whole window: a drag's source remembers the shape
     // of the windows under it, and looks again only when it is set.
-    window_->setMask(desktop_.isComposited || drawn.isEmpty() ? whole : drawn);
+    window_->setMask(isWhole ? whole : drawn);
     xcb_flush(X11::connection());
 }
 
@@ -161,6 +173,18 @@ void X11PanelWindow::resignKey() {
 
 void X11PanelWindow::setPointerEvents(PointerEvents events) {
     pointerEvents_ = std::move(events);
+}
+
+void X11PanelWindow::setDraggingDestination(DraggingDestination* destination) {
+    fileDrag_->setDestination(destination);
+}
+
+/// Tells the drag's source whether a drop would be taken. What the program itself drags comes by no
+/// message, and so is nothing to the follower of drags.
+void X11PanelWindow::answerDrag(QDropEvent& event) const {
+    const bool isTaken = event.type() == QEvent::Drop || fileDrag_->mayBeTaken;
+    event.setDropAction(Qt::CopyAction);
+    event.setAccepted(isTaken);
 }
 
 void X11PanelWindow::pointerInside() {

@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/PointerTracker.h"
 #include "Platform/Linux/X11Desktop.h"
+#include "Platform/Linux/X11FileDrag.h"
 #include "Platform/Linux/X11KeyFocus.h"
 #include "Platform/Linux/X11RawPresses.h"
 #include "Platform/PanelWindow.h"
@@ -10,6 +11,8 @@
 #include <QQuickWindow>
 #include <QRegion>
 #include <QTimer>
+
+#include <optional>
 
 namespace orvelle {
 
@@ -39,6 +42,7 @@ public:
     void makeKey() override;
     void resignKey() override;
     void setPointerEvents(PointerEvents events) override;
+    void setDraggingDestination(DraggingDestination* destination) override;
 
 private:
     class Window;
@@ -47,6 +51,7 @@ private:
     void applyMask();
     void pointerInside();
     void pointerOutside();
+    void answerDrag(QDropEvent& event) const;
     void report(PointerTracker::Crossing crossing);
     void frameSettled();
     void followRivals(bool wanted);
@@ -58,11 +63,13 @@ private:
     Rect frame_; ///< as asked for; the window stands on whole points
     std::unique_ptr<Window> window_;
     X11KeyFocus focus_;
-    QRegion shape_; ///< empty until the views told it
+    std::optional<X11FileDrag> fileDrag_; ///< there from the window's making on
+    QRegion shape_;                       ///< empty until the views told it
     PointerEvents pointerEvents_;
     PointerTracker pointer_;
     QTimer unsurePointer_;
     QTimer raiseSoon_;
+    Subscription dragging_;
     Subscription compositor_;
     Subscription manager_;
     Subscription rivals_;

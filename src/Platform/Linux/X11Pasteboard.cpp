@@ -1,6 +1,7 @@
 #include "Platform/Linux/X11Pasteboard.h"
 
 #include "Platform/Linux/X11Connection.h"
+#include "Platform/Qt/FileMimeData.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -47,7 +48,7 @@ void X11Pasteboard::connect() {
     const auto window = makeWindow(connection);
     if (!followOwners(window))
         return;
-    reader_ = std::make_unique<X11SelectionReader>(
+    reader_ = std::make_unique<X11TextReader>(
         connection, window, internAtom(connection, selectionName), patience_);
     arrivals_ = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection),
                                                   QSocketNotifier::Read);
@@ -107,6 +108,15 @@ Subscription X11Pasteboard::readString(Reading done) {
 
 void X11Pasteboard::setString(const std::string& text) {
     QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+    countOwnChange();
+}
+
+void X11Pasteboard::writeFiles(const std::vector<std::string>& urls) {
+    QGuiApplication::clipboard()->setMimeData(fileMimeData(urls).release());
+    countOwnChange();
+}
+
+void X11Pasteboard::countOwnChange() {
     if (!reader_)
         return;
     // Qt has made sure of its ownership, so that the news of it comes before this answer.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Linux/X11SelectionReader.h"
+#include "Platform/Linux/X11TextReader.h"
 #include "Platform/Pasteboard.h"
 
 #include <QSocketNotifier>
@@ -18,12 +18,13 @@ namespace orvelle {
 class X11Pasteboard : public Pasteboard {
 public:
     explicit X11Pasteboard(
-        std::chrono::milliseconds patience = X11SelectionReader::defaultPatience);
+        std::chrono::milliseconds patience = X11TextReader::defaultPatience);
     ~X11Pasteboard() override;
 
     std::int64_t changeCount() override;
     Subscription readString(Reading done) override;
     void setString(const std::string& text) override;
+    void writeFiles(const std::vector<std::string>& urls) override;
 
 private:
     struct Disconnect {
@@ -34,11 +35,12 @@ private:
     void connect();
     bool followOwners(xcb_window_t window);
     void handleEvents();
+    void countOwnChange();
 
     std::chrono::milliseconds patience_;
     bool isTried_ = false;
     std::unique_ptr<xcb_connection_t, Disconnect> connection_;
-    std::unique_ptr<X11SelectionReader> reader_;
+    std::unique_ptr<X11TextReader> reader_;
     std::unique_ptr<QSocketNotifier> arrivals_;
     std::uint8_t ownerChange_ = 0; ///< the type of that event
     std::int64_t changeCount_ = 0;

@@ -1,199 +1,109 @@
 #include "Platform/Linux/X11SelectionReader.h"
 
-#include "Platform/Linux/X11Connection.h"
-
-#include <QString>
-
-#include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace orvelle {
 
 namespace {
 
-constexpr std::uint32_t mostOffers = 1024;
-
-/// In the order of the enumeration, the properties left out.
-constexpr const char* atomNames[] = {
-    "TARGETS", "INCR", "x-kde-passwordManagerHint", "UTF8_STRING", "text/plain;charset=utf-8",
-    "STRING"};
-
-using PropertyReply = X11::Reply<xcb_get_property_reply_t>;
-
-/// At most `limit` bytes. A property that is longer stays, and has bytes left behind those.
-PropertyReply takeProperty(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property,
-                           std::size_t limit) {
-    const auto items = static_cast<std::uint32_t>(limit / 4 + 1);
-    const auto cookie =
-        xcb_get_property(connection, 1, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, items);
-    return PropertyReply(xcb_get_property_reply(connection, cookie, nullptr));
-}
-
-std::size_t lengthOf(const PropertyReply& reply) {
-    return static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
-}
-
-/// What is said to be Latin-1 is UTF-8 from programs that do not care.
-QString decoded(const std::string& text, bool isCalledLatin1) {
-    const auto bytes = QByteArray::fromStdString(text);
-    auto decoded = QString::fromUtf8(bytes);
-    if (isCalledLatin1 && decoded.contains(QChar::ReplacementCharacter))
-        return QString::fromLatin1(bytes);
-    return decoded;
-}
+constexpr std::chrono::seconds patience{5};
+constexpr const char* propertyName = "ORVELLE_SELECTION";
 
 } // namespace
 
-X11SelectionReader::X11SelectionReader(xcb_connection_t* connection, xcb_window_t window,
-                                       xcb_atom_t selection, std::chrono::milliseconds patience)
-    : connection_(connection), window_(window), selection_(selection) {
-    std::vector<xcb_intern_atom_cookie_t> cookies;
-    for (std::size_t index = 0; index < atoms_.size(); ++index) {
-        const auto name = index < firstProperty
-                              ? std::string(atomNames[index])
-                              : "ORVELLE_SELECTION_" + std::to_string(index - firstProperty);
-        cookies.push_back(
-            xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data()));
-    }
-    for (std::size_t index = 0; index < atoms_.size(); ++index)
-        if (const X11::Reply<xcb_intern_atom_reply_t> reply{
-                xcb_intern_atom_reply(connection, cookies[index], nullptr)})
-            atoms_[index] = reply->atom;
-    deadline_.setSingleShot(true);
-    deadline_.setInterval(patience);
-    QObject::connect(&deadline_, &QTimer::timeout, &deadline_, [this] { finish(std::nullopt); });
+X11SelectionReader::X11SelectionReader() {
+    silence_.setSingleShot(true);
+    silence_.setInterval(patience);
+    QObject::connect(&silence_, &QTimer::timeout, &silence_, [this] { finish(std::nullopt); });
+    events_ = X11::observeEvents([this](const auto& event) { handle(event); });
 }
 
-Subscription X11SelectionReader::read(xcb_timestamp_t since, Pasteboard::Reading done) {
-    const auto id = readingCount_++;
-    waiting_->emplace(id, std::move(done));
-    if (step_ == Step::idle || since != since_) {
-        since_ = since;
-        deadline_.start();
-        request(atoms_[targets], Step::offers);
-    }
-    return Subscription([id, waiting = std::weak_ptr<Waiting>(waiting_)] {
-        if (const auto list = waiting.lock())
-            list->erase(id);
-    });
+X11SelectionReader::~X11SelectionReader() {
+    cancel();
+}
+
+void X11SelectionReader::read(xcb_atom_t selection, xcb_atom_t target, xcb_timestamp_t time,
+                              Done done) {
+    cancel();
+    auto* connection = X11::connection();
+    window_ = xcb_generate_id(connection);
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, window_, X11::root(), -1, -1, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
+                      &events);
+    xcb_convert_selection(connection, window_, selection, target, X11::atom(propertyName), time);
+    xcb_flush(connection);
+    done_ = std::move(done);
+    silence_.start();
+}
+
+void X11SelectionReader::cancel() {
+    silence_.stop();
+    done_ = nullptr;
+    bytes_.clear();
+    isInPieces_ = false;
+    if (window_ == XCB_WINDOW_NONE)
+        return;
+    xcb_destroy_window(X11::connection(), std::exchange(window_, XCB_WINDOW_NONE));
+    xcb_flush(X11::connection());
 }
 
 void X11SelectionReader::handle(const xcb_generic_event_t& event) {
-    switch (X11::typeOf(event)) {
-    case XCB_SELECTION_NOTIFY:
-        answered(reinterpret_cast<const xcb_selection_notify_event_t&>(event));
-        break;
-    case XCB_PROPERTY_NOTIFY: {
+    if (window_ == XCB_WINDOW_NONE)
+        return;
+    if (X11::typeOf(event) == XCB_SELECTION_NOTIFY) {
+        const auto& answer = reinterpret_cast<const xcb_selection_notify_event_t&>(event);
+        if (answer.requestor == window_)
+            takeAnswer(answer.property);
+    } else if (X11::typeOf(event) == XCB_PROPERTY_NOTIFY && isInPieces_) {
         const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-        if (change.window == window_ && change.state == XCB_PROPERTY_NEW_VALUE)
-            propertyArrived(change.atom);
-        break;
-    }
-    default:
-        break;
+        if (change.window == window_ && change.atom == X11::atom(propertyName) &&
+            change.state == XCB_PROPERTY_NEW_VALUE)
+            takePiece();
     }
 }
 
-void X11SelectionReader::request(xcb_atom_t target, Step step) {
-    step_ = step;
-    target_ = target;
-    property_ = atoms_[firstProperty + requestCount_++ % propertyCount];
-    text_.clear();
-    xcb_convert_selection(connection_, window_, selection_, target_, property_, since_);
-    xcb_flush(connection_);
+void X11SelectionReader::takeAnswer(xcb_atom_t property) {
+    if (property != X11::atom(propertyName))
+        return finish(std::nullopt);
+    xcb_atom_t type = XCB_ATOM_NONE;
+    auto bytes = take(property, type);
+    isInPieces_ = bytes && type == X11::atom("INCR");
+    if (isInPieces_)
+        silence_.start();
+    else
+        finish(std::move(bytes));
 }
 
-void X11SelectionReader::answered(const xcb_selection_notify_event_t& event) {
-    const bool isAwaited = step_ == Step::offers || step_ == Step::text;
-    if (!isAwaited || event.target != target_ || event.time != since_)
-        return;
-    if (event.property == XCB_ATOM_NONE) { // refused
-        if (step_ == Step::offers)
-            chooseOffer({atoms_[utf8], atoms_[latin1]}); // an owner that tells nothing
-        else
-            requestNextOffer();
-        return;
-    }
-    if (event.property != property_)
-        return;
-    const auto reply = takeProperty(connection_, window_, property_,
-                                    step_ == Step::offers ? mostOffers * sizeof(xcb_atom_t)
-                                                          : Pasteboard::maximumSize);
-    if (!reply || reply->bytes_after > 0) {
-        xcb_delete_property(connection_, window_, property_);
-        finish(std::nullopt);
-    } else if (step_ == Step::offers) {
-        const auto* offers = static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get()));
-        const auto count = reply->format == 32 ? lengthOf(reply) / sizeof(xcb_atom_t) : 0;
-        chooseOffer({offers, offers + count});
-    } else if (reply->type == atoms_[incremental]) {
-        step_ = Step::pieces; // taking the property was the sign to begin
-        xcb_flush(connection_);
-    } else {
-        take(xcb_get_property_value(reply.get()), lengthOf(reply));
-        if (step_ == Step::text)
-            finish(std::move(text_));
-    }
+void X11SelectionReader::takePiece() {
+    xcb_atom_t type = XCB_ATOM_NONE;
+    const auto piece = take(X11::atom(propertyName), type);
+    if (!piece || bytes_.size() + piece->size() > maximumSize)
+        return finish(std::nullopt);
+    if (piece->empty())
+        return finish(std::move(bytes_));
+    bytes_ += *piece;
+    silence_.start();
 }
 
-void X11SelectionReader::propertyArrived(xcb_atom_t property) {
-    if (property != property_ || step_ == Step::idle) {
-        xcb_delete_property(connection_, window_, property);
-        xcb_flush(connection_);
-        return;
-    }
-    if (step_ != Step::pieces)
-        return; // its announcement follows
-    const auto reply = takeProperty(connection_, window_, property_, Pasteboard::maximumSize);
-    if (!reply || reply->bytes_after > 0) {
-        xcb_delete_property(connection_, window_, property_);
-        finish(std::nullopt);
-    } else if (lengthOf(reply) > 0) {
-        take(xcb_get_property_value(reply.get()), lengthOf(reply));
-    } else {
-        finish(std::move(text_));
-    }
+std::optional<std::string> X11SelectionReader::take(xcb_atom_t property, xcb_atom_t& type) {
+    const auto cookie =
+        xcb_get_property(X11::connection(), 1, window_, property, XCB_ATOM_ANY, 0, maximumSize / 4);
+    const X11::Reply<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(X11::connection(), cookie, nullptr));
+    if (!reply || reply->bytes_after)
+        return std::nullopt;
+    type = reply->type;
+    return std::string(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                       static_cast<std::size_t>(xcb_get_property_value_length(reply.get())));
 }
 
-void X11SelectionReader::chooseOffer(const std::vector<xcb_atom_t>& offers) {
-    const auto offered = [&](Atom atom) {
-        return std::find(offers.begin(), offers.end(), atoms_[atom]) != offers.end();
-    };
-    acceptable_.clear();
-    if (!offered(secretMark))
-        for (const auto kind : {latin1, plainText, utf8})
-            if (offered(kind))
-                acceptable_.push_back(atoms_[kind]);
-    requestNextOffer();
-}
-
-void X11SelectionReader::requestNextOffer() {
-    if (acceptable_.empty()) {
-        finish(std::nullopt);
-        return;
-    }
-    const auto target = acceptable_.back();
-    acceptable_.pop_back();
-    request(target, Step::text);
-}
-
-void X11SelectionReader::take(const void* bytes, std::size_t count) {
-    text_.append(static_cast<const char*>(bytes), count);
-    if (text_.size() > Pasteboard::maximumSize)
-        finish(std::nullopt);
-}
-
-void X11SelectionReader::finish(std::optional<std::string> text) {
-    deadline_.stop();
-    step_ = Step::idle;
-    if (text)
-        text = decoded(*text, target_ == atoms_[latin1]).toStdString();
-    text_.clear();
-    xcb_flush(connection_);
-    // Whoever reads anew when it is called waits for another answer.
-    auto answered = std::exchange(*waiting_, {});
-    for (auto& [id, done] : answered)
-        done(text);
+void X11SelectionReader::finish(std::optional<std::string> bytes) {
+    const auto done = std::exchange(done_, nullptr);
+    cancel();
+    if (done)
+        done(std::move(bytes));
 }
 
 } // namespace orvelle

@@ -1,68 +1,49 @@
 #pragma once
 
-#include "Platform/Pasteboard.h"
+#include "Platform/Linux/X11Connection.h"
 
 #include <QTimer>
-#include <xcb/xcb.h>
 
-#include <array>
-#include <chrono>
-#include <map>
-#include <memory>
+#include <cstddef>
+#include <functional>
+#include <optional>
 #include <string>
-#include <vector>
 
 namespace orvelle {
 
-/// Reads a selection's text in steps, each an event: what it is offered as, then the text, in one
-/// piece or in many. It waits for the X server alone, never for the selection's owner.
-///
-/// Whatever arrives late or unasked is deleted unread, which also lets the sender of a text in
-/// pieces come to its end.
+/// Reads what another program offers through a selection, and never waits for that program. One
+/// reading at a time: a new one puts an end to the one before. Main thread only.
 class X11SelectionReader {
 public:
-    /// For one whole reading.
-    static constexpr std::chrono::milliseconds defaultPatience{5000};
+    /// Data beyond this many bytes is not read.
+    static constexpr std::size_t maximumSize = 4 << 20;
 
-    /// Both must outlive the reader, which reads the properties of `window`.
-    X11SelectionReader(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t selection,
-                       std::chrono::milliseconds patience);
+    /// None when the program refuses, falls silent for five seconds or offers too much.
+    using Done = std::function<void(std::optional<std::string> bytes)>;
 
-    /// `since` is when the selection got its present owner. Readings of the same content share one
-    /// answer.
-    [[nodiscard]] Subscription read(xcb_timestamp_t since, Pasteboard::Reading done);
-    void handle(const xcb_generic_event_t& event);
+    X11SelectionReader();
+    ~X11SelectionReader();
+    X11SelectionReader(const X11SelectionReader&) = delete;
+    X11SelectionReader& operator=(const X11SelectionReader&) = delete;
+
+    /// `time` is that of the event that is the reason to ask. `done` is called after this returns.
+    void read(xcb_atom_t selection, xcb_atom_t target, xcb_timestamp_t time, Done done);
+    void cancel();
 
 private:
-    enum class Step { idle, offers, text, pieces };
-    enum Atom { targets, incremental, secretMark, utf8, plainText, latin1, firstProperty };
-    /// Each request has a property of its own for the answer, so that late ones are told apart.
-    static constexpr std::size_t propertyCount = 8;
-    using Waiting = std::map<std::uint64_t, Pasteboard::Reading>;
+    void handle(const xcb_generic_event_t& event);
+    void takeAnswer(xcb_atom_t property);
+    void takePiece();
+    /// What stands in the property, which is taken away; none when there is nothing or too much.
+    std::optional<std::string> take(xcb_atom_t property, xcb_atom_t& type);
+    void finish(std::optional<std::string> bytes);
 
-    void request(xcb_atom_t target, Step step);
-    void answered(const xcb_selection_notify_event_t& event);
-    void propertyArrived(xcb_atom_t property);
-    void chooseOffer(const std::vector<xcb_atom_t>& offers);
-    void requestNextOffer();
-    void take(const void* bytes, std::size_t count);
-    void finish(std::optional<std::string> text);
-
-    xcb_connection_t* connection_;
-    xcb_window_t window_;
-    xcb_atom_t selection_;
-    std::array<xcb_atom_t, firstProperty + propertyCount> atoms_{};
-
-    Step step_ = Step::idle;
-    xcb_timestamp_t since_ = 0;
-    std::size_t requestCount_ = 0;
-    xcb_atom_t target_ = XCB_ATOM_NONE;
-    xcb_atom_t property_ = XCB_ATOM_NONE;
-    std::vector<xcb_atom_t> acceptable_; ///< what is left to ask for, the best last
-    std::string text_;
-    QTimer deadline_;
-    std::shared_ptr<Waiting> waiting_ = std::make_shared<Waiting>();
-    std::uint64_t readingCount_ = 0;
+    xcb_window_t window_ = XCB_WINDOW_NONE; ///< of this reading alone: late answers find none
+    bool isInPieces_ = false;
+    std::string bytes_;
+    Done done_;
+    QTimer silence_;
+    Subscription events_;
 };
 
 } // namespace orvelle

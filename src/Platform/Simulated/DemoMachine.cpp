@@ -1,5 +1,10 @@
 #include "Platform/Simulated/DemoMachine.h"
 
+#include "Platform/Simulated/SimulatedAudioHardware.h"
+#include "Platform/Simulated/SimulatedDisplayBrightness.h"
+#include "Platform/Simulated/DemoPortrait.h"
+#include "Platform/Simulated/SimulatedCameraService.h"
+#include "Platform/Simulated/SimulatedEventStore.h"
 #include "Foundation/Json.h"
 #include "Foundation/UUID.h"
 #include "Platform/Simulated/SimulatedMachine.h"
@@ -28,6 +33,67 @@ void switchEverythingOn(UserDefaults& defaults) {
          {"hasCompletedOnboarding", "clipboardEnabled", "systemMonitorEnabled", "weatherEnabled",
           "pomodoroEnabled", "todoEnabled", "notesEnabled", "stockTickerEnabled", "mirrorEnabled"})
         defaults.set(key, true);
+}
+
+void script(SimulatedAudioHardware& audio) {
+    audio.list = {{.id = 1, .name = "Built-in Speakers", .volume = 0.55F},
+                  {.id = 2, .name = "Living Room", .volume = 0.3F},
+                  {.id = 3, .name = "Headphones", .volume = 0.7F}};
+    audio.defaultOutput = 1;
+}
+
+void script(SimulatedDisplayBrightness& brightness) {
+    brightness.displays = {{0.8F}};
+}
+
+void script(SimulatedCameraService& camera) {
+    camera.onStart = [](const CameraService::Configuration& configuration) {
+        configuration.onFrame(demoPortrait(configuration.width, configuration.height));
+    };
+}
+
+void script(SimulatedEventStore& calendars) {
+    const StoredEvent::Calendar work{{0.039, 0.518, 1}, "Work"};
+    const StoredEvent::Calendar home{{1, 0.624, 0.039}, "Home"};
+    const StoredEvent::Calendar holidays{{0.196, 0.843, 0.294}, "Holidays"};
+    calendars.onQuery = [=](SimulatedEventStore& store, Date from) {
+        if (!store.stored.empty())
+            return;
+        constexpr Seconds quarter = 900;
+        const Date hour{std::floor(from.sinceReference / quarter) * quarter};
+        const auto add = [&](const char* title, const char* location, int start, int end,
+                             const StoredEvent::Calendar& calendar) {
+            StoredEvent event;
+            event.eventIdentifier = title;
+            event.title = title;
+            event.startDate = hour + start * quarter;
+            event.endDate = hour + end * quarter;
+            event.calendar = calendar;
+            if (location)
+                event.location = location;
+            store.stored.push_back(event);
+        };
+        constexpr int day = 96; // quarters
+        add("Design review", "Room 4", -2, 3, work);
+        add("Lunch with Ada", "Café Lumière", 5, 9, home);
+        add("Release planning", nullptr, 13, 17, work);
+        add("Dentist", "12 Mill Lane", 22, 24, home);
+        add("Founders' Day", nullptr, 40, 40 + day, holidays);
+        store.stored.back().isAllDay = true;
+    };
+}
+
+void fill(SimulatedFileSystem& files) {
+    const auto shelf = files.applicationSupportDirectory() + "/Orvelle/FileShelf/";
+    std::string entries;
+    for (const char* name :
+         {"Quarterly Report.pdf", "Harbour at dawn.jpg", "Minutes.odt", "Budget 2026.ods",
+          "Interview.mp3", "Sources.tar.gz", "Read me first.txt", "Teaser.mp4", "index.html"}) {
+        files.files[shelf + name] = name;
+        entries += (entries.empty() ? "" : ",") + std::string(R"({"urlPath":")") + shelf + name +
+                   R"(","addedAt":0,"expiresAt":0})";
+    }
+    files.files[shelf + ".shelf_metadata.json"] = "[" + entries + "]";
 }
 
 void script(SimulatedPowerSources& power) {

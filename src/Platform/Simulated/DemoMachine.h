@@ -4,6 +4,10 @@
 
 namespace orvelle {
 
+class SimulatedAudioHardware;
+class SimulatedDisplayBrightness;
+class SimulatedCameraService;
+class SimulatedEventStore;
 class SimulatedFileSystem;
 class SimulatedFrontmostApplication;
 class SimulatedHostStatistics;
@@ -17,6 +21,12 @@ class UserDefaults;
 namespace DemoMachine {
 
 void switchEverythingOn(UserDefaults& defaults);
+void script(SimulatedAudioHardware& audio);
+void script(SimulatedDisplayBrightness& brightness);
+void script(SimulatedCameraService& camera);
+void script(SimulatedEventStore& calendars);
+/// Puts files on the shelf.
+void fill(SimulatedFileSystem& files);
 void script(SimulatedPowerSources& power);
 void script(SimulatedHostStatistics& statistics);
 void script(SimulatedSMCService& smc);

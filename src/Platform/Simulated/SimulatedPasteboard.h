@@ -13,6 +13,7 @@ namespace orvelle {
 class SimulatedPasteboard : public Pasteboard {
 public:
     std::optional<std::string> text;
+    std::vector<std::string> files;
     std::int64_t count = 0;
     int readCount = 0;
     bool isOwnerSilent = false;
@@ -45,6 +46,10 @@ public:
         return Subscription([waiting = waiting_] { *waiting = nullptr; });
     }
     void setString(const std::string& copied) override { copy(copied); }
+    void writeFiles(const std::vector<std::string>& urls) override {
+        files = urls;
+        copy({});
+    }
 
 private:
     std::shared_ptr<Reading> waiting_;

@@ -2,12 +2,19 @@
 
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Platform.h"
+#include "Platform/Simulated/SimulatedAudioHardware.h"
+#include "Platform/Simulated/SimulatedCameraService.h"
+#include "Platform/Simulated/SimulatedDisplayBrightness.h"
+#include "Platform/Simulated/SimulatedEventStore.h"
+#include "Platform/Simulated/SimulatedLoginItem.h"
+#include "Platform/Simulated/SimulatedFiles.h"
 #include "Platform/Simulated/SimulatedHttpClient.h"
 #include "Platform/Simulated/SimulatedLocation.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedMedia.h"
 #include "Platform/Simulated/SimulatedPasteboard.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
+#include "Platform/Simulated/SimulatedStatusBar.h"
 #include "Platform/Simulated/SimulatedSound.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindows.h"
@@ -18,11 +25,19 @@ namespace orvelle {
 class SimulatedPlatform : public Platform {
 public:
     SimulatedRunLoop runLoopPort; ///< first: other ports answer through it
+    SimulatedFileSystem fileSystemPort;
     SimulatedAppearance appearancePort;
     SimulatedApplication applicationPort;
+    SimulatedAudioHardware audioHardwarePort;
+    SimulatedCameraService cameraPort{runLoopPort};
+    SimulatedConsole consolePort;
+    SimulatedDisplayBrightness displayBrightnessPort;
     SimulatedDistributedNotificationCenter distributedNotificationsPort;
     SimulatedEventMonitors eventMonitorsPort;
-    SimulatedFileSystem fileSystemPort;
+    SimulatedEventStore eventStorePort{runLoopPort};
+    SimulatedFileCopier fileCopierPort{fileSystemPort};
+    SimulatedFileIcons fileIconsPort;
+    SimulatedFileViewer fileViewerPort;
     IcuFormatting formattingPort{"en_US", "America/New_York"};
     SimulatedFrontmostApplication frontmostApplicationPort;
     SimulatedGeocoder geocoderPort{runLoopPort};
@@ -31,6 +46,7 @@ public:
     SimulatedImageCodec imageCodecPort;
     SimulatedLocationService locationServicePort{runLoopPort};
     SimulatedLog logPort;
+    SimulatedLoginItem loginItemPort;
     SimulatedNowPlayingService nowPlayingPort;
     SimulatedPanelWindows panelWindowsPort;
     SimulatedPasteboard pasteboardPort;
@@ -39,8 +55,10 @@ public:
     SimulatedRunningApplications runningApplicationsPort;
     SimulatedScreens screensPort;
     SimulatedScriptExecutor scriptExecutorPort;
+    SimulatedSharePicker sharePickerPort;
     SimulatedSMCService smcPort;
     SimulatedSound soundPort;
+    SimulatedStatusBar statusBarPort;
     SimulatedUrlData urlDataPort;
     SimulatedUserDefaults userDefaultsPort;
     SimulatedUserNotifications userNotificationsPort;
@@ -48,11 +66,19 @@ public:
 
     Appearance& appearance() override { return appearancePort; }
     Application& application() override { return applicationPort; }
+    AudioHardware& audioHardware() override { return audioHardwarePort; }
+    CameraService& camera() override { return cameraPort; }
+    Console& console() override { return consolePort; }
+    DisplayBrightness& displayBrightness() override { return displayBrightnessPort; }
     DistributedNotificationCenter& distributedNotifications() override {
         return distributedNotificationsPort;
     }
     EventMonitors& eventMonitors() override { return eventMonitorsPort; }
+    EventStore& eventStore() override { return eventStorePort; }
+    FileCopier& fileCopier() override { return fileCopierPort; }
+    FileIcons& fileIcons() override { return fileIconsPort; }
     FileSystem& fileSystem() override { return fileSystemPort; }
+    FileViewer& fileViewer() override { return fileViewerPort; }
     Formatting& formatting() override { return formattingPort; }
     FrontmostApplication& frontmostApplication() override { return frontmostApplicationPort; }
     Geocoder& geocoder() override { return geocoderPort; }
@@ -61,6 +87,7 @@ public:
     ImageCodec& imageCodec() override { return imageCodecPort; }
     LocationService& locationService() override { return locationServicePort; }
     LogSink& log() override { return logPort; }
+    LoginItem& loginItem() override { return loginItemPort; }
     NowPlayingService& nowPlaying() override { return nowPlayingPort; }
     PanelWindows& panelWindows() override { return panelWindowsPort; }
     Pasteboard& pasteboard() override { return pasteboardPort; }
@@ -70,8 +97,10 @@ public:
     RunningApplications& runningApplications() override { return runningApplicationsPort; }
     Screens& screens() override { return screensPort; }
     ScriptExecutor& scriptExecutor() override { return scriptExecutorPort; }
+    SharePicker& sharePicker() override { return sharePickerPort; }
     SMCService& smc() override { return smcPort; }
     Sound& sound() override { return soundPort; }
+    StatusBar& statusBar() override { return statusBarPort; }
     UrlData& urlData() override { return urlDataPort; }
     UserDefaults& userDefaults() override { return userDefaultsPort; }
     UserNotifications& userNotifications() override { return userNotificationsPort; }

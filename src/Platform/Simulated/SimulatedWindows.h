@@ -38,6 +38,7 @@ public:
     int resignKeyCount = 0;
     int setFrameCount = 0;
     PointerEvents pointer;
+    DraggingDestination* dragging = nullptr;
 
     Rect frame() const override { return frame_; }
     void setFrame(const Rect& frame) override {
@@ -56,6 +57,9 @@ public:
         ++resignKeyCount;
     }
     void setPointerEvents(PointerEvents events) override { pointer = std::move(events); }
+    void setDraggingDestination(DraggingDestination* destination) override {
+        dragging = destination;
+    }
 
 private:
     Rect frame_;

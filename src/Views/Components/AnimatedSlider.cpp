@@ -1,5 +1,7 @@
 #include "Views/Components/AnimatedSlider.h"
 
+#include "Foundation/Format.h"
+
 #include <algorithm>
 
 namespace orvelle {
@@ -10,6 +12,10 @@ double AnimatedSlider::fraction() const {
 
 double AnimatedSlider::fillWidth(double width) const {
     return width * fraction();
+}
+
+std::string AnimatedSlider::levelText() const {
+    return format("%.0f%%", fraction() * 100);
 }
 
 double AnimatedSlider::valueAt(double x, double width) const {

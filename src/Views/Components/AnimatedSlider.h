@@ -3,6 +3,8 @@
 #include "Core/Animation/Spring.h"
 #include "Foundation/Color.h"
 
+#include <string>
+
 namespace orvelle {
 
 /// A level on a track, with or without a knob. Lengths are points.
@@ -25,6 +27,8 @@ struct AnimatedSlider {
     /// How much of the track is filled, 0 to 1.
     double fraction() const;
     double fillWidth(double width) const;
+    /// The fraction in whole percent, for those who hear it.
+    std::string levelText() const;
     /// The value under a pointer at `x` on a track of this width; never beyond the bounds.
     double valueAt(double x, double width) const;
 

@@ -11,12 +11,13 @@ Item {
     signal moved(real value)
 
     implicitHeight: slider.height
-    Accessible.role: Accessible.Slider
-    Accessible.name: Math.round(slider.fraction * 100) + "%"
+    Accessible.role: interactive ? Accessible.Slider : Accessible.ProgressBar
+    Accessible.name: slider.levelText
 
     SpringValue {
         id: fill
-        target: root.slider.fraction * root.width
+        target: root.slider.fraction
+        restDistance: 0.0005
         response: Style.fillResponse
         dampingFraction: Style.fillDampingFraction
     }
@@ -32,7 +33,7 @@ Item {
     // A level near nothing keeps its round ends: the capsule is cut, not squeezed.
     Item {
         objectName: "fill"
-        width: fill.value
+        width: Math.max(0, fill.value * root.width)
         height: root.slider.height
         anchors.verticalCenter: parent.verticalCenter
         clip: width < height
@@ -46,9 +47,10 @@ Item {
     }
     Loader {
         active: root.slider.showThumb
-        x: fill.value - width / 2
+        x: root.slider.thumbOffset(root.width)
         anchors.verticalCenter: parent.verticalCenter
         sourceComponent: SliderThumb {
+            objectName: "thumb"
             diameter: root.slider.thumbDiameter
             isDragging: root.isDragging
         }

@@ -15,7 +15,7 @@ MouseArea {
     // False when there is nothing to offer.
     function openAt(x, y) {
         const entries = menu()
-        if (!entries || entries.titles.length === 0)
+        if (!entries || entries.lines.length === 0)
             return false
         loader.active = true
         loader.item.open(entries, mapToGlobal(x, y))

@@ -10,8 +10,8 @@ Item {
 
     SpringValue {
         id: presence
-        response: 0.35
-        dampingFraction: 1
+        response: Style.fadeInResponse
+        dampingFraction: Style.fadeInDampingFraction
         delay: root.delay
         restDistance: 0.002
     }
@@ -20,8 +20,8 @@ Item {
         objectName: "fading"
         width: root.width
         height: root.height
-        y: 5 * (1 - presence.value)
-        opacity: presence.value
+        y: Style.fadeInOffset(presence.value)
+        opacity: Style.fadeInOpacity(presence.value)
     }
     Component.onCompleted: presence.target = 1
 }

@@ -42,7 +42,7 @@ Item {
     Loader {
         id: loader
         anchors.fill: parent
-        focus: true
+        focus: root.shown
     }
 
     function follow() {

@@ -44,7 +44,7 @@ Rectangle {
     Text {
         id: caption
         anchors.centerIn: parent
-        text: root.subject ? root.subject.tab.label : ""
+        text: root.subject ? root.subject.helpText : ""
         textFormat: Text.PlainText
         font.pixelSize: 11
         color: Style.textColor

@@ -7,6 +7,7 @@ Row {
 
     property var widget
     readonly property real naturalWidth: implicitWidth
+    readonly property real titleWidth: 0
     readonly property string summary: widget.texts.map(text => text.text).join(" ")
 
     spacing: widget.spacing

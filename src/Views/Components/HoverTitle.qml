@@ -6,7 +6,8 @@ Item {
     id: root
 
     property var widget
-    readonly property real naturalWidth: title.x + title.implicitWidth
+    readonly property real naturalWidth: title.x + titleWidth
+    readonly property real titleWidth: title.implicitWidth
     readonly property string summary: title.text
 
     implicitWidth: naturalWidth
@@ -21,7 +22,7 @@ Item {
         id: title
         objectName: "text"
         x: icon.width + root.widget.spacing
-        width: root.width - x
+        width: Math.max(0, root.width - x)
         content: root.widget.texts[0]
         anchors.verticalCenter: parent.verticalCenter
     }

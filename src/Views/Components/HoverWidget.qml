@@ -1,29 +1,44 @@
 import QtQuick
 import Orvelle
 
-// A widget of the hover bar with the room around it that takes the click.
-MouseArea {
+// A widget of the hover bar. All of it takes the click, with the room around its content, unless
+// the content has targets of its own.
+TapTarget {
     id: root
 
     property var widget
     readonly property real naturalWidth: (content.item ? content.item.naturalWidth : 0)
                                          + 2 * widget.padding
+    // The part of that which may be cut.
+    readonly property real titleWidth: content.item ? content.item.titleWidth : 0
+    signal picked
+    signal playPause
 
     objectName: "widget." + widget.id
     implicitHeight: content.implicitHeight + 2 * widget.padding
-    Accessible.role: Accessible.Button
-    Accessible.name: widget.name
+    name: widget.name
+    acceptedButtons: widget.isTapTarget ? Qt.LeftButton : Qt.NoButton
+    Accessible.ignored: !widget.isTapTarget
     Accessible.description: content.item ? content.item.summary : ""
-    Accessible.onPressAction: clicked(null)
+    onClicked: picked()
 
     Loader {
         id: content
         anchors.verticalCenter: parent.verticalCenter
         x: root.widget.padding
         width: root.width - 2 * root.widget.padding
-        opacity: root.pressed ? 0.6 : 1
         Component.onCompleted: setSource(root.widget.source, {
             widget: Qt.binding(() => root.widget)
         })
+    }
+    Connections {
+        target: content.item
+        ignoreUnknownSignals: true
+        function onPicked() {
+            root.picked()
+        }
+        function onPlayPause() {
+            root.playPause()
+        }
     }
 }

@@ -10,7 +10,9 @@ namespace orvelle {
 struct MenuEntry {
     std::string title;
     std::function<void()> perform;
-    std::string_view symbol = {}; ///< beside the title, such as a check mark; empty for none
+    bool isChecked = false; ///< of several entries the one that is in force
+    bool isDestructive = false;  ///< takes something away for good, and is coloured so
+    bool followsDivider = false; ///< a line stands above it
 };
 
 } // namespace orvelle

@@ -6,19 +6,20 @@ Rectangle {
     id: root
 
     property string title
-    property string symbol
-    property real indent: 0
+    property bool isChecked
     property bool isHighlighted
+    property bool isDestructive
     signal entered
     signal picked
 
-    width: Math.max(parent.implicitWidth, implicitWidth)
-    implicitWidth: Math.max(140, caption.implicitWidth + indent + 20)
+    implicitWidth: Math.max(140, caption.implicitWidth + 20 + (isChecked ? check.width + 12 : 0))
     implicitHeight: 24
     radius: 5
     color: isHighlighted ? Style.highlightColor : "transparent"
     Accessible.role: Accessible.MenuItem
     Accessible.name: title
+    Accessible.checkable: isChecked
+    Accessible.checked: isChecked
     Accessible.onPressAction: picked()
 
     Loader {
@@ -38,6 +39,16 @@ Rectangle {
         text: root.title
         textFormat: Text.PlainText
         font.pixelSize: 13
+        color: root.isDestructive ? Style.destructiveColor : Style.textColor
+    }
+    Symbol {
+        id: check
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        visible: root.isChecked
+        name: "checkmark"
+        size: 11
         color: Style.textColor
     }
     MouseArea {

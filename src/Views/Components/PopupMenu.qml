@@ -38,7 +38,7 @@ MenuWindow {
     Column {
         id: rows
 
-        readonly property int count: root.entries ? root.entries.titles.length : 0
+        readonly property int count: root.entries ? root.entries.lines.length : 0
 
         x: 5
         y: 5
@@ -46,18 +46,36 @@ MenuWindow {
         Accessible.name: qsTr("Menu")
 
         Repeater {
-            model: root.entries ? root.entries.titles : []
+            model: root.entries ? root.entries.lines : []
 
-            MenuRow {
+            Item {
+                id: line
+
                 required property int index
-                required property string modelData
+                required property var modelData
+                readonly property real dividerHeight: modelData.followsDivider ? 9 : 0
 
-                title: modelData
-                symbol: root.entries.symbols[index] ?? ""
-                indent: root.entries.symbols.length > 0 ? 16 : 0
-                isHighlighted: root.highlighted === index
-                onEntered: root.highlighted = index
-                onPicked: root.pick(index)
+                width: Math.max(rows.implicitWidth, implicitWidth)
+                implicitWidth: row.implicitWidth
+                implicitHeight: row.implicitHeight + dividerHeight
+
+                Divider {
+                    visible: line.modelData.followsDivider
+                    x: 6
+                    y: 4
+                    width: parent.width - 12
+                }
+                MenuRow {
+                    id: row
+                    y: line.dividerHeight
+                    width: parent.width
+                    title: line.modelData.title
+                    isChecked: line.modelData.isChecked
+                    isDestructive: line.modelData.isDestructive
+                    isHighlighted: root.highlighted === line.index
+                    onEntered: root.highlighted = line.index
+                    onPicked: root.pick(line.index)
+                }
             }
         }
     }

@@ -1,7 +1,8 @@
 import QtQuick
 import Orvelle
 
-// The panel's tabs, equally wide. Left and right move the keyboard from tab to tab.
+// The panel's tabs, equally wide. The keyboard enters at the active one; left and right move it from
+// tab to tab.
 FocusScope {
     id: root
 
@@ -10,6 +11,7 @@ FocusScope {
     property real cornerRadius
     signal selected(string id)
 
+    activeFocusOnTab: true
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Panels")
 
@@ -28,7 +30,7 @@ FocusScope {
             width: Math.round((index + 1) * step - root.spacing) - x
             height: root.height
             radius: root.cornerRadius
-            focus: entry.isActive
+            focus: entry.isActive || index === 0 // the last to say so has it
             onClicked: root.selected(entry.id)
             Keys.onLeftPressed: root.focusTab(index - 1)
             Keys.onRightPressed: root.focusTab(index + 1)

@@ -7,11 +7,11 @@ Rectangle {
 
     property var tab
     readonly property alias isHovered: pointer.containsMouse
+    readonly property string helpText: tab.label
     signal clicked
 
     objectName: "tab." + tab.id
     color: tab.background
-    activeFocusOnTab: true
     Accessible.role: Accessible.PageTab
     Accessible.name: tab.label
     Accessible.selectable: true

@@ -1,8 +1,8 @@
 import QtQuick
 import Orvelle
 
-// Widgets of one zone of the hover bar, with a separator between each two if there is one. A
-// widget that can be cut short takes up whatever the row lacks of the available width.
+// Widgets of one zone of the hover bar, with a separator between each two if there is one. Where
+// the available width does not do, the titles are cut, the longest first.
 Row {
     id: root
 
@@ -11,14 +11,19 @@ Row {
     property Component separator
     property real available
     signal picked(string panel)
+    signal playPause
 
-    readonly property real lacking: {
-        let needed = -spacing
+    readonly property real titleCap: {
+        const titles = []
+        let room = available + spacing
         for (let index = 0; index < widgets.count; ++index) {
             const cell = widgets.itemAt(index)
-            needed += cell ? cell.naturalWidth + spacing : 0
+            if (!cell)
+                continue
+            titles.push(cell.titleWidth)
+            room -= cell.naturalWidth - cell.titleWidth + spacing
         }
-        return Math.max(0, needed - available)
+        return Style.widthCap(titles, room)
     }
 
     Repeater {
@@ -29,6 +34,7 @@ Row {
 
             required property var entry
             required property int index
+            readonly property real titleWidth: widget.titleWidth
             readonly property real naturalWidth: widget.naturalWidth
                     + (line.active ? root.spacing + line.width : 0)
 
@@ -39,9 +45,10 @@ Row {
             HoverWidget {
                 id: widget
                 widget: cell.entry
-                width: naturalWidth - (cell.entry.truncatesTail ? root.lacking : 0)
+                width: naturalWidth - Math.max(0, titleWidth - root.titleCap)
                 anchors.verticalCenter: parent.verticalCenter
-                onClicked: root.picked(cell.entry.panel)
+                onPicked: root.picked(cell.entry.panel)
+                onPlayPause: root.playPause()
             }
             Loader {
                 id: line

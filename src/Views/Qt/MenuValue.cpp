@@ -2,19 +2,20 @@
 
 namespace orvelle {
 
+QVariantList MenuValue::lines() const {
+    QVariantList lines;
+    for (const auto& entry : entries)
+        lines.append(
+            QVariant::fromValue(MenuLineValue{QString::fromStdString(entry.title), entry.isChecked,
+                                              entry.isDestructive, entry.followsDivider}));
+    return lines;
+}
+
 QStringList MenuValue::titles() const {
     QStringList titles;
     for (const auto& entry : entries)
         titles.append(QString::fromStdString(entry.title));
     return titles;
-}
-
-QStringList MenuValue::symbols() const {
-    QStringList symbols;
-    for (const auto& entry : entries)
-        symbols.append(
-            QString::fromUtf8(entry.symbol.data(), static_cast<int>(entry.symbol.size())));
-    return symbols.join(QString()).isEmpty() ? QStringList() : symbols;
 }
 
 void MenuValue::perform(int row) const {

@@ -1,6 +1,12 @@
 #include "Views/Qt/NotchShapeItem.h"
 
 #include <QPainter>
+#include <QTransform>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+#include <vector>
 
 namespace orvelle {
 
@@ -31,6 +37,22 @@ void add(QPainterPath& path, const PathElement& element) {
     case PathElement::Kind::close:
         return path.closeSubpath();
     }
+}
+
+/// Where a level line enters the outline and leaves it; empty where it passes by.
+std::pair<double, double> extentAt(double y, const QPolygonF& outline) {
+    double left = std::numeric_limits<int>::max();
+    double right = 0;
+    for (qsizetype index = 1; index < outline.size(); ++index) {
+        const QPointF from = outline[index - 1];
+        const QPointF to = outline[index];
+        if ((from.y() < y) == (to.y() < y))
+            continue;
+        const double x = from.x() + (to.x() - from.x()) * (y - from.y()) / (to.y() - from.y());
+        left = std::min(left, x);
+        right = std::max(right, x);
+    }
+    return {left, right};
 }
 
 } // namespace
@@ -71,7 +93,22 @@ QPainterPath NotchShapeItem::path() const {
 }
 
 QRegion NotchShapeItem::region() const {
-    return QRegion(path().toFillPolygon().toPolygon());
+    // Curves become lines at a multiple of the size, or the corners would look cut off.
+    constexpr double detail = 8;
+    const QPolygonF outline = path().toFillPolygon(QTransform::fromScale(detail, detail));
+    std::vector<QRect> bands; // rows of the same extent are one
+    for (int y = 0; y < qRound(height()); ++y) {
+        const auto [left, right] = extentAt((y + 0.5) * detail, outline);
+        const QRect row(QPoint(qRound(left / detail), y), QPoint(qRound(right / detail) - 1, y));
+        if (!bands.empty() && bands.back().left() == row.left() &&
+            bands.back().right() == row.right())
+            bands.back().setBottom(y);
+        else if (row.isValid())
+            bands.push_back(row);
+    }
+    QRegion region;
+    region.setRects(bands.data(), static_cast<int>(bands.size()));
+    return region;
 }
 
 void NotchShapeItem::paint(QPainter* painter) {

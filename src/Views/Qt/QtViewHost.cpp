@@ -4,6 +4,7 @@
 #include "Platform/Qt/QuickPanel.h"
 #include "Views/Qt/Face.h"
 #include "Views/Qt/NotchShapeItem.h"
+#include "Views/Qt/QtAppWindow.h"
 
 #include <QGuiApplication>
 #include <QQmlComponent>
@@ -14,8 +15,7 @@
 
 namespace orvelle {
 
-QtViewHost::QtViewHost(Platform& platform, std::function<void()> openSettings)
-    : platform_(platform), openSettings_(std::move(openSettings)) {
+QtViewHost::QtViewHost(Platform& platform) : platform_(platform) {
     QGuiApplication::setFont(panelFace());
 }
 
@@ -35,11 +35,28 @@ void QtViewHost::showNotchContent(PanelWindow& window, const NotchEnvironment& e
     });
 }
 
+std::unique_ptr<AppWindow> QtViewHost::showSettings(const AppWindow::Description& description,
+                                                    const SettingsEnvironment& environment,
+                                                    std::function<void()> closed) {
+    return std::make_unique<QtAppWindow>(
+        description, ViewEnvironment{environment.notch, platform_, {}, environment, {}},
+        QStringLiteral("SettingsView"), std::move(closed));
+}
+
+std::unique_ptr<AppWindow> QtViewHost::showOnboarding(const AppWindow::Description& description,
+                                                      const NotchEnvironment& environment,
+                                                      std::function<void()> onComplete,
+                                                      std::function<void()> closed) {
+    return std::make_unique<QtAppWindow>(
+        description, ViewEnvironment{environment, platform_, {}, {}, std::move(onComplete)},
+        QStringLiteral("OnboardingView"), std::move(closed));
+}
+
 QQuickItem* QtViewHost::showNotchContent(QQuickWindow& window, const NotchEnvironment& environment,
                                          std::function<void()> takeKeyboard) {
     content_.reset();
     engine_ = std::make_unique<ViewEngine>(
-        ViewEnvironment{environment, platform_, std::move(takeKeyboard), openSettings_});
+        ViewEnvironment{environment, platform_, std::move(takeKeyboard)});
     QQmlComponent component(engine_.get(),
                             QUrl(QStringLiteral("qrc:/Orvelle/NotchContentView.qml")));
     content_.reset(qobject_cast<QQuickItem*>(component.create()));

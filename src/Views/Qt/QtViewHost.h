@@ -17,11 +17,17 @@ namespace orvelle {
 /// draws nothing. Needs the application object to exist.
 class QtViewHost : public ViewHost {
 public:
-    /// `openSettings` opens the settings window; without it no menu offers it.
-    explicit QtViewHost(Platform& platform, std::function<void()> openSettings = {});
+    explicit QtViewHost(Platform& platform);
     ~QtViewHost() override;
 
     void showNotchContent(PanelWindow& window, const NotchEnvironment& environment) override;
+    std::unique_ptr<AppWindow> showSettings(const AppWindow::Description& description,
+                                            const SettingsEnvironment& environment,
+                                            std::function<void()> closed) override;
+    std::unique_ptr<AppWindow> showOnboarding(const AppWindow::Description& description,
+                                              const NotchEnvironment& environment,
+                                              std::function<void()> onComplete,
+                                              std::function<void()> closed) override;
 
     /// The same for a bare window, which must outlive this host. Replaces what was shown before.
     /// `takeKeyboard` gives the keyboard to that window.
@@ -30,7 +36,6 @@ public:
 
 private:
     Platform& platform_;
-    const std::function<void()> openSettings_;
     std::unique_ptr<ViewEngine> engine_;
     std::unique_ptr<QQuickItem> content_;
 };

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "Extensions/ColorTheme.h"
+#include "Extensions/ViewModifiers.h"
+#include "Views/Components/RowFit.h"
 #include "Views/Qt/Binding.h"
 #include "Views/Qt/Face.h"
 #include "Views/Qt/Values.h"
@@ -14,11 +16,12 @@ struct PopupStyle {
     static constexpr Color edgeColor = Color::white(1, 0.14);
     static constexpr Color highlightColor = Color::white(1, 0.14);
     static constexpr Color textColor = Color::white(1, 0.9);
+    static constexpr Color destructiveColor = colors::red;
     static constexpr Color focusColor = Color::white(1, 0.45);
     static constexpr Color selectionColor = colors::blue.withAlpha(0.55);
 };
 
-/// The constants of the shared components, for QML.
+/// The constants and small rules of the shared components, for QML.
 class Style : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -30,6 +33,7 @@ class Style : public QObject {
     ORVELLE_CONSTANT(QColor, edgeColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, highlightColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, textColor, PopupStyle)
+    ORVELLE_CONSTANT(QColor, destructiveColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, focusColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, selectionColor, PopupStyle)
     Q_PROPERTY(QColor dividerColor READ dividerColor CONSTANT FINAL)
@@ -39,6 +43,8 @@ class Style : public QObject {
     Q_PROPERTY(double fillDampingFraction READ fillDampingFraction CONSTANT FINAL)
     Q_PROPERTY(double thumbResponse READ thumbResponse CONSTANT FINAL)
     Q_PROPERTY(double thumbDampingFraction READ thumbDampingFraction CONSTANT FINAL)
+    Q_PROPERTY(double fadeInResponse READ fadeInResponse CONSTANT FINAL)
+    Q_PROPERTY(double fadeInDampingFraction READ fadeInDampingFraction CONSTANT FINAL)
 
 public:
     QColor dividerColor() const { return toQt(Divider::color); }
@@ -51,9 +57,20 @@ public:
     double fillDampingFraction() const { return AnimatedSlider::fillSpring.dampingFraction; }
     double thumbResponse() const { return AnimatedSlider::thumbSpring.response; }
     double thumbDampingFraction() const { return AnimatedSlider::thumbSpring.dampingFraction; }
+    double fadeInResponse() const { return FadeInModifier::spring.response; }
+    double fadeInDampingFraction() const { return FadeInModifier::spring.dampingFraction; }
 
     Q_INVOKABLE double thumbScale(bool isDragging) const {
         return AnimatedSlider::thumbScale(isDragging);
+    }
+    Q_INVOKABLE double fadeInOpacity(double presence) const {
+        return FadeInModifier::opacity(presence);
+    }
+    Q_INVOKABLE double fadeInOffset(double presence) const {
+        return FadeInModifier::offset(presence);
+    }
+    Q_INVOKABLE double widthCap(const QList<double>& widths, double room) const {
+        return orvelle::widthCap({widths.begin(), widths.end()}, room);
     }
 };
 

@@ -32,6 +32,10 @@ QColor SliderValue::tintColor() const {
     return toQt(slider.tintColor);
 }
 
+QString SliderValue::levelText() const {
+    return toQt(std::string_view(slider.levelText()));
+}
+
 QString toQt(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }

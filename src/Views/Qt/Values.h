@@ -97,6 +97,7 @@ struct SliderValue {
     Q_GADGET
     Q_PROPERTY(double value READ value)
     Q_PROPERTY(double fraction READ fraction)
+    Q_PROPERTY(QString levelText READ levelText)
     Q_PROPERTY(double lowerBound READ lowerBound)
     Q_PROPERTY(double upperBound READ upperBound)
     Q_PROPERTY(QColor tintColor READ tintColor)
@@ -108,12 +109,14 @@ public:
     AnimatedSlider slider;
     double value() const { return slider.value; }
     double fraction() const { return slider.fraction(); }
+    QString levelText() const;
     double lowerBound() const { return slider.lowerBound; }
     double upperBound() const { return slider.upperBound; }
     QColor tintColor() const;
     double height() const { return slider.height; }
     bool showThumb() const { return slider.showThumb; }
     double thumbDiameter() const { return slider.thumbDiameter(); }
+    Q_INVOKABLE double thumbOffset(double width) const { return slider.thumbOffset(width); }
     Q_INVOKABLE double valueAt(double x, double width) const { return slider.valueAt(x, width); }
     bool operator==(const SliderValue&) const = default;
 };

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "Core/NotchEnvironment.h"
+#include "Core/SettingsEnvironment.h"
 #include "Platform/Platform.h"
 
 #include <QQmlEngine>
 
 #include <functional>
+#include <optional>
 
 namespace orvelle {
 
@@ -14,8 +16,9 @@ struct ViewEnvironment {
     NotchEnvironment notch;
     Platform& platform;
     /// Gives the keyboard to the window, for a field that was pressed; empty without such a window.
-    std::function<void()> takeKeyboard;
-    std::function<void()> openSettings; ///< empty when there is no settings window to open
+    std::function<void()> takeKeyboard = {};
+    std::optional<SettingsEnvironment> settings = {}; ///< of the settings' window
+    std::function<void()> completeOnboarding = {};    ///< of the wizard's window
 };
 
 /// A QML engine whose views share one environment. Several may live in one process.

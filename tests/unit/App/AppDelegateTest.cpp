@@ -36,6 +36,7 @@ TEST_F(AppDelegateTest, ANormalLaunchLogsItsStepsInOrder) {
         "  Screen[0]: Simulated Display, frame={{0, 0}, {1512, 982}}, safeArea.top=0.000000",
         "Setting up status bar (before activation policy change)",
         "Setting up status bar",
+        "Status bar icon set",
         "Activation policy set to .accessory",
         "Normal launch — onboarding completed previously",
         "NotchDetector: hasNotch=false, size=180.000000x24.000000, pos=(666.000000, 958.000000), "
@@ -48,8 +49,23 @@ TEST_F(AppDelegateTest, ANormalLaunchLogsItsStepsInOrder) {
     EXPECT_TRUE(notchIsShown());
 }
 
-TEST_F(AppDelegateTest, AFirstLaunchGoesThroughTheSetupAndRemembersIt) {
+TEST_F(AppDelegateTest, AFirstLaunchBringsUpNothingButStatusItemUpdateCheckerAndWizard) {
     app.applicationDidFinishLaunching();
+    EXPECT_EQ(logged().back(), "First launch — showing onboarding");
+    EXPECT_EQ(platform.statusBarPort.itemCount, 1);
+    EXPECT_TRUE(views.onboarding.isShown);
+    EXPECT_EQ(views.onboarding.description.title, "Welcome to Orvelle");
+    EXPECT_EQ(views.onboarding.description.contentSize, (Size{480, 380}));
+    EXPECT_EQ(platform.applicationPort.policies, (Policies{accessory, regular}));
+    EXPECT_EQ(app.notchWindowController, nullptr);
+    EXPECT_FALSE(app.batteryManager.updateTimer);
+    EXPECT_FALSE(app.timeManager.timer);
+    EXPECT_EQ(defaults().storedBoolean("hasCompletedOnboarding"), std::nullopt);
+}
+
+TEST_F(AppDelegateTest, TheEndOfTheFirstWizardBringsUpNotchAndFeatures) {
+    app.applicationDidFinishLaunching();
+    views.onboarding.onComplete();
     const auto messages = logged();
     const std::vector<std::string> wanted{"First launch — showing onboarding",
                                           "Completing post-onboarding setup",
@@ -60,8 +76,56 @@ TEST_F(AppDelegateTest, AFirstLaunchGoesThroughTheSetupAndRemembersIt) {
         EXPECT_NE(from, messages.end()) << message;
     }
     EXPECT_EQ(defaults().storedBoolean("hasCompletedOnboarding"), true);
-    EXPECT_EQ(platform.applicationPort.policies, (Policies{accessory, accessory}));
+    EXPECT_FALSE(views.onboarding.isShown);
+    EXPECT_EQ(platform.applicationPort.policies, (Policies{accessory, regular, accessory}));
     EXPECT_TRUE(notchIsShown());
+    EXPECT_TRUE(app.batteryManager.updateTimer);
+}
+
+TEST_F(AppDelegateTest, ClosingTheFirstWizardCountsAsFinishingIt) {
+    app.applicationDidFinishLaunching();
+    views.onboarding.close();
+    EXPECT_EQ(defaults().storedBoolean("hasCompletedOnboarding"), true);
+    EXPECT_EQ(app.onboardingWindow, nullptr);
+    EXPECT_TRUE(notchIsShown());
+    EXPECT_TRUE(app.timeManager.timer);
+    EXPECT_EQ(platform.applicationPort.policies, (Policies{accessory, regular, accessory}));
+}
+
+TEST_F(AppDelegateTest, TheWizardRunAgainLeavesTheNotchUntouched) {
+    launchNormally();
+    const auto* controller = app.notchWindowController.get();
+    app.runSetupWizard();
+    EXPECT_EQ(defaults().storedBoolean("hasCompletedOnboarding"), false);
+    app.runSetupWizard();
+    EXPECT_EQ(views.onboarding.madeCount, 1);
+    EXPECT_EQ(views.onboarding.frontCount, 1) << "the open one comes to the front";
+    views.onboarding.onComplete();
+    EXPECT_EQ(defaults().storedBoolean("hasCompletedOnboarding"), true);
+    EXPECT_EQ(app.notchWindowController.get(), controller);
+    EXPECT_EQ(platform.panelWindowsPort.count, 1);
+    EXPECT_EQ(platform.userNotificationsPort.authorizationRequests, 1) << "no second setup";
+}
+
+TEST_F(AppDelegateTest, SettingsTwiceIsOneWindowBroughtToTheFront) {
+    launchNormally();
+    app.openSettings();
+    EXPECT_EQ(views.settings.description.title, "Orvelle Settings");
+    EXPECT_EQ(views.settings.description.contentSize, (Size{500, 400}));
+    EXPECT_EQ(platform.applicationPort.policies, (Policies{accessory, regular}));
+    app.openSettings();
+    EXPECT_EQ(views.settings.madeCount, 1);
+    EXPECT_EQ(views.settings.frontCount, 1);
+}
+
+TEST_F(AppDelegateTest, ClosedSettingsTurnTheProcessIntoAnAccessoryAndCanBeOpenedAgain) {
+    launchNormally();
+    app.openSettings();
+    views.settings.close();
+    EXPECT_EQ(platform.applicationPort.policies.back(), accessory);
+    app.openSettings();
+    EXPECT_EQ(views.settings.madeCount, 2);
+    EXPECT_TRUE(views.settings.isShown);
 }
 
 TEST_F(AppDelegateTest, RequireRealNotchWithoutANotchAlertsAtLaunchAndAgainAfterRetry) {
@@ -181,6 +245,34 @@ TEST_F(AppDelegateTest, ASwitchedOffFeatureRunsNoTimerAndAsksNothing) {
     EXPECT_EQ(platform.powerSourcesPort.snapshotCount, 0);
     EXPECT_EQ(platform.hostStatisticsPort.readCount, 0);
     EXPECT_EQ(platform.smcPort.openCount, 0);
+}
+
+TEST_F(AppDelegateTest, AFeatureFollowsItsSettingWhileTheProgramRuns) {
+    launchNormally();
+    defaults().set("systemMonitorEnabled", true);
+    runPosted();
+    EXPECT_TRUE(app.systemMonitorManager.isEnabled);
+    EXPECT_TRUE(app.systemMonitorManager.updateTimer);
+    defaults().set("systemMonitorEnabled", false);
+    runPosted();
+    EXPECT_FALSE(app.systemMonitorManager.isEnabled);
+    EXPECT_FALSE(app.systemMonitorManager.updateTimer);
+    EXPECT_EQ(app.systemMonitorManager.previousCPUInfo, std::nullopt);
+}
+
+TEST_F(AppDelegateTest, AnotherSettingsChangeLeavesTheFeaturesAlone) {
+    launchNormally();
+    app.batteryManager.isEnabled = false; // as the program itself may do
+    defaults().set("customAccentHue", 0.3);
+    runPosted();
+    EXPECT_FALSE(app.batteryManager.isEnabled);
+}
+
+TEST_F(AppDelegateTest, WhileTheFirstWizardIsOpenNoSettingStartsAFeature) {
+    app.applicationDidFinishLaunching();
+    defaults().set("systemMonitorEnabled", true);
+    runPosted();
+    EXPECT_FALSE(app.systemMonitorManager.updateTimer);
 }
 
 TEST_F(AppDelegateTest, TerminationEndsEveryTimerOfAFeature) {

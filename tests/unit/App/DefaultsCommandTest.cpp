@@ -1,4 +1,5 @@
 #include "App/DefaultsCommand.h"
+
 #include "Platform/FileUserDefaults.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"

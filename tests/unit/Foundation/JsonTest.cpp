@@ -26,6 +26,9 @@ TEST(Json, ReadsEveryKindOfValue) {
     EXPECT_EQ(json->find("b")->find("c")->integer(), -3);
     EXPECT_EQ(json->find("missing"), nullptr);
     EXPECT_EQ(list[0].find("a"), nullptr);
+    EXPECT_EQ(json->member("b"), *json->find("b"));
+    EXPECT_EQ(json->member("missing"), Json());
+    EXPECT_EQ(list[0].member("a"), Json());
 }
 
 TEST(Json, WhatIsWrittenReadsBackEqual) {

@@ -32,6 +32,28 @@ TEST(IcuFormatting, DateFollowsDaylightSaving) {
     EXPECT_EQ(english.secondsFromGMT({"Asia/Kolkata"}, summer), 19800);
 }
 
+TEST(IcuFormatting, ShortTimesFollowTheUsersCustoms) {
+    EXPECT_EQ(IcuFormatting("en_US").shortTime(winter, newYork), "7:00\u202fAM");
+    EXPECT_EQ(IcuFormatting("de_DE").shortTime(winter, newYork), "07:00");
+}
+
+TEST(IcuFormatting, RelativeTimesTakeTheLargestWholeUnit) {
+    const IcuFormatting english("en_US");
+    const auto text = [&](Seconds distance) {
+        return english.relativeTime(winter + distance, winter);
+    };
+    EXPECT_EQ(text(30), "in 30 sec.");
+    EXPECT_EQ(text(90), "in 1 min.");
+    EXPECT_EQ(text(3599), "in 59 min.");
+    EXPECT_EQ(text(3600), "in 1 hr.");
+    EXPECT_EQ(text(26 * 3600), "in 1 day");
+    EXPECT_EQ(text(15 * 86400.0), "in 2 wk.");
+    EXPECT_EQ(text(-5 * 60), "5 min. ago");
+    EXPECT_EQ(text(-800 * 86400.0), "2 yr. ago");
+    EXPECT_EQ(text(HUGE_VAL), "");
+    EXPECT_EQ(IcuFormatting("de_DE").relativeTime(winter + 7200, winter), "in 2 Std.");
+}
+
 TEST(IcuFormatting, DateThatIsNoneGivesNoText) {
     const IcuFormatting english("en_US");
     EXPECT_EQ(english.date({std::nan("")}, "H:mm", newYork), "");

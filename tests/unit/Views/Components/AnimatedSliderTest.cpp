@@ -18,6 +18,12 @@ TEST(AnimatedSliderTest, TheFractionStaysBetweenTheEnds) {
     EXPECT_EQ(slider(30).fillWidth(200), 50);
 }
 
+TEST(AnimatedSliderTest, TheLevelIsSaidInWholePercentOfTheRange) {
+    EXPECT_EQ(slider(30).levelText(), "25%");
+    EXPECT_EQ(slider(99).levelText(), "100%");
+    EXPECT_EQ(slider(33.3).levelText(), "33%");
+}
+
 TEST(AnimatedSliderTest, ADragBeyondEitherEndStopsAtTheBound) {
     EXPECT_EQ(slider(30).valueAt(-40, 200), 20);
     EXPECT_EQ(slider(30).valueAt(50, 200), 30);

@@ -1,0 +1,147 @@
+#include "Features/FileShelf/FileShelfView.h"
+
+#include "Features/FileShelf/AirDropHelper.h"
+#include "Features/FileShelf/FileShelfManager.h"
+#include "Models/Symbol.h"
+#include "Platform/FileViewer.h"
+#include "Platform/Pasteboard.h"
+#include "Platform/RunLoop.h"
+#include "Platform/Workspace.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace orvelle {
+
+namespace {
+
+// The sizes of the system's text styles.
+constexpr double title3 = 15;
+constexpr double caption = 10;
+
+} // namespace
+
+int AdaptiveColumns::count(double width) const {
+    return std::max(1, static_cast<int>(std::floor((width + spacing) / (minimum + spacing))));
+}
+
+double AdaptiveColumns::columnWidth(double width) const {
+    const int columns = count(width);
+    return (width - spacing * (columns - 1)) / columns;
+}
+
+FileShelfView::FileShelfView(FileShelfManager& manager, Platform& platform)
+    : manager_(manager), platform_(platform) {}
+
+bool FileShelfView::isEmpty() const {
+    return manager_.items->empty();
+}
+
+StyledSymbol FileShelfView::emptySymbol() const {
+    return {"arrow.down.doc"_symbol, title3, notchTertiary};
+}
+
+StyledText FileShelfView::emptyText() const {
+    return {"Drop files here", {caption, FontWeight::regular, notchTertiary}};
+}
+
+Color FileShelfView::dropOutlineColor(bool isDragSessionActive) const {
+    return isDragSessionActive ? notchAccent : notchTertiary;
+}
+
+std::vector<ShelfItemCell> FileShelfView::cells() const {
+    std::vector<ShelfItemCell> cells;
+    for (const auto& item : manager_.items.get())
+        cells.push_back(
+            {item.id,
+             item.icon,
+             {item.name, {ShelfItemCell::nameSize, FontWeight::regular, notchSecondary}}});
+    return cells;
+}
+
+StyledSymbol FileShelfView::shareAllSymbol() const {
+    return {"square.and.arrow.up"_symbol, caption, colors::white};
+}
+
+StyledText FileShelfView::shareAllText() const {
+    return {"Share All", {caption, FontWeight::regular, colors::white}};
+}
+
+void FileShelfView::shareAll() {
+    std::vector<std::string> urls;
+    for (const auto& item : manager_.items.get())
+        urls.push_back(item.url);
+    AirDropHelper::share(urls, {}, platform_);
+}
+
+const ShelfItem* FileShelfView::item(UUID id) const {
+    const auto found = std::ranges::find(manager_.items.get(), id, &ShelfItem::id);
+    return found == manager_.items->end() ? nullptr : &*found;
+}
+
+void FileShelfView::open(UUID id) {
+    if (const auto* file = item(id))
+        platform_.workspace().open(file->url);
+}
+
+void FileShelfView::showInFinder(UUID id) {
+    if (const auto* file = item(id))
+        platform_.fileViewer().select({file->url});
+}
+
+void FileShelfView::copy(UUID id) {
+    if (const auto* file = item(id))
+        platform_.pasteboard().writeFiles({file->url});
+}
+
+void FileShelfView::share(UUID id) {
+    if (const auto* file = item(id))
+        AirDropHelper::share({file->url}, {}, platform_);
+}
+
+void FileShelfView::remove(UUID id) {
+    if (const auto* file = item(id))
+        manager_.removeFile(ShelfItem(*file));
+}
+
+std::vector<MenuEntry> FileShelfView::contextMenu(UUID id) const {
+    // The menu may outlive the view that opened it.
+    const auto act = [&manager = manager_, &platform = platform_,
+                      id](void (FileShelfView::*action)(UUID)) {
+        return
+            [&manager, &platform, id, action] { (FileShelfView(manager, platform).*action)(id); };
+    };
+    return {
+        {"Open", act(&FileShelfView::open)},
+        {"Show in Finder", act(&FileShelfView::showInFinder)},
+        {"Copy", act(&FileShelfView::copy)},
+        {"Share...", act(&FileShelfView::share)},
+        {.title = "Remove",
+         .perform = act(&FileShelfView::remove),
+         .isDestructive = true,
+         .followsDivider = true},
+    };
+}
+
+std::optional<FileShelfView::ItemProvider> FileShelfView::dragItem(UUID id) const {
+    const auto* file = item(id);
+    if (!file)
+        return std::nullopt;
+    return ItemProvider{file->url, file->name};
+}
+
+bool FileShelfView::handleDrop(const std::vector<DroppedProvider>& providers) {
+    const auto take = [&manager = manager_, &platform = platform_](DroppedProvider::Item item) {
+        const auto* url = std::get_if<DroppedProvider::URL>(&item);
+        const auto* data = std::get_if<DroppedProvider::DataRepresentation>(&item);
+        if (!url && !data)
+            return;
+        platform.runLoop().post(
+            [&manager, address = url ? url->url : data->bytes] { manager.addFile(address); });
+    };
+    for (const auto& provider : providers)
+        provider.loadItem(take);
+    return !providers.empty();
+}
+
+} // namespace orvelle

@@ -1,0 +1,85 @@
+import QtQuick
+import Orvelle
+
+// The shelf: a grid of files, or the place to drop them.
+FocusScope {
+    id: root
+
+    FileShelfBinding {
+        id: shelf
+    }
+    Loader {
+        anchors.fill: parent
+        focus: true
+        sourceComponent: shelf.isEmpty ? emptyState : shelfGrid
+    }
+
+    Component {
+        id: emptyState
+
+        Item {
+            DropOutline {
+                objectName: "dropOutline"
+                anchors.verticalCenter: parent.verticalCenter
+                x: shelf.emptyPadding
+                width: parent.width - 2 * x
+                height: shelf.emptyHeight
+                radius: shelf.emptyCornerRadius
+                lineWidth: shelf.emptyLineWidth
+                dash: shelf.emptyDash
+                color: shelf.dropOutlineColor
+
+                Column {
+                    anchors.centerIn: parent
+                    spacing: shelf.emptySpacing
+
+                    PanelSymbol {
+                        content: shelf.emptySymbol
+                        anchors.horizontalCenter: parent.horizontalCenter
+                    }
+                    PanelText {
+                        objectName: "emptyText"
+                        content: shelf.emptyText
+                        anchors.horizontalCenter: parent.horizontalCenter
+                    }
+                }
+            }
+        }
+    }
+    Component {
+        id: shelfGrid
+
+        FocusScope {
+            ShelfGrid {
+                id: grid
+                objectName: "shelfGrid"
+                view: shelf
+                focus: true
+                x: shelf.gridPadding
+                columnsWidth: parent.width - 2 * x
+                anchors.top: parent.top
+                anchors.bottom: shareAll.top
+                anchors.bottomMargin: shelf.spacing
+            }
+            PlainButton {
+                id: shareAll
+                objectName: "shareAll"
+                symbol: shelf.shareAllSymbol
+                label: shelf.shareAllText
+                anchors.horizontalCenter: parent.horizontalCenter
+                anchors.bottom: parent.bottom
+                anchors.bottomMargin: shelf.shareAllBottomPadding
+                onClicked: shelf.shareAll()
+            }
+            DropOutline {
+                objectName: "dropHighlight"
+                anchors.fill: parent
+                visible: shelf.isDropAwaited
+                radius: shelf.emptyCornerRadius
+                lineWidth: shelf.emptyLineWidth
+                dash: shelf.emptyDash
+                color: shelf.dropOutlineColor
+            }
+        }
+    }
+}

@@ -1,0 +1,77 @@
+import QtQuick
+import Orvelle
+
+// The shelf's files in columns. Arrow keys move the focus, and the keys beside do what the pointer
+// does.
+GridView {
+    id: root
+
+    property FileShelfBinding view
+    property real columnsWidth
+    readonly property string currentId: currentItem ? currentItem.entry.id : ""
+
+    clip: true
+    interactive: false // a press drags a file, not the grid
+    keyNavigationEnabled: true
+    activeFocusOnTab: true
+    model: view.cells
+    // Each cell bears the gap behind it, so the last gap of a row lies outside. What is taken off
+    // keeps a rounded sum from being wider than the row.
+    width: columnsWidth + view.columnSpacing
+    cellWidth: view.columnWidth(columnsWidth) + view.columnSpacing - 0.001
+    cellHeight: 2 * view.cellPadding + view.iconSize + view.cellSpacing
+                + Math.ceil(nameMetrics.height) + view.gridSpacing
+    Accessible.role: Accessible.List
+    Accessible.name: qsTr("Files")
+
+    Keys.onReturnPressed: view.open(currentId)
+    Keys.onEnterPressed: view.open(currentId)
+    Keys.onSpacePressed: view.open(currentId)
+    Keys.onDeletePressed: view.remove(currentId)
+    Keys.onMenuPressed: openMenu()
+    Keys.onPressed: event => {
+        if (event.matches(StandardKey.Copy))
+            view.copy(currentId)
+        else if (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)
+            openMenu()
+        else
+            return
+        event.accepted = true
+    }
+    function openMenu() {
+        if (currentItem)
+            currentItem.openMenu()
+    }
+
+    delegate: ShelfItemCell {
+        view: root.view
+        width: root.cellWidth - root.view.columnSpacing
+        height: root.cellHeight - root.view.gridSpacing
+    }
+    remove: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: root.view.removalDuration * 1000
+            easing.type: Easing.InOutQuad
+        }
+    }
+    displaced: Transition {
+        NumberAnimation {
+            properties: "x,y"
+            duration: root.view.removalDuration * 1000
+            easing.type: Easing.InOutQuad
+        }
+    }
+
+    WheelHandler {
+        onWheel: event => {
+            const lowest = Math.max(0, root.contentHeight - root.height)
+            root.contentY = Math.max(0, Math.min(lowest, root.contentY - event.angleDelta.y / 3))
+        }
+    }
+    FontMetrics {
+        id: nameMetrics
+        font.pixelSize: root.view.nameSize
+    }
+}

@@ -1,0 +1,163 @@
+#include "Features/Media/MediaManager.h"
+#include "Features/Media/MediaScripts.h"
+#include "Features/Media/MediaTime.h"
+#include "Foundation/Format.h"
+#include "Platform/ImageCodec.h"
+#include "Platform/RunningApplications.h"
+#include "Platform/ScriptExecutor.h"
+#include "Platform/Workspace.h"
+
+#include <utility>
+
+namespace orvelle {
+
+namespace {
+
+std::string textOf(const NotificationUserInfo& info, std::string_view key) {
+    const auto found = info.find(key);
+    const auto* text = found == info.end() ? nullptr : std::get_if<std::string>(&found->second);
+    return text ? *text : std::string();
+}
+
+double numberOf(const NotificationUserInfo& info, std::string_view key) {
+    const auto found = info.find(key);
+    if (found == info.end())
+        return 0;
+    if (const auto* whole = std::get_if<std::int64_t>(&found->second))
+        return static_cast<double>(*whole);
+    const auto* real = std::get_if<double>(&found->second);
+    return real ? *real : 0;
+}
+
+AppleScriptMediaInfo spotifyInfo(const NotificationUserInfo& info, const std::string& state) {
+    constexpr double millisecondsPerSecond = 1000;
+    return {.title = textOf(info, "Name"),
+            .artist = textOf(info, "Artist"),
+            .album = textOf(info, "Album"),
+            .duration = mediaTime(numberOf(info, "Duration") / millisecondsPerSecond),
+            .elapsed = mediaTime(numberOf(info, "Playback Position")),
+            .isPlaying = state == "Playing",
+            .bundleID = std::string(MediaScripts::spotify),
+            .appName = "Spotify",
+            .artworkURL = {}};
+}
+
+} // namespace
+
+void MediaManager::fetchViaAppleScript() {
+    if (appleScriptSourceBundleID_ &&
+        !platform_.runningApplications().isRunning(*appleScriptSourceBundleID_)) {
+        log_.info(format("AppleScript source app %s is no longer running, clearing media",
+                         appleScriptSourceBundleID_->c_str()));
+        clearFallback();
+        return;
+    }
+    background_.run([&platform = platform_] { return MediaScripts::readPlayers(platform); },
+                    [this](const std::optional<AppleScriptMediaInfo>& info) {
+                        if (info) {
+                            applyAppleScriptInfo(*info);
+                        } else if (usingAppleScriptFallback_) {
+                            log_.info("No media app running, clearing AppleScript fallback state");
+                            clearFallback();
+                        }
+                    });
+}
+
+void MediaManager::applyAppleScriptInfo(const AppleScriptMediaInfo& info) {
+    consecutiveEmptyResponses_ = 0;
+    usingAppleScriptFallback_ = true;
+    appleScriptSourceBundleID_ = info.bundleID;
+    lastFetchedElapsed_ = info.elapsed;
+    lastFetchTime_ = platform_.runLoop().now();
+    const bool isOther = !isCurrent(info.title, info.artist);
+    currentMedia = MediaInfo{.title = info.title,
+                             .artist = info.artist,
+                             .album = info.album,
+                             .artwork = isOther ? std::nullopt : currentMedia->artwork,
+                             .isPlaying = info.isPlaying,
+                             .duration = info.duration,
+                             .elapsed = info.elapsed,
+                             .appBundleIdentifier = info.bundleID,
+                             .appName = info.appName};
+    if (isOther) {
+        fetchAppleScriptArtwork(info);
+        fetchLoveStatus();
+    }
+    followPosition(info.isPlaying);
+}
+
+void MediaManager::clearFallback() {
+    currentMedia = MediaInfo();
+    usingAppleScriptFallback_ = false;
+    appleScriptSourceBundleID_.reset();
+    lastArtworkTrackKey_.reset();
+    // Not 0, which would let the service's play state act on an empty display.
+    consecutiveEmptyResponses_ = 1;
+    elapsedTimer_.reset();
+}
+
+void MediaManager::spotifyDistributedNotification(
+    const std::optional<NotificationUserInfo>& userInfo) {
+    if (!userInfo)
+        return;
+    const auto state = textOf(*userInfo, "Player State");
+    if (state == "Stopped") {
+        log_.info("Spotify distributed notification: Stopped");
+        clearFallback();
+        return;
+    }
+    const auto info = spotifyInfo(*userInfo, state);
+    log_.debug(format("Spotify distributed notification: %s — %s - %s", state.c_str(),
+                      info.artist.c_str(), info.title.c_str()));
+    applyAppleScriptInfo(info);
+}
+
+void MediaManager::fetchAppleScriptArtwork(const AppleScriptMediaInfo& info) {
+    if (lastArtworkTrackKey_ == info.trackKey())
+        return;
+    lastArtworkTrackKey_ = info.trackKey();
+    background_.run(
+        [&platform = platform_, info] {
+            const auto bytes = MediaScripts::artwork(platform, info);
+            return bytes ? platform.imageCodec().decode(*bytes, coverSide) : std::nullopt;
+        },
+        [this, info](const std::optional<Image>& image) {
+            if (image)
+                showArtwork(info.title, info.artist, *image);
+        });
+}
+
+void MediaManager::showArtwork(const std::string& title, const std::string& artist,
+                               const Image& image) {
+    if (isCurrent(title, artist))
+        currentMedia.update([&](MediaInfo& media) { media.artwork = image; });
+}
+
+void MediaManager::toggleLove() {
+    if (currentMedia->appBundleIdentifier != MediaScripts::music)
+        return;
+    background_.run([&platform = platform_] { return MediaScripts::toggleLoved(platform); },
+                    [this](bool wasSent) {
+                        if (wasSent)
+                            isLoved = !isLoved;
+                    });
+}
+
+void MediaManager::fetchLoveStatus() {
+    if (currentMedia->appBundleIdentifier != MediaScripts::music) {
+        isLoved = false;
+        return;
+    }
+    background_.run([&platform = platform_] { return MediaScripts::isLoved(platform); },
+                    [this](bool loved) { isLoved = loved; });
+}
+
+void MediaManager::openSourceApp() {
+    const auto& app = currentMedia->appBundleIdentifier;
+    if (!app)
+        return;
+    if (const auto url = platform_.workspace().applicationUrl(*app))
+        platform_.workspace().open(*url);
+}
+
+} // namespace orvelle

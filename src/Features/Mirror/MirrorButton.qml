@@ -1,0 +1,31 @@
+import QtQuick
+import Orvelle
+
+// A shape to click on; what is drawn on it is its children.
+Rectangle {
+    id: root
+
+    property string helpText
+    readonly property alias isHovered: pointer.containsMouse
+    signal clicked
+
+    activeFocusOnTab: true
+    opacity: pointer.pressed ? 0.6 : 1
+    border.color: Style.focusColor
+    border.width: activeFocus ? 1 : 0
+    Accessible.role: Accessible.Button
+    Accessible.name: helpText
+    Accessible.focusable: true
+    Accessible.focused: activeFocus
+    Accessible.onPressAction: clicked()
+    Keys.onSpacePressed: clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    MouseArea {
+        id: pointer
+        anchors.fill: parent
+        hoverEnabled: true
+        onClicked: root.clicked()
+    }
+}

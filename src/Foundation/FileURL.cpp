@@ -1,0 +1,103 @@
+#include "Foundation/FileURL.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace orvelle::FileURL {
+
+namespace {
+
+constexpr std::string_view scheme = "file:";
+constexpr std::string_view digits = "0123456789ABCDEF";
+
+char lowered(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+bool equalIgnoringCase(std::string_view left, std::string_view right) {
+    return std::ranges::equal(left, right, {}, lowered, lowered);
+}
+
+/// What stands for itself in a path: the unreserved characters of RFC 3986 and the separator.
+bool standsForItself(char letter) {
+    constexpr std::string_view others = "-._~/";
+    return (lowered(letter) >= 'a' && lowered(letter) <= 'z') || (letter >= '0' && letter <= '9') ||
+           others.find(letter) != others.npos;
+}
+
+std::optional<int> hexadecimal(char digit) {
+    const auto value =
+        digits.find(digit >= 'a' && digit <= 'f' ? static_cast<char>(digit - 32) : digit);
+    return value == digits.npos ? std::nullopt : std::optional(static_cast<int>(value));
+}
+
+std::optional<std::string> unescaped(std::string_view text) {
+    std::string bytes;
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        if (text[index] != '%') {
+            bytes += text[index];
+            continue;
+        }
+        if (index + 2 >= text.size())
+            return std::nullopt;
+        const auto high = hexadecimal(text[index + 1]);
+        const auto low = hexadecimal(text[index + 2]);
+        if (!high || !low)
+            return std::nullopt;
+        bytes += static_cast<char>(*high * 16 + *low);
+        index += 2;
+    }
+    return bytes;
+}
+
+} // namespace
+
+std::string ofPath(std::string_view path) {
+    std::string url = "file://";
+    for (const char letter : path) {
+        if (standsForItself(letter)) {
+            url += letter;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(letter);
+        url += {'%', digits[byte >> 4], digits[byte & 15]};
+    }
+    return url;
+}
+
+std::optional<std::string> path(std::string_view url, std::string_view hostName) {
+    if (!equalIgnoringCase(url.substr(0, scheme.size()), scheme))
+        return std::nullopt;
+    url.remove_prefix(scheme.size());
+    if (url.starts_with("//")) {
+        url.remove_prefix(2);
+        const auto host = url.substr(0, url.find('/'));
+        if (!host.empty() && !equalIgnoringCase(host, "localhost") &&
+            !equalIgnoringCase(host, hostName))
+            return std::nullopt;
+        url.remove_prefix(host.size());
+    }
+    auto bytes = unescaped(url.substr(0, url.find_first_of("?#")));
+    if (!bytes || !bytes->starts_with('/') || bytes->find('\0') != bytes->npos)
+        return std::nullopt;
+    return bytes;
+}
+
+std::vector<std::string> list(std::string_view uriList, std::string_view hostName) {
+    std::vector<std::string> urls;
+    while (!uriList.empty()) {
+        const auto end = uriList.find_first_of("\r\n");
+        if (const auto file = path(uriList.substr(0, end), hostName))
+            urls.push_back(ofPath(*file));
+        uriList.remove_prefix(end == uriList.npos ? uriList.size() : end + 1);
+    }
+    return urls;
+}
+
+std::string lastPathComponent(std::string_view path) {
+    while (path.ends_with('/'))
+        path.remove_suffix(1);
+    return std::string(path.substr(path.rfind('/') + 1));
+}
+
+} // namespace orvelle::FileURL

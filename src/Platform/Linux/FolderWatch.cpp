@@ -1,0 +1,81 @@
+#include "Platform/Linux/FolderWatch.h"
+
+#include <sys/inotify.h>
+
+#include <cstring>
+#include <filesystem>
+#include <optional>
+#include <string_view>
+
+namespace orvelle {
+
+namespace {
+
+/// A file may be made complete, by a link: its making counts as well as its closing.
+constexpr std::uint32_t folderEvents = IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM |
+                                       IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+
+} // namespace
+
+FolderWatch::FolderWatch(std::function<void()> changed)
+    : changed_(std::move(changed)), inotify_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+    if (!inotify_)
+        return;
+    notifier_ = std::make_unique<QSocketNotifier>(inotify_.get(), QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
+                     [this] { readEvents(); });
+}
+
+void FolderWatch::setFolders(const std::vector<std::string>& folders) {
+    if (!inotify_)
+        return;
+    auto before = std::move(watched_);
+    watched_.clear();
+    for (std::filesystem::path folder : folders) {
+        std::optional<std::string> awaited;
+        while (true) {
+            const int number = inotify_add_watch(inotify_.get(), folder.c_str(), folderEvents);
+            if (number >= 0) {
+                const bool isNew = !watched_.contains(number);
+                auto& names = watched_[number];
+                if (!awaited)
+                    names.clear();
+                else if (isNew || !names.empty())
+                    names.insert(*awaited);
+                break;
+            }
+            if (!folder.has_relative_path())
+                break;
+            awaited = folder.filename().string();
+            folder = folder.parent_path();
+        }
+    }
+    for (const auto& [number, names] : before)
+        if (!watched_.contains(number))
+            inotify_rm_watch(inotify_.get(), number);
+}
+
+void FolderWatch::readEvents() {
+    bool isChanged = false;
+    alignas(inotify_event) char buffer[16384];
+    for (;;) {
+        const auto count = read(inotify_.get(), buffer, sizeof buffer);
+        if (count <= 0)
+            break;
+        for (const char* next = buffer; next < buffer + count;) {
+            inotify_event event{};
+            std::memcpy(&event, next, sizeof event);
+            const std::string_view name = event.len > 0 ? next + sizeof event : "";
+            next += sizeof event + event.len;
+            const auto found = watched_.find(event.wd);
+            const bool isAwaited =
+                found != watched_.end() && (found->second.empty() || found->second.contains(name) ||
+                                            (event.mask & (IN_DELETE_SELF | IN_MOVE_SELF)) != 0);
+            isChanged = isChanged || isAwaited || (event.mask & IN_Q_OVERFLOW) != 0;
+        }
+    }
+    if (isChanged)
+        changed_();
+}
+
+} // namespace orvelle

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Platform/Linux/MprisPlayers.h"
+#include "Platform/NowPlayingService.h"
+#include "Platform/UrlData.h"
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace orvelle {
+
+/// What the session's media players play, in the words of the now-playing service.
+class MprisNowPlayingService : public NowPlayingService {
+public:
+    static constexpr std::size_t largestArtwork = 16 << 20; ///< bytes of the image file
+
+    MprisNowPlayingService(RunLoop& runLoop, MprisPlayers& players, UrlData& urls);
+
+    std::variant<NowPlayingFunctions, LoadFailure> load(const std::string& path) override;
+    Subscription observe(std::string_view notification, std::function<void()> handler) override;
+
+private:
+    /// The cover of one track. It stays while the next one is read from the same address.
+    struct Artwork {
+        MprisPlayer::Track track;
+        SharedBytes bytes;
+    };
+
+    void getNowPlayingInfo(const std::function<void(const std::optional<NowPlayingInfo>&)>& answer);
+    NowPlayingInfo describe(const MprisPlayer& player) const;
+    void sendCommand(std::uint32_t command);
+    void playersChanged();
+    void readArtwork(const MprisPlayer::Track& track);
+
+    RunLoop& runLoop_;
+    MprisPlayers& players_;
+    UrlData& urls_;
+    QString currentName_; ///< as last told
+    bool wasPlaying_ = false;
+    Artwork artwork_;
+    std::map<std::string, Event<>, std::less<>> events_;
+    Subscription following_;
+    Subscription watching_;
+    Subscription reading_;
+};
+
+} // namespace orvelle

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Platform/StatusBar.h"
+
+#include <utility>
+
+namespace orvelle {
+
+/// A status bar that shows nothing, and keeps what it was given last.
+class SimulatedStatusBar : public StatusBar {
+public:
+    bool hasPlace = true;
+    int itemCount = 0; ///< of the items alive
+    StatusItem::Image image;
+    Menu menu;
+
+    std::unique_ptr<StatusItem> makeStatusItem() override { return std::make_unique<Item>(*this); }
+
+private:
+    class Item : public StatusItem {
+    public:
+        explicit Item(SimulatedStatusBar& bar) : bar_(bar) { ++bar_.itemCount; }
+        Item(const Item&) = delete;
+        Item& operator=(const Item&) = delete;
+        ~Item() override { --bar_.itemCount; }
+
+        void setImage(Image image, std::function<void(bool)> placed) override {
+            bar_.image = std::move(image);
+            placed(bar_.hasPlace);
+        }
+        void setMenu(Menu menu) override { bar_.menu = std::move(menu); }
+
+    private:
+        SimulatedStatusBar& bar_;
+    };
+};
+
+} // namespace orvelle

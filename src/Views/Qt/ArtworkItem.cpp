@@ -1,0 +1,94 @@
+#include "Views/Qt/ArtworkItem.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QQuickWindow>
+#include <QSGImageNode>
+
+namespace orvelle {
+
+ArtworkValue toQt(const MediaArtwork& artwork) {
+    return {artwork.side,         artwork.cornerRadius,      toQt(artwork.background),
+            toQt(artwork.symbol), artwork.image.has_value(), {artwork.image.value_or(Image())}};
+}
+
+ArtworkItem::ArtworkItem(QQuickItem* parent) : QQuickItem(parent) {
+    setFlag(ItemHasContents);
+}
+
+void ArtworkItem::setImage(const ImageValue& image) {
+    if (image == image_)
+        return;
+    image_ = image;
+    redraw();
+    Q_EMIT imageChanged();
+}
+
+void ArtworkItem::setRadius(double radius) {
+    if (radius == radius_)
+        return;
+    radius_ = radius;
+    redraw();
+    Q_EMIT radiusChanged();
+}
+
+void ArtworkItem::redraw() {
+    isPictureOutdated_ = true;
+    update();
+}
+
+void ArtworkItem::geometryChange(const QRectF& geometry, const QRectF& old) {
+    QQuickItem::geometryChange(geometry, old);
+    if (geometry.size() != old.size())
+        redraw();
+}
+
+void ArtworkItem::itemChange(ItemChange change, const ItemChangeData& data) {
+    if (change == ItemDevicePixelRatioHasChanged)
+        redraw();
+    QQuickItem::itemChange(change, data);
+}
+
+QImage ArtworkItem::rounded(double devicePixelRatio) const {
+    const auto& image = image_.image;
+    const QSize size = (QSizeF(width(), height()) * devicePixelRatio).toSize();
+    if (!image.pixels() || size.isEmpty())
+        return {};
+    const QImage source(image.pixels(), image.width(), image.height(), image.width() * 4,
+                        QImage::Format_RGBA8888);
+    const auto filling =
+        source.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath outline;
+    const double radius = radius_ * devicePixelRatio;
+    outline.addRoundedRect(picture.rect(), radius, radius);
+    QBrush brush(filling);
+    brush.setTransform(QTransform::fromTranslate((size.width() - filling.width()) / 2.0,
+                                                 (size.height() - filling.height()) / 2.0));
+    painter.fillPath(outline, brush);
+    return picture;
+}
+
+QSGNode* ArtworkItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
+    auto* node = static_cast<QSGImageNode*>(old);
+    if (node && !isPictureOutdated_)
+        return node;
+    isPictureOutdated_ = false;
+    const QImage picture = rounded(window()->effectiveDevicePixelRatio());
+    if (picture.isNull()) {
+        delete node;
+        return nullptr;
+    }
+    if (!node) {
+        node = window()->createImageNode();
+        node->setOwnsTexture(true);
+    }
+    node->setTexture(window()->createTextureFromImage(picture));
+    node->setRect(boundingRect());
+    return node;
+}
+
+} // namespace orvelle

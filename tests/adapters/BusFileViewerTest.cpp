@@ -1,0 +1,47 @@
+#include "Platform/Linux/BusFileViewer.h"
+
+#include "Platform/Qt/QtRunLoop.h"
+#include "Platform/Simulated/SimulatedMachine.h"
+#include "adapters/EventLoopWait.h"
+#include "adapters/PrivateBus.h"
+
+#include <gtest/gtest.h>
+
+namespace orvelle {
+namespace {
+
+const QString service = QStringLiteral("org.freedesktop.FileManager1");
+const QString path = QStringLiteral("/org/freedesktop/FileManager1");
+
+class BusFileViewerTest : public testing::Test {
+protected:
+    PrivateBus bus;
+    QtRunLoop runLoop;
+    SimulatedLog log;
+    SimulatedWorkspace workspace;
+    BusFileViewer viewer{runLoop, log, workspace, bus.provider()};
+    const std::vector<std::string> urls{"file:///tmp/shelf/a%20b.txt"};
+};
+
+TEST_F(BusFileViewerTest, AsksTheFileManagerToSelect) {
+    MockService manager(bus, service, path, MockService::empty(service, path, service));
+    manager.addMethod(service, "ShowItems", "ass", "", "");
+    viewer.select(urls);
+    EXPECT_TRUE(waitUntil([&] { return manager.callCount("ShowItems") == 1; }));
+    EXPECT_TRUE(workspace.opened.empty());
+}
+
+TEST_F(BusFileViewerTest, WithoutAFileManagerOpensTheFolder) {
+    viewer.select(urls);
+    EXPECT_TRUE(workspace.opened.empty()) << "nothing waits";
+    EXPECT_TRUE(waitUntil([&] { return !workspace.opened.empty(); }));
+    EXPECT_EQ(workspace.opened, std::vector<std::string>{"file:///tmp/shelf"});
+}
+
+TEST_F(BusFileViewerTest, WithoutFilesNobodyIsAsked) {
+    viewer.select({});
+    EXPECT_EQ(bus.connectionCount(), 0);
+}
+
+} // namespace
+} // namespace orvelle

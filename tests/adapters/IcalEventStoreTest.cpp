@@ -1,0 +1,185 @@
+#include "Platform/Linux/IcalEventStore.h"
+
+#include "Platform/Icu/IcuFormatting.h"
+#include "Platform/Qt/QtRunLoop.h"
+#include "Platform/Simulated/SimulatedMachine.h"
+#include "Platform/Simulated/SimulatedUserDefaults.h"
+#include "Support/TemporaryFolder.h"
+#include "Support/TemporaryVariable.h"
+#include "adapters/EventLoopWait.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <ctime>
+#include <map>
+#include <optional>
+
+namespace orvelle {
+namespace {
+
+/// An event that began an hour ago and goes on for another two.
+std::string presentEvent(const std::string& title, const std::string& more = {}) {
+    const auto at = [](int seconds) {
+        const std::time_t time = std::time(nullptr) + seconds;
+        std::tm parts{};
+        gmtime_r(&time, &parts);
+        char text[32];
+        std::strftime(text, sizeof text, "%Y%m%dT%H%M%SZ", &parts);
+        return std::string(text);
+    };
+    return "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:" + title +
+           "\r\nDTSTART:" + at(-3600) + "\r\nDTEND:" + at(7200) + "\r\nSUMMARY:" + title + "\r\n" +
+           more + "END:VEVENT\r\nEND:VCALENDAR\r\n";
+}
+
+class IcalEventStoreTest : public testing::Test {
+protected:
+    std::vector<std::string> titles() {
+        std::vector<std::string> titles;
+        for (const auto& event : store.events(runLoop.now(), runLoop.now() + 86400))
+            titles.push_back(event.title.value_or("<none>"));
+        std::ranges::sort(titles);
+        return titles;
+    }
+    testing::AssertionResult comeToShow(std::vector<std::string> expected) {
+        if (waitUntil([&] { return titles() == expected; }))
+            return testing::AssertionSuccess();
+        auto result = testing::AssertionFailure() << "it shows";
+        for (const auto& title : titles())
+            result << " " << title;
+        return result;
+    }
+
+    TemporaryFolder home;
+    TemporaryVariable homeVariable{"HOME", home.path().c_str()};
+    TemporaryVariable dataVariable{"XDG_DATA_HOME", (home / "data").c_str()};
+    TemporaryVariable configVariable{"XDG_CONFIG_HOME", (home / "config").c_str()};
+    QtRunLoop runLoop;
+    IcuFormatting formatting{"en_US", "America/New_York"};
+    SimulatedUserDefaults defaults;
+    SimulatedLog log;
+    IcalEventStore store{runLoop, formatting, defaults, log};
+    int changes = 0;
+    Subscription observer;
+
+    void observe() {
+        observer = store.observeChanges([this] { ++changes; });
+    }
+};
+
+using Titles = std::vector<std::string>;
+
+TEST_F(IcalEventStoreTest, FindsTheCollectionsOfEveryPlace) {
+    home.write("data/calendars/a.ics", presentEvent("Flat"));
+    home.write("data/khal/calendars/private/a.ics", presentEvent("Khal"));
+    home.write(".calendars/account/collection/a.ics", presentEvent("Synchronised"));
+    home.write("data/evolution/calendar/system/calendar.ics", presentEvent("Gnome"));
+    home.write("data/calendars/notes.txt", presentEvent("Not a calendar"));
+    home.write("elsewhere/a.ics", presentEvent("Elsewhere"));
+    observe();
+    EXPECT_TRUE(comeToShow({"Flat", "Gnome", "Khal", "Synchronised"}));
+    defaults.set("calendarFolders", "/nowhere:" + home / "elsewhere");
+    EXPECT_TRUE(comeToShow({"Elsewhere", "Flat", "Gnome", "Khal", "Synchronised"}));
+}
+
+TEST_F(IcalEventStoreTest, CollectionsHaveNamesAndColors) {
+    home.write(".calendars/work/a.ics", presentEvent("A"));
+    home.write(".calendars/work/displayname", "Office\n");
+    home.write(".calendars/work/color", "#ff0000\n");
+    home.write(".calendars/plain/b.ics", presentEvent("B"));
+    home.write(".calendars/plain/color", "no color");
+    home.write("data/evolution/calendar/system/calendar.ics", presentEvent("C"));
+    home.write("config/evolution/sources/system-calendar.source",
+               "[Data Source]\nDisplayName=Personal\n[Calendar]\nColor=#00ff00\n");
+    observe();
+    ASSERT_TRUE(comeToShow({"A", "B", "C"}));
+    std::map<std::string, StoredEvent::Calendar> calendars;
+    for (const auto& event : store.events(runLoop.now(), runLoop.now() + 86400))
+        calendars[*event.title] = *event.calendar;
+    EXPECT_EQ(calendars["A"], (StoredEvent::Calendar{Color{1, 0, 0}, "Office"}));
+    EXPECT_EQ(calendars["B"], (StoredEvent::Calendar{colors::blue, "plain"}));
+    EXPECT_EQ(calendars["C"], (StoredEvent::Calendar{Color{0, 1, 0}, "Personal"}));
+}
+
+TEST_F(IcalEventStoreTest, TellsOfWhatOtherProgramsDo) {
+    observe();
+    EXPECT_TRUE(waitUntil([this] { return changes > 0; }));
+    home.write("data/khal/calendars/private/a.ics", presentEvent("A")); // folders and all
+    EXPECT_TRUE(comeToShow({"A"}));
+    home.write("data/khal/calendars/private/b.ics", presentEvent("B"));
+    EXPECT_TRUE(comeToShow({"A", "B"}));
+    home.write("data/khal/calendars/private/a.ics", presentEvent("A moved"));
+    EXPECT_TRUE(comeToShow({"A moved", "B"}));
+    home.write("data/khal/calendars/private/c.part", presentEvent("C"));
+    std::filesystem::rename(home / "data/khal/calendars/private/c.part",
+                            home / "data/khal/calendars/private/c.ics");
+    EXPECT_TRUE(comeToShow({"A moved", "B", "C"}));
+    home.remove("data/khal/calendars/private/a.ics");
+    EXPECT_TRUE(comeToShow({"B", "C"}));
+    home.remove("data/khal");
+    EXPECT_TRUE(comeToShow({}));
+}
+
+TEST_F(IcalEventStoreTest, ReadsNothingBeforeSomeoneObserves) {
+    home.write(".calendars/a/a.ics", presentEvent("A"));
+    EXPECT_EQ(titles(), Titles{});
+    observe();
+    EXPECT_EQ(titles(), Titles{}) << "the files are read in the background";
+    EXPECT_TRUE(comeToShow({"A"}));
+}
+
+TEST_F(IcalEventStoreTest, FoldersThatMayNotBeReadAreARefusal) {
+    EXPECT_EQ(store.authorizationStatus(), EventAuthorizationStatus::fullAccess)
+        << "where there is no calendar there is nothing to refuse";
+    std::filesystem::create_directory(home / ".calendars");
+    EXPECT_EQ(store.authorizationStatus(), EventAuthorizationStatus::fullAccess);
+    if (geteuid() == 0)
+        GTEST_SKIP() << "root may read everything";
+    std::filesystem::permissions(home / ".calendars", std::filesystem::perms::none);
+    EXPECT_EQ(store.authorizationStatus(), EventAuthorizationStatus::denied);
+    std::filesystem::permissions(home / ".calendars", std::filesystem::perms::owner_all);
+}
+
+TEST_F(IcalEventStoreTest, ARequestIsAnsweredLater) {
+    std::optional<bool> granted;
+    const auto request = store.requestFullAccess([&](bool answer) { granted = answer; });
+    EXPECT_FALSE(granted);
+    EXPECT_TRUE(waitUntil([&] { return granted.has_value(); }));
+    EXPECT_TRUE(*granted);
+}
+
+TEST_F(IcalEventStoreTest, OddThingsAmongTheFilesAreLeftAlone) {
+    home.write(".calendars/a/good.ics", presentEvent("Good"));
+    home.write(".calendars/a/.hidden.ics", presentEvent("Hidden"));
+    std::filesystem::create_directory(home / ".calendars/a/folder.ics");
+    ASSERT_EQ(mkfifo((home / ".calendars/a/pipe.ics").c_str(), 0600), 0);
+    ASSERT_EQ(mkfifo((home / ".calendars/a/color").c_str(), 0600), 0);
+    std::filesystem::create_directory_symlink(home / ".calendars", home / ".calendars/a/loop");
+    std::filesystem::create_symlink("missing", home / ".calendars/a/dangling.ics");
+    observe();
+    EXPECT_TRUE(comeToShow({"Good"}));
+}
+
+TEST_F(IcalEventStoreTest, AnEnormousFileIsReadAsFarAsItMayBeAndTheOthersAreShown) {
+    home.write(".calendars/a/enormous.ics", presentEvent("Beginning"));
+    std::filesystem::resize_file(home / ".calendars/a/enormous.ics",
+                                 CalendarReader::maximumFileSize + 1);
+    home.write(".calendars/a/small.ics", presentEvent("Small"));
+    observe();
+    EXPECT_TRUE(comeToShow({"Beginning", "Small"}));
+    ASSERT_EQ(log.lines.size(), 1u) << "it is not read again with every look";
+    EXPECT_NE(log.lines[0].message.find("enormous.ics is too large"), std::string::npos);
+}
+
+TEST_F(IcalEventStoreTest, AFolderThatIsFoundTwiceIsShownOnce) {
+    home.write("data/calendars/a/a.ics", presentEvent("A"));
+    defaults.set("calendarFolders", home / "data/calendars/a/");
+    observe();
+    EXPECT_TRUE(comeToShow({"A"}));
+}
+
+} // namespace
+} // namespace orvelle

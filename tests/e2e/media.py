@@ -1,0 +1,143 @@
+"""Peers of the media panel: a player, a sound server, and what can be read of the panel."""
+
+import json
+import pathlib
+import subprocess
+
+import dbus
+
+from desktop import end_process, wait_until
+
+FOLDER = pathlib.Path(__file__).parent
+PLAYER_INTERFACE = "org.mpris.MediaPlayer2.Player"
+
+
+def make_tone(folder, title, seconds):
+    """A tone with tags and a cover, red all over."""
+    cover = folder / "cover.png"
+    tone = folder / f"{title}.flac"
+    ffmpeg = ["ffmpeg", "-loglevel", "error", "-y"]
+    subprocess.run([*ffmpeg, "-f", "lavfi", "-i", "color=c=red:s=64x64", "-frames:v", "1", cover],
+                   check=True, timeout=60)
+    subprocess.run([*ffmpeg, "-f", "lavfi", "-i", f"sine=frequency=440:duration={seconds}",
+                    "-i", cover, "-map", "0", "-map", "1", "-c:a", "flac", "-c:v", "copy",
+                    "-disposition:v", "attached_pic", "-metadata", f"title={title}",
+                    "-metadata", "artist=The Generator", "-metadata", "album=Test Signals", tone],
+                   check=True, timeout=60)
+    return tone
+
+
+class MpvPlayer:
+    """mpv, which ends paused on the last tone."""
+
+    def __init__(self, desktop, *tones):
+        self.process = desktop.spawn(
+            ["mpv", "--no-config", "--no-terminal", "--ao=null", "--vo=null", "--keep-open=yes",
+             "--script=/usr/lib/mpv-mpris/mpris.so", *tones],
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.bus = dbus.bus.BusConnection(desktop.environment["DBUS_SESSION_BUS_ADDRESS"])
+        wait_until(lambda: self.bus.name_has_owner("org.mpris.MediaPlayer2.mpv"), "mpv on the bus")
+
+    def property(self, name):
+        player = self.bus.get_object("org.mpris.MediaPlayer2.mpv", "/org/mpris/MediaPlayer2")
+        return player.Get(PLAYER_INTERFACE, name, dbus_interface=dbus.PROPERTIES_IFACE)
+
+    def status(self):
+        return str(self.property("PlaybackStatus"))
+
+    def title(self):
+        return str(self.property("Metadata").get("xesam:title", ""))
+
+    def stop(self):
+        self.bus.close()
+        end_process(self.process)
+
+
+class MisbehavingPlayer:
+    def __init__(self, desktop):
+        self.process = desktop.spawn(["/usr/bin/python3", FOLDER / "misbehaving_player.py"],
+                                     stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True,
+                                     bufsize=1)
+        assert self.process.stdout.readline() == "ready\n"
+
+    def behave(self, name):
+        self.process.stdin.write(name + "\n")
+        assert self.process.stdout.readline() == f"done {name}\n"
+
+
+class SoundServer:
+    """PulseAudio with two outputs that play into the void: "speakers", the default one, and
+    "headphones"."""
+
+    def __init__(self, environment, folder):
+        self.environment = dict(environment, PULSE_RUNTIME_PATH=str(folder))
+        socket = folder / "native"
+        self.address = self.environment["PULSE_SERVER"] = f"unix:{socket}"
+        self.start()
+
+    def start(self):
+        modules = [f"module-null-sink sink_name={name.lower()} "
+                   f"sink_properties=device.description={name}"
+                   for name in ("Speakers", "Headphones")]
+        modules.append(f"module-native-protocol-unix socket={self.address[len('unix:'):]}")
+        loads = [part for module in modules for part in ("-L", module)]
+        self.process = subprocess.Popen(
+            ["pulseaudio", "--daemonize=no", "--exit-idle-time=-1", "-n", *loads],
+            env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_until(lambda: self.ask("info").returncode == 0, "sound server")
+        self.control("set-default-sink", "speakers")
+
+    def ask(self, *arguments):
+        return subprocess.run(["pactl", *arguments], env=self.environment, capture_output=True,
+                              text=True, timeout=20)
+
+    def control(self, *arguments):
+        answer = self.ask(*arguments)
+        assert answer.returncode == 0, answer.stderr
+        return answer.stdout.strip()
+
+    def volume(self, sink):
+        """Percent, of the first channel."""
+        return int(self.control("get-sink-volume", sink).split("%")[0].split()[-1])
+
+    def stop(self):
+        end_process(self.process)
+
+
+class Panel:
+    """The open media panel, as those read it who do not see."""
+
+    def __init__(self, desktop):
+        self.desktop = desktop
+        desktop.spawn(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"],
+                      stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def nodes(self):
+        answer = subprocess.run(["/usr/bin/python3", FOLDER / "accessibility.py", "orvelle"],
+                                env=self.desktop.environment, capture_output=True, text=True,
+                                timeout=30)
+        found = json.loads(answer.stdout or "[]")
+        for node in found:
+            found += node["children"]
+        return found
+
+    def names(self):
+        return [node["name"] for node in self.nodes()]
+
+    def box(self, name, role=None):
+        for node in self.nodes():
+            if node["name"] == name and role in (None, node["role"]) and node["box"]:
+                return node["box"]
+        return None
+
+    def slider_box(self):
+        return next((node["box"] for node in self.nodes() if node["role"] == "slider"), None)
+
+    def shows(self, text):
+        return wait_until(lambda: text in self.names(), f"{text!r} in the panel",
+                          lambda: f"There is {self.names()}")
+
+    def click(self, name, role=None):
+        x, y, width, height = wait_until(lambda: self.box(name, role), f"{name!r} to click on")
+        self.desktop.move_pointer(x + width // 2, y + height // 2)
+        self.desktop.click()

@@ -1,0 +1,122 @@
+"""The calendar and the mirror with what other programs leave on the disk."""
+
+import datetime
+import shutil
+import subprocess
+import zoneinfo
+
+import pytest
+
+from desktop import accessible_nodes, wait_until
+from test_views import choose
+
+KHAL = "/usr/bin/khal"
+KHAL_CONFIGURATION = """[calendars]
+[[private]]
+path = {path}
+[locale]
+timeformat = %H:%M
+dateformat = %Y-%m-%d
+longdateformat = %Y-%m-%d
+datetimeformat = %Y-%m-%d %H:%M
+longdatetimeformat = %Y-%m-%d %H:%M
+local_timezone = {zone}
+default_timezone = {zone}
+"""
+ZONE = "America/New_York"
+
+
+@pytest.fixture
+def khal(tmp_path, environment):
+    """Adds an event that starts in some minutes and lasts an hour, as its user does."""
+    if not shutil.which(KHAL):
+        pytest.fail("khal is not installed")
+    environment["TZ"] = ZONE
+    calendar = tmp_path / "data/khal/calendars/private"
+    calendar.mkdir(parents=True)
+    configuration = tmp_path / "config/khal/config"
+    configuration.parent.mkdir()
+    configuration.write_text(KHAL_CONFIGURATION.format(path=calendar, zone=ZONE))
+
+    def new(title, minutes, *options):
+        start = (datetime.datetime.now(zoneinfo.ZoneInfo(ZONE))
+                 + datetime.timedelta(minutes=minutes))
+        subprocess.run([KHAL, "new", "-a", "private", *options, start.strftime("%Y-%m-%d"),
+                        start.strftime("%H:%M"), "1h", title], env=environment, check=True,
+                       timeout=60, stdout=subprocess.DEVNULL)
+
+    return new
+
+
+def texts(desktop):
+    return [node["name"] for node in accessible_nodes(desktop) if node["name"]]
+
+
+def test_an_event_that_khal_writes_appears_in_the_open_panel(desktop, accessibility_bus, khal,
+                                                              start):
+    program = start()
+    program.expand()
+    program.wait_until_still()
+    choose(program, "Calendar")
+    wait_until(lambda: "No upcoming events" in texts(desktop), "empty calendar",
+               program.describe)
+    khal("Dentist", 120, "-l", "Mill Lane")
+    wait_until(lambda: "Dentist" in texts(desktop), "event", program.describe)
+    shown = texts(desktop)
+    assert "UPCOMING" in shown
+    assert "Mill Lane" in shown
+    assert "in 1 hr." in shown or "in 2 hr." in shown
+
+
+def test_repeated_events_of_khal_are_there_from_the_start(desktop, accessibility_bus, khal,
+                                                          start):
+    khal("Standup", -30 - 7 * 24 * 60, "-r", "weekly")
+    program = start()
+    program.expand()
+    program.wait_until_still()
+    choose(program, "Calendar")
+    wait_until(lambda: "Standup" in texts(desktop), "event", program.describe)
+    assert "NOW" in texts(desktop)
+
+
+def y4m(path, colors):
+    """A film of one picture for each colour, (Y, Cb, Cr)."""
+    width, height = 64, 48
+    with open(path, "wb") as film:
+        film.write(f"YUV4MPEG2 W{width} H{height} F15:1 C420jpeg\n".encode())
+        for luma, blue, red in colors:
+            film.write(b"FRAME\n" + bytes([luma]) * (width * height)
+                       + bytes([blue]) * (width * height // 4)
+                       + bytes([red]) * (width * height // 4))
+
+
+def test_the_mirror_shows_the_camera_s_frames(desktop, accessibility_bus, environment, tmp_path,
+                                              start):
+    red, green = (81, 90, 240), (145, 54, 34)
+    y4m(tmp_path / "film.y4m", [red] * 5 + [green] * 5)
+    environment["ORVELLE_CAMERA_FILE"] = str(tmp_path / "film.y4m")
+    program = start(mirrorEnabled="true", animationSpeed="fast")
+    program.expand()
+    program.wait_until_still()
+    choose_at_once(program, "Mirror")
+    x, y, width, height = program.geometry()
+    place = (x + width // 2, y + height - 40)
+    for name, strong, weak in (("red", 0, 1), ("green", 1, 0)):
+        wait_until(lambda: desktop.pixel(*place)[strong] > 150 > 60 > desktop.pixel(*place)[weak],
+                   f"{name} frame", program.describe)
+    assert multimedia_is_absent(program), "a file needs no camera's library"
+
+
+def choose_at_once(program, name):
+    """A film never comes to rest."""
+    program.wait_until_still = lambda: None
+    choose(program, name)
+
+
+def multimedia_is_absent(program):
+    with open(f"/proc/{program.process.pid}/maps") as maps:
+        return "Multimedia" not in maps.read()
+
+
+def test_starts_without_the_camera_s_library(start):
+    assert multimedia_is_absent(start(mirrorEnabled="true"))

@@ -1,0 +1,168 @@
+"""The views as a user meets them: menus, the keyboard, and what can be seen of both."""
+
+import pytest
+
+from desktop import accessible_nodes, focused_tab, selected_tab, stays, tabs, wait_until
+
+COLLAPSED = (180, 32)
+EXPANDED = (566, 220)
+BAR_TOP, BAR_PADDING, TAB_SPACING = 36, 12, 4
+MENU_ENTRIES = ["Lock Screen", "Sleep Display", "Energy Settings..."]
+
+
+@pytest.fixture
+def panel(desktop, accessibility_bus, start):
+    """Opens a demonstration's panel with the tab of that name."""
+    def open_(name):
+        program = start("--demo")
+        program.expand()
+        program.wait_until_still()
+        choose(program, name)
+        return program
+
+    return open_
+
+
+def tab_centers(program):
+    """Where each tab is on the display, by its name, along the line of the bar."""
+    names = wait_until(lambda: [name for name, _ in tabs(program.desktop)], "tabs",
+                       program.describe)
+    x, _, width, _ = program.geometry()
+    step = (width - 2 * BAR_PADDING + TAB_SPACING) / len(names)
+    return {name: round(x + BAR_PADDING + (index + 0.5) * step - TAB_SPACING / 2)
+            for index, name in enumerate(names)}
+
+
+def choose(program, name):
+    desktop = program.desktop
+    desktop.move_pointer(tab_centers(program)[name], BAR_TOP + 12)
+    desktop.click()
+    wait_until(lambda: selected_tab(desktop) == name, f"the tab {name}", program.describe)
+    program.wait_until_still()
+
+
+def menus(program):
+    """Open menus: windows of the program's besides its panel."""
+    desktop = program.desktop
+    return [window for window in desktop.windows_of_class("orvelle")
+            if window.id != program.window().id and desktop.is_mapped(window)]
+
+
+def open_menu(program):
+    x, y, width, height = program.geometry()
+    program.desktop.move_pointer(x + width // 2, y + height // 2)
+    program.desktop.click(3)
+    return wait_until(lambda: menus(program), "a menu", program.describe)[0]
+
+
+def highlighted_row(program, menu):
+    """The index of the row whose ground is lighter than the menu's, or None."""
+    desktop = program.desktop
+    x, y, width, _ = desktop.geometry(menu)
+    grounds = [desktop.pixel(x + width - 12, y + 5 + 24 * row + 12)
+               for row in range(len(MENU_ENTRIES))]
+    lightest = max(grounds)
+    return grounds.index(lightest) if grounds.count(lightest) == 1 else None
+
+
+# Context menus
+
+
+def test_a_right_click_opens_the_panel_s_menu_at_the_pointer(desktop, panel):
+    program = panel("Battery")
+    menu = open_menu(program)
+    x, y, width, height = program.geometry()
+    assert desktop.geometry(menu)[:2] == (x + width // 2, y + height // 2)
+    entries = [node["name"] for node in accessible_nodes(desktop) if node["role"] == "menu item"]
+    assert entries == MENU_ENTRIES
+
+
+def test_arrows_walk_the_menu_round(desktop, panel):
+    program = panel("Battery")
+    menu = open_menu(program)
+    for key, row in (("Down", 0), ("Down", 1), ("Up", 0), ("Up", 2), ("Down", 0)):
+        desktop.keys(key)
+        wait_until(lambda: highlighted_row(program, menu) == row, f"row {row} after {key}",
+                   program.describe)
+
+
+@pytest.mark.parametrize("key", ["Return", "Escape"])
+def test_enter_and_escape_close_the_menu_and_keep_the_panel(desktop, panel, key):
+    program = panel("Battery")
+    menu = open_menu(program)
+    desktop.keys("Down")
+    wait_until(lambda: highlighted_row(program, menu) == 0, "a highlighted row", program.describe)
+    desktop.keys(key)
+    wait_until(lambda: not menus(program), "a closed menu", program.describe)
+    assert stays(lambda: program.size() == EXPANDED, 0.5)
+
+
+def test_a_press_in_another_program_closes_the_menu(desktop, panel):
+    desktop.open_window(100, 400, 400, 300)
+    program = panel("Battery")
+    open_menu(program)
+    desktop.move_pointer(300, 550)
+    desktop.click()
+    wait_until(lambda: not menus(program), "a closed menu", program.describe)
+
+
+def test_the_keyboard_is_free_again_after_the_menu(openbox, panel):
+    other = openbox.open_window(100, 400, 400, 300)
+    openbox.focus_window(other)
+    program = panel("Battery")
+    open_menu(program)
+    openbox.keys("Escape")
+    wait_until(lambda: not menus(program), "a closed menu", program.describe)
+    assert openbox.focus() == other.id
+
+
+# The keyboard in the panel
+
+
+def test_the_tab_bar_is_reached_and_worked_from_the_keyboard(desktop, panel):
+    program = panel("Todo")
+    wait_until(lambda: desktop.focus() == program.window().id, "the focus", program.describe)
+    wait_until(lambda: focused_tab(desktop) == "Todo", "a focused tab", program.describe)
+    desktop.keys("Left")
+    wait_until(lambda: focused_tab(desktop) == "Focus", "the tab before", program.describe)
+    desktop.keys("Right", "Right")
+    wait_until(lambda: focused_tab(desktop) == "Mirror", "the tab behind", program.describe)
+    desktop.keys("Left", "Left", "space")
+    wait_until(lambda: selected_tab(desktop) == "Focus", "the chosen tab", program.describe)
+
+
+def test_the_focus_can_be_seen(desktop, panel):
+    program = panel("Todo")
+    wait_until(lambda: desktop.focus() == program.window().id, "the focus", program.describe)
+    wait_until(lambda: focused_tab(desktop) == "Todo", "a focused tab", program.describe)
+    centers = tab_centers(program)
+
+    def ringed():
+        """The tabs whose upper edge is light."""
+        return [name for name, x in centers.items() if desktop.pixel(x, BAR_TOP)[0] > 90]
+
+    wait_until(lambda: ringed() == ["Todo"], "a ring around Todo", program.describe)
+    desktop.keys("Right")
+    wait_until(lambda: ringed() == ["Mirror"], "a ring around Mirror", program.describe)
+
+
+def test_closing_gives_the_keyboard_back(openbox, panel):
+    other = openbox.open_window(100, 400, 400, 300)
+    openbox.focus_window(other)
+    program = panel("Todo")
+    wait_until(lambda: openbox.focus() == program.window().id, "the focus", program.describe)
+    x, y, width, height = program.geometry()
+    openbox.move_pointer(x + width // 2, y + height - 10)
+    openbox.wheel_up()
+    program.wait_for_size(COLLAPSED)
+    assert openbox.focus() == other.id
+
+
+# Words
+
+
+def test_no_view_complains(desktop, panel):
+    program = panel("Battery")
+    for name in tab_centers(program):
+        choose(program, name)
+    assert "qml" not in program.describe().lower(), program.describe()

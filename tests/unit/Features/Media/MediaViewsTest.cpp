@@ -1,0 +1,249 @@
+#include "Extensions/ColorTheme.h"
+#include "Features/HUD/HUDManager.h"
+#include "Features/Media/AudioOutputPicker.h"
+#include "Features/Media/AudioVisualizer.h"
+#include "Features/Media/MarqueeText.h"
+#include "Features/Media/MediaPanelView.h"
+#include "Features/Media/VolumeRow.h"
+#include "Support/MediaFixture.h"
+#include "Support/ViewFixture.h"
+
+namespace orvelle {
+namespace {
+
+TEST(MarqueeTextTest, ATitleThatFitsStandsStillAndOneTenPointsTooWideScrolls) {
+    EXPECT_FALSE(MarqueeText::scrolls(100, 100));
+    EXPECT_FALSE(MarqueeText::scrolls(20, 100));
+    EXPECT_TRUE(MarqueeText::scrolls(110, 100));
+}
+
+TEST(MarqueeTextTest, ItRunsAtThirtyPointsASecondToThePlaceOfTheSecondCopy) {
+    EXPECT_EQ(MarqueeText::travel(110), 150);
+    EXPECT_EQ(MarqueeText::duration(110), 5);
+}
+
+TEST(SingleLineTest, CutsAtACharacterAndLeavesNoControls) {
+    EXPECT_EQ(singleLine("a\nb\tc\x7f"), "a b c ");
+    EXPECT_EQ(singleLine("שלום 🎵"), "שלום 🎵");
+    std::string notes;
+    for (int index = 0; index < 100'000; ++index)
+        notes += "🎵";
+    const auto line = singleLine(notes);
+    EXPECT_EQ(line.size(), MarqueeText::longestText * 4 + std::string("…").size());
+    EXPECT_TRUE(line.ends_with("🎵…"));
+}
+
+class AudioVisualizerTest : public testing::Test {
+protected:
+    const std::vector<double>& heights() { return visualizer.barHeights.get(); }
+    SimulatedRunLoop runLoop;
+    AudioVisualizer visualizer{runLoop, true};
+};
+
+TEST_F(AudioVisualizerTest, FromEmptyHeightsTheFirstUpdateStartsAtTheLowest) {
+    const auto& measures = visualizer.measures;
+    visualizer.setPlaying(true);
+    ASSERT_TRUE(heights().empty());
+    visualizer.updateBars();
+    ASSERT_EQ(heights().size(), 5u);
+    const double highest =
+        measures.lowest + (measures.highest - measures.lowest) * AudioVisualizer::smoothing;
+    for (const double height : heights()) {
+        EXPECT_GE(height, measures.lowest);
+        EXPECT_LE(height, highest);
+    }
+}
+
+TEST_F(AudioVisualizerTest, ThirtyTimesASecondTheBarsMoveWithinTheirBounds) {
+    int changes = -1; // the first is the present value
+    visualizer.appear(true);
+    const auto subscription = visualizer.barHeights.observe([&](const auto& bars) {
+        ++changes;
+        for (const double height : bars) {
+            EXPECT_GE(height, 2);
+            EXPECT_LE(height, 16);
+        }
+    });
+    runLoop.advance(1.001);
+    EXPECT_EQ(changes, 30);
+}
+
+TEST_F(AudioVisualizerTest, PausedOrHiddenItHasNoTimerAndItsBarsLie) {
+    visualizer.appear(true);
+    runLoop.advance(1);
+    visualizer.setPlaying(false);
+    EXPECT_EQ(runLoop.timerCount(), 0u);
+    EXPECT_EQ(heights(), std::vector<double>(5, 2));
+    visualizer.setPlaying(true);
+    EXPECT_EQ(runLoop.timerCount(), 1u);
+    visualizer.disappear();
+    EXPECT_EQ(runLoop.timerCount(), 0u);
+    visualizer.appear(false);
+    EXPECT_EQ(runLoop.timerCount(), 0u);
+    visualizer.updateBars();
+    EXPECT_EQ(heights(), std::vector<double>(5, 2));
+}
+
+TEST_F(AudioVisualizerTest, BarsAreColouredFromTheTintToHalfOfIt) {
+    const auto gradient = AudioVisualizer::barGradient(colors::blue);
+    EXPECT_EQ(gradient[0], colors::blue.withAlpha(0.9));
+    EXPECT_EQ(gradient[1], colors::blue.withAlpha(0.5));
+    EXPECT_EQ(AudioVisualizer::width(AudioVisualizer::regular), 52.5);
+}
+
+class AudioOutputPickerTest : public testing::Test {
+protected:
+    AudioOutputPickerTest() {
+        platform.audioHardwarePort.list = {{7, "Headphones", 1, 0.5F},
+                                           {3, "Microphone", 0, {}},
+                                           {9, std::nullopt, 1, 0.5F},
+                                           {4, "Nobody knows", std::nullopt, {}},
+                                           {1, "Speakers", 2, 0.5F}};
+        platform.audioHardwarePort.defaultOutput = 1;
+    }
+    SimulatedPlatform platform;
+    AudioOutputPicker picker{platform};
+};
+
+TEST_F(AudioOutputPickerTest, DevicesWithoutOutputStreamsOrWithoutANameAreLeftOut) {
+    picker.refreshDevices();
+    EXPECT_EQ(picker.devices, (std::vector<AudioOutputDevice>{{7, "Headphones"}, {1, "Speakers"}}));
+    EXPECT_EQ(picker.currentDeviceID, 1u);
+    const auto menu = picker.menu();
+    ASSERT_EQ(menu.size(), 2u);
+    EXPECT_FALSE(menu[0].isChecked);
+    EXPECT_TRUE(menu[1].isChecked);
+}
+
+TEST_F(AudioOutputPickerTest, AnUnreadableListIsEmpty) {
+    platform.audioHardwarePort.listReadable = false;
+    picker.refreshDevices();
+    EXPECT_TRUE(picker.menu().empty());
+}
+
+TEST_F(AudioOutputPickerTest, ChoosingWritesTheDefaultDevice) {
+    picker.refreshDevices();
+    picker.menu()[0].perform();
+    EXPECT_EQ(platform.audioHardwarePort.defaultOutput, 7u);
+    EXPECT_EQ(picker.currentDeviceID, 7u);
+    EXPECT_TRUE(picker.menu()[0].isChecked);
+}
+
+class MediaViewsTest : public ViewFixture {
+protected:
+    MediaInfo song() {
+        MediaInfo info;
+        info.title = "Song";
+        info.artist = "Singer";
+        info.album = "Record";
+        info.isPlaying = true;
+        info.duration = 200;
+        info.elapsed = 50;
+        info.appName = "Spotify";
+        info.appBundleIdentifier = "com.spotify.client";
+        return info;
+    }
+    MediaManager& manager() { return app.mediaManager; }
+    NowPlayingView view() { return manager().expandedView(); }
+    MediaPanelView panel() { return MediaPanelView(app.environment()); }
+};
+
+TEST_F(MediaViewsTest, WithDurationZeroTheFillHasNoWidthAndThePositionStillCounts) {
+    auto info = song();
+    info.duration = 0;
+    info.elapsed = 65;
+    manager().currentMedia = info;
+    EXPECT_EQ(view().progressBar(app.themeManager).fillWidth(300), 0);
+    EXPECT_EQ(view().elapsed().text, "1:05");
+    EXPECT_EQ(view().duration().text, "0:00");
+    EXPECT_EQ(panel().slider().value, 0);
+}
+
+TEST_F(MediaViewsTest, TheFillIsTheShareOfTheDuration) {
+    manager().currentMedia = song();
+    EXPECT_EQ(view().progressBar(app.themeManager).fillWidth(300), 75);
+}
+
+TEST_F(MediaViewsTest, ASpotifySourceShowsTheHeartDimmedDisabledAndWithItsReason) {
+    manager().currentMedia = song();
+    const auto heart = view().loveButton();
+    EXPECT_EQ(heart.opacity, 0.3);
+    EXPECT_FALSE(heart.isEnabled);
+    EXPECT_EQ(heart.help, "Not supported for this app");
+    EXPECT_EQ(heart.symbol.name, "heart");
+}
+
+TEST_F(MediaViewsTest, AMusicSourceLoves) {
+    auto info = song();
+    info.appBundleIdentifier = "com.apple.Music";
+    manager().currentMedia = info;
+    manager().isLoved = true;
+    EXPECT_EQ(view().loveButton(),
+              (NowPlayingView::LoveButton{{"heart.fill", 14, colors::pink}, 1, "Love", true}));
+}
+
+TEST_F(MediaViewsTest, WithVolumeZeroTheLeftSymbolIsStruckOut) {
+    const VolumeRow row(app.hudManager, platform);
+    app.hudManager.currentVolume = 0;
+    EXPECT_EQ(row.quietSymbol().name, "speaker.slash.fill");
+    app.hudManager.currentVolume = 0.01F;
+    EXPECT_EQ(row.quietSymbol().name, "speaker.fill");
+}
+
+TEST_F(MediaViewsTest, DraggingTheVolumeSetsTheSystems) {
+    auto& audio = platform.audioHardwarePort;
+    audio.list = {{1, "Speakers", 1, 0.5F}};
+    audio.defaultOutput = 1;
+    const VolumeRow row(app.hudManager, platform);
+    row.setVolume(0.25);
+    EXPECT_EQ(audio.volumeWrites, (std::vector<std::pair<AudioDeviceID, float>>{{1, 0.25F}}));
+}
+
+TEST_F(MediaViewsTest, TheAccentComesFromTheCoverInMulticolorAlone) {
+    auto info = song();
+    info.artwork = Image(1, 1, {255, 0, 0, 255});
+    manager().currentMedia = info;
+    EXPECT_EQ(panel().accentColor(), app.themeManager.accentColor());
+    defaults().set("themeMode", std::string("multicolor"));
+    EXPECT_EQ(panel().accentColor(), (Color{1, 0, 0, 1}));
+    EXPECT_EQ(panel().playButton().color, (Color{1, 0, 0, 1}));
+    info.artwork.reset();
+    manager().currentMedia = info;
+    EXPECT_EQ(view().accentColor(app.themeManager), notchAccent);
+    EXPECT_EQ(panel().artwork().background, notchSurface);
+}
+
+TEST_F(MediaViewsTest, WithoutATitleThePlaceholdersStand) {
+    EXPECT_EQ(panel().placeholder()->title.text, "No media playing");
+    EXPECT_FALSE(view().showsMedia());
+    EXPECT_EQ(view().noMediaView().title.text, "No Media Playing");
+    EXPECT_EQ(view().noMediaView().symbol.size, 28);
+    EXPECT_FALSE(manager().collapsedView().showsContent());
+}
+
+TEST_F(MediaViewsTest, TheControlsShowTitleAndArtistOnOneLine) {
+    manager().currentMedia = song();
+    auto controls = manager().collapsedView();
+    EXPECT_TRUE(controls.showsContent());
+    EXPECT_EQ(controls.title().text.text, "Song — Singer");
+    EXPECT_EQ(controls.playButton(), (StyledSymbol{"pause.fill", 11, colors::white}));
+    controls.playPause();
+    EXPECT_EQ(controls.playButton().name, "play.fill");
+}
+
+TEST_F(MediaViewsTest, TheMenuOpensTheSourceWhenItHasAName) {
+    manager().currentMedia = song();
+    platform.workspacePort.applications["com.spotify.client"] = "file:///applications/spotify";
+    const auto menu = mediaContextMenu(manager());
+    ASSERT_EQ(menu.size(), 1u);
+    EXPECT_EQ(menu[0].title, "Open in Spotify");
+    menu[0].perform();
+    EXPECT_EQ(platform.workspacePort.opened.size(), 1u);
+    auto info = song();
+    info.appName.clear();
+    manager().currentMedia = info;
+    EXPECT_TRUE(mediaContextMenu(manager()).empty());
+}
+
+} // namespace
+} // namespace orvelle
