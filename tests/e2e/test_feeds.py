@@ -325,7 +325,7 @@ def test_a_typed_symbol_is_fetched_and_kept(start_stocks, openbox, web, environm
     openbox.click()
     wait_until(lambda: openbox.focus() == program.window().id, "keyboard", program.describe)
     openbox.type(" ko")
-    openbox.key("Return")
+    openbox.keys("Return")
     wait_for_label(program, "+0.00 (0.00%)")
     path = pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle" / "stock_tickers.json"
     wait_until(lambda: "KO" in path.read_text(), "symbol in the file", program.describe)
@@ -346,7 +346,7 @@ def test_a_file_of_no_use_is_told_and_kept_aside(start_stocks, openbox, environm
     openbox.click()
     wait_until(lambda: openbox.focus() == program.window().id, "keyboard", program.describe)
     openbox.type("ko")
-    openbox.key("Return")
+    openbox.keys("Return")
     folder = pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle"
     aside = folder / "stock_tickers.json.corrupt"
     wait_until(aside.exists, "file aside", program.describe)
@@ -354,9 +354,11 @@ def test_a_file_of_no_use_is_told_and_kept_aside(start_stocks, openbox, environm
 
 
 def pull(program, name, distance):
-    """Pulls the row of this name to the side by its middle."""
+    """Pulls the row of this name to the side, as far to the one of its middle as to the other."""
     desktop = program.desktop
     x, y = point_at(program, "list item", name)
+    x -= distance // 2
+    desktop.move_pointer(x, y)
     desktop.press(1)
     for step in range(1, 11):
         desktop.move_pointer(x + distance * step // 10, y)

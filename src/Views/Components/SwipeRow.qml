@@ -87,7 +87,15 @@ Item {
 
         target: null
         yAxis.enabled: false
-        onActiveChanged: active ? start = root.offset : root.settle()
+        onActiveChanged: {
+            if (!active) {
+                root.settle()
+                return
+            }
+            start = root.offset
+            // The move that makes it a pull counts: a quick one may have no other.
+            root.pulled(start + centroid.position.x - centroid.pressPosition.x)
+        }
         onTranslationChanged: if (active) root.pulled(start + translation.x)
     }
     WheelHandler {
