@@ -12,6 +12,7 @@ import time
 
 from Xlib import X, Xatom, display as xdisplay
 from Xlib.ext import shape, xtest
+from Xlib.protocol import event
 
 WIDTH, HEIGHT = 1512, 982
 BOUND = 10.0
@@ -107,6 +108,14 @@ class Desktop:
                 if window.get_wm_class() and name in window.get_wm_class():
                     found.append(window)
         return found
+
+    def managed_windows(self):
+        """The windows that the window manager looks after."""
+        return [self.display.create_resource_object("window", number)
+                for number in self.property(self.root, "_NET_CLIENT_LIST")]
+
+    def active_window(self):
+        return next(iter(self.property(self.root, "_NET_ACTIVE_WINDOW")), None)
 
     def is_mapped(self, window):
         return window.get_attributes().map_state == X.IsViewable
@@ -207,6 +216,14 @@ class Desktop:
             0, 0, WIDTH, height,
             _NET_WM_WINDOW_TYPE=[self.atom("_NET_WM_WINDOW_TYPE_DOCK")],
             _NET_WM_STRUT_PARTIAL=[0, 0, height, 0, 0, 0, 0, 0, 0, WIDTH - 1, 0, 0])
+
+    def close_window(self, window):
+        """As the close button of the window's frame does."""
+        request = event.ClientMessage(
+            window=window, client_type=self.atom("_NET_CLOSE_WINDOW"),
+            data=(32, [X.CurrentTime, 2, 0, 0, 0]))
+        self.root.send_event(request, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.display.sync()
 
     def focus_window(self, window):
         window.set_input_focus(X.RevertToPointerRoot, X.CurrentTime)
@@ -337,6 +354,13 @@ def selected_tab(desktop):
 def focused_tab(desktop):
     return next((node["name"] for node in accessible_nodes(desktop)
                  if node["role"] == "page tab" and node["focused"]), None)
+
+
+def read_setting(binary, environment, key):
+    """As the command line prints it; None for an unset key."""
+    answer = subprocess.run([binary, "defaults", "read", key], env=environment, text=True,
+                            capture_output=True, timeout=20)
+    return answer.stdout.strip() if answer.returncode == 0 else None
 
 
 def end_process(process):

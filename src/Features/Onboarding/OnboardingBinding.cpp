@@ -14,9 +14,9 @@ OnboardingContentValue contentValue(const OnboardingView::Content& content) {
         value.paragraphs.push_back(QVariant::fromValue(
             OnboardingTextValue{toQt(paragraph.text), paragraph.maximumWidth.value_or(0)}));
     if (content.button)
-        value.button = toQt(*content.button);
+        value.button = QString::fromStdString(*content.button);
     if (content.toggle) {
-        value.toggle = toQt(content.toggle->label);
+        value.toggle = QString::fromStdString(content.toggle->label);
         value.isOn = content.toggle->isOn;
     }
     value.status = toQt(content.status);
@@ -37,15 +37,15 @@ void OnboardingBinding::attach(const ViewEnvironment& environment) {
 
 void OnboardingBinding::refresh() {
     const auto step = view_->currentStep.get();
+    show_step(static_cast<int>(step)); // first, while the view still has what it is to move out
     show_content(contentValue(view_->stepContent(view_->steps.at(step))));
     const auto navigation = view_->navigation();
     show_navigation({navigation.showsBack, navigation.showsSkip, navigation.skipOpacity,
-                     toQt(navigation.forward)});
+                     QString::fromStdString(navigation.forward)});
     QVariantList dots;
     for (const auto& color : view_->dotColors())
         dots.push_back(toQt(color));
     show_dots(dots);
-    show_step(static_cast<int>(step));
 }
 
 } // namespace orvelle

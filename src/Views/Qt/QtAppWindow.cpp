@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQuickItem>
+#include <QQuickWindow>
 #include <QScreen>
 #include <QTimer>
 #include <QtDebug>
@@ -12,17 +13,36 @@
 
 namespace orvelle {
 
+namespace {
+
+class ClosableWindow : public QQuickWindow {
+public:
+    explicit ClosableWindow(std::function<void()> closed) : closed_(std::move(closed)) {}
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        QQuickWindow::closeEvent(event);
+        QTimer::singleShot(0, this, closed_);
+    }
+
+private:
+    const std::function<void()> closed_;
+};
+
+} // namespace
+
 struct QtAppWindow::Parts {
-    explicit Parts(ViewEnvironment environment) : engine(std::move(environment)) {}
+    Parts(ViewEnvironment environment, std::function<void()> closed)
+        : engine(std::move(environment)), window(std::move(closed)) {}
 
     ViewEngine engine;
-    QQuickWindow window;
+    ClosableWindow window;
     std::unique_ptr<QQuickItem> root;
 };
 
 QtAppWindow::QtAppWindow(const Description& description, ViewEnvironment environment,
                          const QString& view, std::function<void()> closed)
-    : parts_(std::make_unique<Parts>(std::move(environment))) {
+    : parts_(std::make_unique<Parts>(std::move(environment), std::move(closed))) {
     auto& window = parts_->window;
     window.setTitle(QString::fromStdString(description.title));
     window.setFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
@@ -45,8 +65,6 @@ QtAppWindow::QtAppWindow(const Description& description, ViewEnvironment environ
     frame.moveCenter(window.screen()->availableGeometry().center());
     window.setGeometry(frame);
 
-    QObject::connect(&window, &QQuickWindow::closing, &window,
-                     [&window, closed] { QTimer::singleShot(0, &window, closed); });
     window.show();
     makeKeyAndOrderFront();
 }

@@ -3,8 +3,6 @@
 #include "Core/ViewHost.h"
 #include "Views/Qt/ViewEngine.h"
 
-#include <QQuickWindow>
-
 #include <functional>
 #include <memory>
 
