@@ -36,6 +36,8 @@ class TrayHost:
                   "RequestName", GLib.Variant("(su)", (WATCHER, 0)))
 
     def stop(self):
+        if self.connection.is_closed():
+            return
         self.connection.close_sync(None)
         self.loop.quit()
         self.thread.join(10)

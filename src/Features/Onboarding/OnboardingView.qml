@@ -124,7 +124,7 @@ FocusScope {
         }
         Row {
             anchors.right: parent.right
-            spacing: 12
+            spacing: 8
 
             FormButton {
                 id: skip
@@ -133,6 +133,7 @@ FocusScope {
                 opacity: view.navigation.skipOpacity
                 enabled: opacity > 0
                 plain: true
+                width: implicitWidth + 10
                 anchors.verticalCenter: parent.verticalCenter
                 textColor: FormStyle.secondaryColor
                 text: qsTr("Skip")
