@@ -1,9 +1,9 @@
 #include "Views/Qt/QtAppWindow.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQuickItem>
-#include <QQuickWindow>
 #include <QScreen>
 #include <QTimer>
 #include <QtDebug>
@@ -15,34 +15,35 @@ namespace orvelle {
 
 namespace {
 
-class ClosableWindow : public QQuickWindow {
+/// Hears of the user's closing, after the event.
+class CloseWatch : public QObject {
 public:
-    explicit ClosableWindow(std::function<void()> closed) : closed_(std::move(closed)) {}
+    CloseWatch(QWindow* window, std::function<void()> closed)
+        : QObject(window), closed_(std::move(closed)) {}
 
-protected:
-    void closeEvent(QCloseEvent* event) override {
-        QQuickWindow::closeEvent(event);
-        QTimer::singleShot(0, this, closed_);
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Close)
+            QTimer::singleShot(0, this, closed_);
+        return false;
     }
 
 private:
-    const std::function<void()> closed_;
+    std::function<void()> closed_;
 };
 
 } // namespace
 
 struct QtAppWindow::Parts {
-    Parts(ViewEnvironment environment, std::function<void()> closed)
-        : engine(std::move(environment)), window(std::move(closed)) {}
+    explicit Parts(ViewEnvironment environment) : engine(std::move(environment)) {}
 
     ViewEngine engine;
-    ClosableWindow window;
+    QQuickWindow window;
     std::unique_ptr<QQuickItem> root;
 };
 
 QtAppWindow::QtAppWindow(const Description& description, ViewEnvironment environment,
                          const QString& view, std::function<void()> closed)
-    : parts_(std::make_unique<Parts>(std::move(environment), std::move(closed))) {
+    : parts_(std::make_unique<Parts>(std::move(environment))) {
     auto& window = parts_->window;
     window.setTitle(QString::fromStdString(description.title));
     window.setFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
@@ -65,6 +66,7 @@ QtAppWindow::QtAppWindow(const Description& description, ViewEnvironment environ
     frame.moveCenter(window.screen()->availableGeometry().center());
     window.setGeometry(frame);
 
+    window.installEventFilter(new CloseWatch(&window, std::move(closed)));
     window.show();
     makeKeyAndOrderFront();
 }

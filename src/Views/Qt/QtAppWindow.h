@@ -3,6 +3,8 @@
 #include "Core/ViewHost.h"
 #include "Views/Qt/ViewEngine.h"
 
+#include <QQuickWindow>
+
 #include <functional>
 #include <memory>
 
