@@ -10,7 +10,7 @@ import subprocess
 import tempfile
 import time
 
-from Xlib import X, Xatom, display as xdisplay
+from Xlib import X, Xatom, display as xdisplay, error
 from Xlib.ext import shape, xtest
 from Xlib.protocol import event
 
@@ -242,8 +242,9 @@ class Running:
     def window(self):
         """The panel: the one window that bypasses the window manager and bears the class."""
         for window in self.desktop.windows_of_class("orvelle"):
-            if window.get_attributes().override_redirect:
-                return window
+            with contextlib.suppress(error.BadWindow):  # it may have gone meanwhile
+                if window.get_attributes().override_redirect:
+                    return window
         return None
 
     def is_shown(self):

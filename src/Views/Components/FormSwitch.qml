@@ -10,6 +10,10 @@ Item {
     property color accentColor: FormStyle.controlColor
     signal flipped(bool on)
 
+    // The first state is there at once; only later ones slide in.
+    property bool isReady: false
+    Component.onCompleted: isReady = true
+
     implicitWidth: 36
     implicitHeight: 20
     activeFocusOnTab: true
@@ -32,6 +36,7 @@ Item {
         opacity: root.enabled ? 1 : 0.4
 
         Behavior on color {
+            enabled: root.isReady
             ColorAnimation { duration: 120 }
         }
         Rectangle {
@@ -43,6 +48,7 @@ Item {
             color: FormStyle.knobColor
 
             Behavior on x {
+                enabled: root.isReady
                 NumberAnimation { duration: 120; easing.type: Easing.OutCubic }
             }
         }
