@@ -1,5 +1,6 @@
 #include "App/DemoPlatform.h"
 
+#include "Platform/Simulated/DemoFeeds.h"
 #include "Platform/Simulated/DemoMachine.h"
 #include "Platform/Simulated/DemoMedia.h"
 
@@ -18,6 +19,10 @@ DemoPlatform::DemoPlatform() {
     DemoMachine::script(smc_);
     DemoMachine::script(fileSystem_, runLoop_.now());
     DemoMachine::script(pasteboard_, frontmostApplication_);
+    DemoFeeds::savePlaces(userDefaults_);
+    DemoFeeds::saveTickers(fileSystem_);
+    DemoFeeds::script(httpClient_);
+    DemoFeeds::script(locationService_, geocoder_);
 }
 
 } // namespace orvelle

@@ -97,7 +97,7 @@ private:
     SimulatedLoginItem loginItem_;
     SimulatedGeocoder geocoder_{runLoop_};
     SimulatedHttpClient httpClient_{runLoop_};
-    SimulatedLocationService locationService_;
+    SimulatedLocationService locationService_{runLoop_};
     SimulatedNowPlayingService nowPlaying_;
     SimulatedPasteboard pasteboard_;
     SimulatedSharePicker sharePicker_;

@@ -68,6 +68,7 @@ void Tour::addStops() {
     addMediaStops();
     addShelfStops();
     addTimerStops();
+    addWeatherStops();
     addEmptyStops();
 }
 
@@ -131,6 +132,35 @@ void Tour::addTimerStops() {
     }
 }
 
+void Tour::addWeatherStops() {
+    struct Sky {
+        const char* name;
+        std::int64_t code;
+        bool isDay;
+        double temperature;
+    };
+    static constexpr Sky skies[] = {
+        {"weather-day", 0, true, 81},     {"weather-night", 0, false, 64},
+        {"weather-rain", 63, true, 52},   {"weather-snow", 73, true, 27},
+        {"weather-fog", 45, true, 48},    {"weather-storm", 96, false, 70},
+        {"weather-unknown", 56, true, 33}};
+    for (const auto& sky : skies)
+        stops_.push_back({QLatin1String(sky.name), [this, &sky] {
+                              app_.weatherManager.weather.update([&](WeatherData& data) {
+                                  data.weatherCode = sky.code;
+                                  data.isDay = sky.isDay;
+                                  data.temperature = sky.temperature;
+                              });
+                              app_.notchState.activePanel = ActivePanel::weather;
+                          }});
+    stops_.push_back(
+        {QStringLiteral("weather-alone"), [this] { app_.weatherManager.savedLocations.set({}); }});
+    stops_.push_back({QStringLiteral("weather-loading"), [this] {
+                          app_.weatherManager.weather.set({});
+                          app_.weatherManager.isLoading = true;
+                      }});
+}
+
 void Tour::addEmptyStops() {
     const auto add = [this](const char* name, ActivePanel panel, std::function<void()> empty) {
         stops_.push_back({QLatin1String(name), [this, panel, empty = std::move(empty)] {
@@ -140,6 +170,8 @@ void Tour::addEmptyStops() {
     };
     add("todo-empty", ActivePanel::todo, [this] { app_.todoManager.items.set({}); });
     add("notes-empty", ActivePanel::notes, [this] { app_.notesManager.items.set({}); });
+    add("stocks-empty", ActivePanel::stockTicker,
+        [this] { app_.stockTickerManager.tickers.set({}); });
     add("clipboard-empty", ActivePanel::clipboard, [this] { app_.clipboardManager.items.set({}); });
 }
 

@@ -32,6 +32,7 @@ private:
     void addMediaStops();
     void addShelfStops();
     void addTimerStops();
+    void addWeatherStops();
     void addEmptyStops();
     void next();
     /// Takes the picture once nothing moves any more.

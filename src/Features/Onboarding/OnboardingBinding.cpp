@@ -14,9 +14,9 @@ OnboardingContentValue contentValue(const OnboardingView::Content& content) {
         value.paragraphs.push_back(QVariant::fromValue(
             OnboardingTextValue{toQt(paragraph.text), paragraph.maximumWidth.value_or(0)}));
     if (content.button)
-        value.button = toQt(*content.button);
+        value.button = toQt(std::string_view(*content.button));
     if (content.toggle) {
-        value.toggle = toQt(content.toggle->label);
+        value.toggle = toQt(std::string_view(content.toggle->label));
         value.isOn = content.toggle->isOn;
     }
     value.status = toQt(content.status);
@@ -40,7 +40,7 @@ void OnboardingBinding::refresh() {
     show_content(contentValue(view_->stepContent(view_->steps.at(step))));
     const auto navigation = view_->navigation();
     show_navigation({navigation.showsBack, navigation.showsSkip, navigation.skipOpacity,
-                     toQt(navigation.forward)});
+                     toQt(std::string_view(navigation.forward))});
     QVariantList dots;
     for (const auto& color : view_->dotColors())
         dots.push_back(toQt(color));

@@ -4,6 +4,7 @@ import Orvelle
 // The hover bar's stocks: one symbol at a time, each of which comes in from below.
 Item {
     id: root
+    objectName: "stockLine"
 
     property var widget
     readonly property real naturalWidth: view.emptySymbol ? empty.width : line.width

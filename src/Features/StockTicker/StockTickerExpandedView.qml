@@ -6,47 +6,47 @@ FocusScope {
     id: root
 
     function add() {
-        view.addTicker(field.text)
+        stocks.addTicker(field.text)
         field.text = ""
         field.forceActiveFocus()
     }
 
     StockTickerExpandedBinding {
-        id: view
+        id: stocks
     }
     ContextMenu {
         id: menu
         anchors.fill: parent
         enabled: list.count > 0
-        menu: () => view.contextMenu()
+        menu: () => stocks.contextMenu()
     }
     Rectangle {
         id: entry
-        x: view.rowSideInset
-        width: parent.width - 2 * x - addButton.width - view.spacing
-        height: field.implicitHeight + 2 * view.fieldVerticalPadding
+        x: stocks.rowSideInset
+        width: parent.width - 2 * x - addButton.width - stocks.spacing
+        height: field.implicitHeight + 2 * stocks.fieldVerticalPadding
         radius: 6
-        color: view.rowBackground
+        color: stocks.rowBackground
         border.width: field.activeFocus ? 1 : 0
         border.color: Style.edgeColor
 
         PanelField {
             id: field
             objectName: "symbolField"
-            x: view.fieldHorizontalPadding
+            x: stocks.fieldHorizontalPadding
             width: parent.width - 2 * x
             anchors.verticalCenter: parent.verticalCenter
             focus: true
-            content: view.fieldStyle
-            prompt: view.fieldPlaceholder.text
-            promptColor: view.fieldPlaceholder.color
+            content: stocks.fieldStyle
+            prompt: stocks.fieldPlaceholder.text
+            promptColor: stocks.fieldPlaceholder.color
             onAccepted: root.add()
             Keys.onDownPressed: if (list.count > 0) list.forceActiveFocus()
         }
         TapHandler {
             onPressedChanged: {
                 if (pressed)
-                    view.takeKeyboard()
+                    stocks.takeKeyboard()
             }
         }
     }
@@ -54,23 +54,23 @@ FocusScope {
         id: addButton
         objectName: "addButton"
         anchors.right: parent.right
-        anchors.rightMargin: view.rowSideInset
+        anchors.rightMargin: stocks.rowSideInset
         anchors.verticalCenter: entry.verticalCenter
-        content: view.addButton
+        content: stocks.addButton
         name: qsTr("Add")
-        enabled: view.canAdd(field.text)
+        enabled: stocks.canAdd(field.text)
         onClicked: root.add()
     }
     ListView {
         id: list
         objectName: "tickers"
         anchors.top: entry.bottom
-        anchors.topMargin: view.spacing - view.rowInset
+        anchors.topMargin: stocks.spacing - stocks.rowInset
         anchors.bottom: parent.bottom
         width: parent.width
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        model: view.rows
+        model: stocks.rows
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Stocks")
         Keys.onUpPressed: {
@@ -89,7 +89,7 @@ FocusScope {
             required property int index
 
             objectName: "row." + index
-            view: view
+            view: stocks
             width: ListView.view.width
             focus: ListView.isCurrentItem
         }
@@ -97,23 +97,23 @@ FocusScope {
             NumberAnimation {
                 property: "opacity"
                 to: 0
-                duration: view.removalDuration * 1000
+                duration: stocks.removalDuration * 1000
                 easing.type: Easing.InOutQuad
             }
         }
         removeDisplaced: Transition {
             NumberAnimation {
                 property: "y"
-                duration: view.removalDuration * 1000
+                duration: stocks.removalDuration * 1000
                 easing.type: Easing.InOutQuad
             }
         }
     }
     Loader {
-        active: !!view.placeholder
+        active: !!stocks.placeholder
         anchors.fill: list
         sourceComponent: FilePlaceholder {
-            placeholder: view.placeholder
+            placeholder: stocks.placeholder
         }
     }
 }

@@ -29,10 +29,13 @@ Item {
                 }
             }
 
-            PathRectangle {
-                width: sky.width
-                height: sky.height
-                radius: root.view.cornerRadius
+            PathSvg {
+                readonly property real r: root.view.cornerRadius
+
+                path: `M ${r} 0 H ${sky.width - r} A ${r} ${r} 0 0 1 ${sky.width} ${r}
+                       V ${sky.height - r} A ${r} ${r} 0 0 1 ${sky.width - r} ${sky.height}
+                       H ${r} A ${r} ${r} 0 0 1 0 ${sky.height - r}
+                       V ${r} A ${r} ${r} 0 0 1 ${r} 0 Z`
             }
         }
     }

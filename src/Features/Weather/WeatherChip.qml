@@ -8,7 +8,7 @@ Rectangle {
     required property WeatherExpandedBinding view
     required property var entry
 
-    objectName: "chip." + entry.id
+    objectName: "chip." + entry.label.text
     width: content.width + 2 * view.chipHorizontalPadding
     height: content.height + 2 * view.chipVerticalPadding
     radius: view.chipRadius

@@ -13,6 +13,10 @@ void SimulatedLocationManager::deliver(const std::vector<Coordinate>& fixes) {
     delegate_.didUpdateLocations(*this, fixes);
 }
 
+void SimulatedLocationManager::deliverSoon(std::vector<Coordinate> fixes) {
+    service_.runLoop.post(lifetime_.guard([this, fixes = std::move(fixes)] { deliver(fixes); }));
+}
+
 void SimulatedLocationManager::changeAuthorization() {
     delegate_.didChangeAuthorization(*this);
 }

@@ -25,6 +25,8 @@ public:
 
     /// What the machine's service has to say, whether it was asked or not.
     void deliver(const std::vector<Coordinate>& fixes);
+    /// At the next turn of the loop.
+    void deliverSoon(std::vector<Coordinate> fixes);
     void changeAuthorization();
     void fail(const std::string& description);
 
@@ -36,10 +38,14 @@ public:
 private:
     SimulatedLocationService& service_;
     LocationManagerDelegate& delegate_;
+    Lifetime lifetime_;
 };
 
 class SimulatedLocationService : public LocationService {
 public:
+    explicit SimulatedLocationService(RunLoop& loop) : runLoop(loop) {}
+
+    RunLoop& runLoop;
     LocationAuthorization authorization = LocationAuthorization::notDetermined;
     /// Called for each request, so that a demonstration can answer it.
     std::function<void(SimulatedLocationManager&)> onRequest;

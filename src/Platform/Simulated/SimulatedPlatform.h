@@ -44,7 +44,7 @@ public:
     SimulatedHostStatistics hostStatisticsPort;
     SimulatedHttpClient httpClientPort{runLoopPort};
     SimulatedImageCodec imageCodecPort;
-    SimulatedLocationService locationServicePort;
+    SimulatedLocationService locationServicePort{runLoopPort};
     SimulatedLog logPort;
     SimulatedLoginItem loginItemPort;
     SimulatedNowPlayingService nowPlayingPort;

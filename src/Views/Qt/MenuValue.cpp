@@ -18,14 +18,6 @@ QStringList MenuValue::titles() const {
     return titles;
 }
 
-QStringList MenuValue::symbols() const {
-    QStringList symbols;
-    for (const auto& entry : entries)
-        symbols.append(
-            QString::fromUtf8(entry.symbol.data(), static_cast<int>(entry.symbol.size())));
-    return symbols.join(QString()).isEmpty() ? QStringList() : symbols;
-}
-
 void MenuValue::perform(int row) const {
     if (row >= 0 && row < static_cast<int>(entries.size()))
         entries[static_cast<std::size_t>(row)].perform();

@@ -35,8 +35,6 @@ public:
 
     QVariantList lines() const; ///< of `MenuLineValue`
     QStringList titles() const;
-    /// Of each entry; empty when no entry has one.
-    QStringList symbols() const;
     /// Nothing for a row that does not exist.
     Q_INVOKABLE void perform(int row) const;
 };

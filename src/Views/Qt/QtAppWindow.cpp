@@ -1,5 +1,6 @@
 #include "Views/Qt/QtAppWindow.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQuickItem>
@@ -11,6 +12,26 @@
 #include <utility>
 
 namespace orvelle {
+
+namespace {
+
+/// Hears of the user's closing, after the event.
+class CloseWatch : public QObject {
+public:
+    CloseWatch(QWindow* window, std::function<void()> closed)
+        : QObject(window), closed_(std::move(closed)) {}
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Close)
+            QTimer::singleShot(0, this, closed_);
+        return false;
+    }
+
+private:
+    std::function<void()> closed_;
+};
+
+} // namespace
 
 struct QtAppWindow::Parts {
     explicit Parts(ViewEnvironment environment) : engine(std::move(environment)) {}
@@ -45,8 +66,7 @@ QtAppWindow::QtAppWindow(const Description& description, ViewEnvironment environ
     frame.moveCenter(window.screen()->availableGeometry().center());
     window.setGeometry(frame);
 
-    QObject::connect(&window, &QQuickWindow::closing, &window,
-                     [&window, closed] { QTimer::singleShot(0, &window, closed); });
+    window.installEventFilter(new CloseWatch(&window, std::move(closed)));
     window.show();
     makeKeyAndOrderFront();
 }

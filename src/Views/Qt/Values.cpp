@@ -9,7 +9,6 @@ namespace {
 int qtWeight(FontWeight weight) {
     switch (weight) {
     case FontWeight::ultraLight:
-    case FontWeight::thin:
         return QFont::Thin;
     case FontWeight::thin:
         return QFont::ExtraLight;

@@ -1,0 +1,345 @@
+"""Weather, stocks and the look for updates against a server on the loopback: what goes over the
+wire, and what the user sees of the answers."""
+
+import base64
+import json
+import pathlib
+import subprocess
+import uuid
+
+import pytest
+
+import geoclue
+from desktop import WIDTH, stays, wait_until
+from web import Web, chart, forecast
+
+PANEL = 566
+TAB_BAR_PADDING, TAB_BAR_MIDDLE, PANEL_MIDDLE = 12, 48, 140
+FIELDS = ("&current=temperature_2m,apparent_temperature,relative_humidity_2m,wind_speed_10m,"
+          "weather_code,is_day&temperature_unit=fahrenheit&wind_speed_unit=mph")
+STOCK_AGENT = "Mozilla/5.0 (Macintosh; Intel Mac OS X 10_15_7)"
+
+
+@pytest.fixture(autouse=True)
+def accessibility_bus(desktop):
+    return desktop.spawn(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"],
+                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+@pytest.fixture
+def web(environment):
+    server = Web()
+    server.answers["/orvelle.json"] = {"version": "1.0.6", "build": "1", "url": "a", "notes": ""}
+    for root in ("FORECAST", "GEOCODING", "CHART", "SITE"):
+        environment[f"ORVELLE_{root}_ROOT"] = server.root
+    yield server
+    server.stop()
+
+
+@pytest.fixture
+def start_weather(start, environment, web):
+    """Starts the program with weather, here and at the saved places."""
+    def run(places=(), **settings):
+        environment["DBUS_SYSTEM_BUS_ADDRESS"] = environment["DBUS_SESSION_BUS_ADDRESS"]
+        saved = [{"id": str(uuid.uuid4()).upper(), "name": name, "latitude": latitude,
+                  "longitude": longitude} for name, latitude, longitude in places]
+        write_data(environment, "weather_savedLocations", json.dumps(saved).encode())
+        return start(weatherEnabled="true", **settings)
+    return run
+
+
+def write_data(environment, key, value):
+    """A setting that no command line can write, since it is bytes."""
+    path = pathlib.Path(environment["XDG_CONFIG_HOME"]) / "orvelle" / "defaults.json"
+    path.parent.mkdir(parents=True, exist_ok=True)
+    settings = json.loads(path.read_text()) if path.exists() else {}
+    settings[key] = {"$data": base64.b64encode(value).decode()}
+    path.write_text(json.dumps(settings))
+
+
+def texts(desktop):
+    """Every text that the program shows."""
+    reader = pathlib.Path(__file__).with_name("accessibility.py")
+    answer = subprocess.run(["/usr/bin/python3", reader, "orvelle"], env=desktop.environment,
+                            capture_output=True, text=True, timeout=30)
+    found = []
+
+    def collect(node):
+        found.append((node["role"], node["name"]))
+        for child in node["children"]:
+            collect(child)
+
+    for tree in json.loads(answer.stdout or "[]"):
+        collect(tree)
+    return found
+
+
+def labels(desktop):
+    return [name for role, name in texts(desktop) if role in ("label", "text", "static")]
+
+
+def open_panel(program, label):
+    desktop = program.desktop
+    program.expand()
+
+    def tabs():
+        return [name for role, name in texts(desktop) if role == "page tab"]
+
+    names = wait_until(tabs, "tab bar", program.describe)
+    step = (PANEL - 2 * TAB_BAR_PADDING) / len(names)
+    left = (WIDTH - PANEL) // 2 + TAB_BAR_PADDING
+    desktop.move_pointer(round(left + (names.index(label) + 0.5) * step), TAB_BAR_MIDDLE)
+    desktop.click()
+
+
+def wait_for_label(program, text):
+    wait_until(lambda: text in labels(program.desktop), f"label {text!r}",
+               lambda: f"There are {labels(program.desktop)}. {program.describe()}")
+
+
+def said(program, line):
+    return line in program.describe()
+
+
+def fields_of(head):
+    return dict(line.split(": ", 1) for line in head.split("\r\n")[1:] if ": " in line)
+
+
+# What goes over the wire
+
+
+def test_the_forecast_is_asked_for_byte_by_byte(start_weather, web, environment):
+    web.answers["/v1/forecast"] = forecast(72.4)
+    start_weather(**{"weather_cachedLatitude": "48.0", "weather_cachedLongitude": "-0.5"})
+    head = wait_until(lambda: web.requests("/v1/forecast"), "request")[0]
+    assert head.split("\r\n")[0] == f"GET /v1/forecast?latitude=48.0&longitude=-0.5{FIELDS} HTTP/1.1"
+    assert "cookie" not in head.lower()
+    assert "Cache-Control" not in fields_of(head)
+
+
+def test_a_quote_is_asked_for_byte_by_byte(start, web):
+    web.answers["/v8/finance/chart/BRK.B"] = chart(10, 9)
+    start_with_stocks(start, ["BRK.B"])
+    head = wait_until(lambda: web.requests("/v8/finance/chart/"), "request")[0]
+    assert head.split("\r\n")[0] == "GET /v8/finance/chart/BRK.B?range=1d&interval=1d HTTP/1.1"
+    assert fields_of(head)["User-Agent"] == STOCK_AGENT
+
+
+def test_the_manifest_is_asked_for_afresh_at_the_start(start, web):
+    program = start()
+    head = wait_until(lambda: web.requests("/orvelle.json"), "request")[0]
+    assert head.split("\r\n")[0] == "GET /orvelle.json HTTP/1.1"
+    assert fields_of(head)["Cache-Control"] == "no-cache"
+    wait_until(lambda: said(program, "App is up to date (v1.0.6)"), "line", program.describe)
+
+
+def test_a_newer_manifest_is_told(start, web):
+    web.answers["/orvelle.json"]["version"] = "1.1"
+    program = start()
+    wait_until(lambda: said(program, "Update available: v1.1"), "line", program.describe)
+
+
+def test_switched_off_features_ask_nobody(start, web, environment):
+    environment["DBUS_SYSTEM_BUS_ADDRESS"] = environment["DBUS_SESSION_BUS_ADDRESS"]
+    start(weather_cachedLatitude="48.0")
+    wait_until(lambda: web.requests("/orvelle.json"), "request")
+    assert stays(lambda: len(web.heads) == 1, 0.5)
+
+
+# Weather
+
+
+def test_the_panel_shows_the_figures_of_the_reply(start_weather, web):
+    web.answers["/v1/forecast"] = forecast(72.4, code=63, feels=70.6, humidity=41, wind=8.7)
+    program = start_weather(**{"weather_cachedLatitude": "48.0"})
+    open_panel(program, "Weather")
+    wait_for_label(program, "72")
+    shown = labels(program.desktop)
+    for text in ("Rain", "71°", "41%", "9", "Feels", "Humid", "Wind", "Updated just now",
+                 "Current Location"):
+        assert text in shown, shown
+
+
+def test_a_fix_of_geoclue_gives_the_weather_and_the_city(start_weather, web, openbox):
+    geoclue.start(openbox, 59.91, 10.75)
+    web.answers["/v1/forecast?latitude=59.91&longitude=10.75&"] = forecast(51.2)
+    program = start_weather()
+    open_panel(program, "Weather")
+    wait_for_label(program, "Oslo")
+    assert "51" in labels(program.desktop)
+
+
+def test_without_geoclue_saved_places_work(start_weather, web):
+    web.answers["/v1/forecast?latitude=-33.87&"] = forecast(80.6, code=0)
+    program = start_weather([("Sydney", -33.87, 151.21)])
+    wait_until(lambda: said(program, "LocationDelegate: "), "failure", program.describe)
+    open_panel(program, "Weather")
+    wait_for_label(program, "Current Location")
+    swipe(program, web)
+    wait_for_label(program, "Sydney")
+    wait_for_label(program, "81")
+
+
+def swipe(program, web):
+    """To the next place. Gives the request that it leads to."""
+    desktop = program.desktop
+    desktop.move_pointer(WIDTH // 2, PANEL_MIDDLE)
+    before = len(web.requests("/v1/forecast"))
+
+    def moved():
+        desktop.swipe_right()  # nothing comes of it while the last one cools down
+        return len(web.requests("/v1/forecast")) > before
+
+    wait_until(moved, "request after a swipe", program.describe)
+    return web.requests("/v1/forecast")[-1]
+
+
+def test_swipes_leaf_through_the_places_and_around(start_weather, web):
+    web.answers["/v1/forecast"] = forecast(60)
+    program = start_weather([("First", 1.5, 1.5), ("Second", 2.5, 2.5)],
+                            weather_cachedLatitude="48.0")
+    open_panel(program, "Weather")
+    wait_for_label(program, "Current Location")
+    for name, latitude in (("First", "1.5"), ("Second", "2.5")):
+        assert swipe(program, web).startswith(f"GET /v1/forecast?latitude={latitude}&")
+        wait_for_label(program, name)
+    # Around to the own place, which has the last coordinates that were fetched until there is a fix.
+    assert swipe(program, web).startswith("GET /v1/forecast?latitude=2.5&")
+    assert swipe(program, web).startswith("GET /v1/forecast?latitude=1.5&")
+
+
+def test_what_was_known_is_shown_when_the_network_is_gone(start_weather, web, environment):
+    environment["ORVELLE_FORECAST_ROOT"] = "http://127.0.0.1:1"
+    program = start_weather(**{"weather_temperature": "55.0", "weather_weatherCode": "3",
+                               "weather_locationName": "Lima", "weather_cachedLatitude": "-12.0"})
+    wait_until(lambda: said(program, "WeatherManager: Fetch failed: "), "failure",
+               program.describe)
+    open_panel(program, "Weather")
+    wait_for_label(program, "Lima")
+    shown = labels(program.desktop)
+    assert "55" in shown and "Overcast" in shown
+
+
+def test_a_good_reply_outlives_the_program(start_weather, start, web, environment):
+    web.answers["/v1/forecast"] = forecast(72.4)
+    program = start_weather(**{"weather_cachedLatitude": "48.0"})
+    path = pathlib.Path(environment["XDG_CONFIG_HOME"]) / "orvelle" / "defaults.json"
+    wait_until(lambda: '"weather_temperature"' in path.read_text(), "record on disk",
+               program.describe)
+    program.stop()
+    environment["ORVELLE_FORECAST_ROOT"] = "http://127.0.0.1:1"
+    again = start()
+    open_panel(again, "Weather")
+    wait_for_label(again, "72")
+
+
+def endless(connection):
+    connection.write(b"HTTP/1.1 200 OK\r\n\r\n")
+    for _ in range(1 << 14):
+        connection.write(b"[" * (1 << 14))
+
+
+BAD_ANSWERS = {
+    "an error page": b"<html>Bad gateway</html>",
+    "half a document": json.dumps(forecast(1)).encode()[:40],
+    "the wrong types": json.dumps({"current": [1, 2]}).encode(),
+    "deep nesting": b"[" * 100000,
+    "a huge number": json.dumps(forecast(1)).replace("1,", "1e999,", 1).encode(),
+    "not a number": json.dumps(forecast(float("nan"))).encode(),
+    "endless": endless,
+    "an early end": lambda connection: connection.write(b"HTTP/1.1 200 OK\r\nContent-Len"),
+    "a redirect to itself": lambda connection: connection.write(
+        b"HTTP/1.1 301 Moved\r\nLocation: /v1/forecast\r\nContent-Length: 0\r\n\r\n"),
+}
+
+
+@pytest.mark.parametrize("name", BAD_ANSWERS)
+def test_a_bad_answer_is_told_and_the_old_figures_stay(start_weather, web, name):
+    web.answers["/v1/forecast"] = BAD_ANSWERS[name]
+    program = start_weather(**{"weather_temperature": "55.0", "weather_locationName": "Lima",
+                               "weather_cachedLatitude": "-12.0"})
+    wait_until(lambda: said(program, "WeatherManager: Fetch failed: "), "failure",
+               program.describe)
+    open_panel(program, "Weather")
+    wait_for_label(program, "55")
+    assert resident_megabytes(program.process.pid) < 200
+
+
+def resident_megabytes(pid):
+    for line in pathlib.Path(f"/proc/{pid}/status").read_text().splitlines():
+        if line.startswith("VmHWM:"):
+            return int(line.split()[1]) / 1024
+    raise AssertionError("the process has no figures")
+
+
+# Stocks
+
+
+def start_with_stocks(start, symbols, **settings):
+    def write(environment):
+        folder = pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle"
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / "stock_tickers.json").write_text(json.dumps(
+            [{"id": str(uuid.uuid4()).upper(), "symbol": symbol, "name": "", "addedAt": 1.5}
+             for symbol in symbols]))
+
+    write(start.environment)
+    return start(stockTickerEnabled="true", **settings)
+
+
+@pytest.fixture
+def start(start, environment):
+    start.environment = environment
+    return start
+
+
+def test_the_panel_shows_the_quotes(start, web):
+    web.answers["/v8/finance/chart/UP?"] = chart(11, 10)
+    web.answers["/v8/finance/chart/DOWN?"] = chart(9.5, 10)
+    program = start_with_stocks(start, ["UP", "DOWN", "NONE"])
+    open_panel(program, "Stocks")
+    wait_for_label(program, "$11.00")
+    wait_for_label(program, "-0.50 (-5.00%)")
+    assert "+1.00 (10.00%)" in labels(program.desktop)
+    wait_until(lambda: said(program, "HTTP 404 for NONE"), "line", program.describe)
+
+
+def test_a_typed_symbol_is_fetched_and_kept(start, openbox, web, environment):
+    other = openbox.open_window(100, 500, 300, 200)
+    openbox.focus_window(other)
+    web.answers["/v8/finance/chart/KO?"] = chart(62.75, 62.75)
+    program = start(stockTickerEnabled="true")
+    open_panel(program, "Stocks")
+    wait_for_label(program, "No stocks added")
+    assert openbox.focus() == other.id, "the panel leaves the keyboard where it is"
+    openbox.move_pointer(WIDTH // 2, 82)
+    openbox.click()
+    wait_until(lambda: openbox.focus() == program.window().id, "keyboard", program.describe)
+    openbox.type(" ko\n")
+    wait_for_label(program, "+0.00 (0.00%)")
+    path = pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle" / "stock_tickers.json"
+    wait_until(path.exists, "file")
+    ticker, = json.loads(path.read_text())
+    assert (ticker["symbol"], ticker["name"]) == ("KO", "")
+    assert str(uuid.UUID(ticker["id"])).upper() == ticker["id"]
+    openbox.click(1)  # a press elsewhere gives the keyboard back
+    openbox.move_pointer(200, 600)
+    openbox.click()
+    wait_until(lambda: openbox.focus() != program.window().id, "keyboard elsewhere")
+
+
+def test_a_file_of_no_use_is_told_and_kept_aside(start, openbox, web, environment):
+    folder = pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle"
+    folder.mkdir(parents=True)
+    (folder / "stock_tickers.json").write_text("[{\"id\":")
+    program = start(stockTickerEnabled="true")
+    assert said(program, "Failed to load stock tickers: ")
+    open_panel(program, "Stocks")
+    wait_for_label(program, "No stocks added")
+    openbox.move_pointer(WIDTH // 2, 82)
+    openbox.click()
+    wait_until(lambda: openbox.focus() == program.window().id, "keyboard", program.describe)
+    openbox.type("ko\n")
+    aside = folder / "stock_tickers.json.corrupt"
+    wait_until(aside.exists, "file aside", program.describe)
+    assert aside.read_text() == "[{\"id\":"

@@ -1,0 +1,144 @@
+#include "views/ViewFixture.h"
+
+#include <QImage>
+
+namespace orvelle {
+
+class WeatherPanelTest : public ViewFixture {
+protected:
+    WeatherPanelTest() {
+        WeatherData data;
+        data.temperature = 72.4;
+        data.feelsLike = 70.6;
+        data.humidity = 41;
+        data.windSpeed = 8.7;
+        data.weatherCode = 2;
+        data.lastUpdated = platform.runLoopPort.now();
+        data.locationName = "Paris";
+        weather.weather = data;
+    }
+    void save(int count) {
+        for (int index = 0; index < count; ++index)
+            weather.addSavedLocation({UUID::random(), "Oslo", 60, 10});
+    }
+    QString valueOf(const QString& chip) {
+        std::function<QQuickItem*(QQuickItem*)> find = [&](QQuickItem* at) -> QQuickItem* {
+            for (auto* child : at->childItems()) {
+                if (child->objectName() == "value")
+                    return child;
+                if (auto* found = find(child))
+                    return found;
+            }
+            return nullptr;
+        };
+        auto* found = item(chip);
+        const auto* value = found ? find(found) : nullptr;
+        return value ? value->property("text").toString() : QStringLiteral("<no chip>");
+    }
+};
+
+TEST_F(WeatherPanelTest, showsTheConditions) {
+    show(ActivePanel::weather);
+    EXPECT_EQ(textOf("temperature"), "72");
+    EXPECT_EQ(textOf("condition"), "Partly Cloudy");
+    EXPECT_EQ(textOf("location"), "Paris");
+    EXPECT_EQ(valueOf("chip.Feels"), QString::fromUtf8("71°"));
+    EXPECT_EQ(valueOf("chip.Humid"), "41%");
+    EXPECT_EQ(valueOf("chip.Wind"), "9");
+    EXPECT_EQ(textOf("updatedAgo"), "Updated just now");
+}
+
+TEST_F(WeatherPanelTest, everythingStandsOnTheCardInItsOrder) {
+    save(2);
+    show(ActivePanel::weather);
+    const auto chip = frameOf("chip.Feels");
+    EXPECT_GE(frameOf("temperature").top(), 61 + 12);
+    EXPECT_GE(chip.top(), frameOf("temperature").bottom());
+    EXPECT_GE(frameOf("refreshButton").top(), chip.bottom());
+    EXPECT_LE(frameOf("refreshButton").bottom(), 220 - 12 - 10);
+    EXPECT_EQ(frameOf("chip.Humid").left() - chip.right(), 8);
+    EXPECT_NEAR(frameOf("condition").right(), 566 - 12 - 10, 9);
+}
+
+TEST_F(WeatherPanelTest, withTwoSavedPlacesThereAreThreeDotsOfFourPoints) {
+    save(2);
+    show(ActivePanel::weather);
+    EXPECT_EQ(frameOf("locationDots").size(), QSizeF(3 * 4 + 2 * 3, 4));
+    weather.currentLocationIndex = 1;
+    turn();
+    ASSERT_NE(item("locationDots"), nullptr);
+    const auto dots = item("locationDots")->childItems();
+    EXPECT_EQ(dots[1]->property("color").value<QColor>().alpha(), 204);
+    EXPECT_EQ(dots[0]->property("color").value<QColor>().alpha(), 51);
+}
+
+TEST_F(WeatherPanelTest, withNoSavedPlacesTheRefreshButtonStandsAlone) {
+    show(ActivePanel::weather);
+    EXPECT_EQ(item("locationDots"), nullptr);
+    EXPECT_EQ(item("nextLocation"), nullptr);
+    ASSERT_NE(item("refreshButton"), nullptr);
+    save(1);
+    turn();
+    EXPECT_NE(item("nextLocation"), nullptr);
+}
+
+TEST_F(WeatherPanelTest, theArrowsLeafThroughThePlaces) {
+    save(2);
+    show(ActivePanel::weather);
+    click("nextLocation");
+    EXPECT_EQ(weather.currentLocationIndex, 1u);
+    EXPECT_EQ(textOf("location"), "Oslo");
+    click("previousLocation");
+    click("previousLocation");
+    EXPECT_EQ(weather.currentLocationIndex, 2u);
+}
+
+TEST_F(WeatherPanelTest, theRefreshButtonFetches) {
+    weather.lastLocation = Coordinate{1, 1};
+    show(ActivePanel::weather);
+    click("refreshButton");
+    EXPECT_EQ(platform.httpClientPort.requests.size(), 1u);
+}
+
+TEST_F(WeatherPanelTest, theFirstFetchShowsTheSpinner) {
+    weather.weather = WeatherData{};
+    weather.isLoading = true;
+    show(ActivePanel::weather);
+    EXPECT_EQ(textOf("loadingText"), "Loading weather...");
+    EXPECT_EQ(item("temperature"), nullptr);
+    weather.isLoading = false;
+    turn();
+    EXPECT_EQ(item("loadingText"), nullptr);
+    EXPECT_EQ(textOf("location"), "Current Location");
+}
+
+TEST_F(WeatherPanelTest, aNameOfAnyLengthAndFiguresBeyondReasonStayOnTheCard) {
+    save(1);
+    weather.weather.update([](WeatherData& data) {
+        data.temperature = 1e300;
+        data.feelsLike = -1e300;
+        data.locationName = std::string(500, 'W');
+    });
+    show(ActivePanel::weather);
+    EXPECT_LE(frameOf("temperature").right(), 566 - 22);
+    EXPECT_LE(frameOf("location").right(), 566 - 22 + 0.01);
+    EXPECT_GE(frameOf("location").left(), frameOf("temperature").right());
+    EXPECT_LE(frameOf("chip.Wind").right(), 566 - 22);
+}
+
+TEST_F(WeatherPanelTest, theSkyColoursTheCardAndItsCornersAreRound) {
+    weather.weather.update([](WeatherData& data) { data.weatherCode = 0; });
+    show(ActivePanel::weather);
+    const QImage image = window.grabWindow();
+    const auto color = [&](double x, double y) {
+        return image.pixelColor(static_cast<int>(x * image.width() / 566),
+                                static_cast<int>(y * image.height() / 220));
+    };
+    // The orange of a clear day, darkened on its black ground.
+    EXPECT_NEAR(color(20, 80).redF(), 0.95 * 0.35, 0.03);
+    EXPECT_NEAR(color(20, 80).blueF(), 0.2 * 0.35, 0.03);
+    EXPECT_LT(color(545, 200).greenF(), color(20, 80).greenF());
+    EXPECT_EQ(color(13, 74), QColor(Qt::black));
+}
+
+} // namespace orvelle
