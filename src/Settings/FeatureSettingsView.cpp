@@ -165,7 +165,10 @@ void FeatureSettingsView::appendLocations(Rows& list) const {
 
 SettingsRow FeatureSettingsView::featureToggle(std::string label,
                                                const SettingKey<bool>& key) const {
-    return toggleRow(std::move(label), key);
+    auto row = toggleRow(std::move(label), key);
+    // Features go by what was stored as a boolean, and the switch says what they do.
+    row.isOn = defaults_.storedBoolean(key.name).value_or(key.defaultValue);
+    return row;
 }
 
 SettingsRow FeatureSettingsView::permissionGatedToggle(std::string label,

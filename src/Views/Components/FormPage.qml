@@ -14,6 +14,9 @@ Flickable {
     function scrollTo(y) {
         contentY = Math.max(0, Math.min(y, contentHeight - height))
     }
+    function scrollToEnd() {
+        scrollTo(contentHeight)
+    }
     function reveal(item) {
         for (let ancestor = item; ancestor !== column; ancestor = ancestor.parent)
             if (!ancestor)
@@ -26,6 +29,7 @@ Flickable {
             scrollTo(bottom - height)
     }
 
+    objectName: "scroll"
     contentWidth: width
     contentHeight: column.height + margin
     boundsBehavior: Flickable.StopAtBounds

@@ -115,6 +115,8 @@ TEST_F(FeatureSettingsViewTest, ValuesThatDoNotFitShowTheNearestOrTheDefault) {
     EXPECT_EQ(row("pomodoroWorkMinutes").valueText, "25m");
     EXPECT_EQ(row("temperatureUnit").choice, "fahrenheit");
     EXPECT_TRUE(row("mediaEnabled").isOn);
+    defaults().set("batteryEnabled", std::int64_t{0});
+    EXPECT_TRUE(row("batteryEnabled").isOn) << "no boolean, so the feature is on";
 }
 
 TEST_F(FeatureSettingsViewTest, TheTemperatureIsChosenBetweenTwo) {
