@@ -64,7 +64,7 @@ FormPage {
                     onMoved: (from, to) => view.move(zone.modelData.value, from, to)
                     delegate: ReorderRow {
                         id: row
-                        list: list
+                        owner: list
                         name: entry.name.text
 
                         Item {

@@ -29,7 +29,7 @@ void HoverLayoutSettingsBinding::refresh() {
     const auto values = [this](HoverWidgetPosition zone) {
         std::vector<WidgetRowValue> shown;
         for (const auto& row : view_->zoneSection(zone).rows)
-            shown.push_back({toQt(row.id), toQt(row.symbol), toQt(row.name),
+            shown.push_back({QString::fromStdString(row.id), toQt(row.symbol), toQt(row.name),
                              toQt(rawValue(row.zone)), row.isVisible});
         return shown;
     };
@@ -74,8 +74,8 @@ void PanelOrderSettingsBinding::attach(const ViewEnvironment& environment) {
 void PanelOrderSettingsBinding::refresh() {
     std::vector<PanelRowValue> shown;
     for (const auto& row : view_->rows())
-        shown.push_back({toQt(row.id), toQt(row.symbol), toQt(row.label), toQt(row.eye),
-                         toQt(row.help), row.isVisible});
+        shown.push_back({QString::fromStdString(row.id), toQt(row.symbol), toQt(row.label),
+                         toQt(row.eye), toQt(row.help), row.isVisible});
     rows_.show(shown);
 }
 

@@ -35,7 +35,7 @@ FormPage {
             onMoved: (from, to) => view.move(from, to)
             delegate: ReorderRow {
                 id: row
-                list: list
+                owner: list
                 name: entry.label.text
 
                 Item {

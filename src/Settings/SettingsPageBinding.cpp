@@ -45,9 +45,9 @@ QString kindName(SettingsRow::Kind kind) {
 SettingsRowValue rowValue(const SettingsRow& row) {
     SettingsRowValue value;
     value.kind = kindName(row.kind);
-    value.id = toQt(row.id);
-    value.label = toQt(row.label);
-    value.detail = toQt(row.detail);
+    value.id = QString::fromStdString(row.id);
+    value.label = QString::fromStdString(row.label);
+    value.detail = QString::fromStdString(row.detail);
     value.indent = row.indent;
     value.isOn = row.isOn;
     value.isDimmed = row.isDimmed;
@@ -55,14 +55,14 @@ SettingsRowValue rowValue(const SettingsRow& row) {
     value.lowerBound = row.range.lowerBound;
     value.upperBound = row.range.upperBound;
     value.step = row.range.step;
-    value.valueText = toQt(row.valueText);
+    value.valueText = QString::fromStdString(row.valueText);
     value.valueWidth = row.valueWidth;
     value.labelWidth = row.labelWidth;
     for (const auto& choice : row.choices)
         value.choices.push_back(QVariantMap{{QStringLiteral("value"), toQt(choice.value)},
                                             {QStringLiteral("label"), toQt(choice.label)}});
-    value.choice = toQt(row.choice);
-    value.button = toQt(row.button);
+    value.choice = QString::fromStdString(row.choice);
+    value.button = QString::fromStdString(row.button);
     value.symbol = toQt(row.symbol);
     value.color = toQt(row.color);
     value.isInGroup = !endsGroup(row.kind);

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvelle
 
-// One tab of the settings: its symbol over its title. The keyboard enters at the chosen one.
+// One tab of the settings: its symbol over its title.
 T.AbstractButton {
     id: root
 
@@ -14,7 +14,8 @@ T.AbstractButton {
     objectName: "tab." + tab.title
     width: 84
     height: 48
-    focusPolicy: isChosen ? Qt.StrongFocus : Qt.ClickFocus
+    focus: isChosen
+    focusPolicy: Qt.ClickFocus // the bar is what Tab leads to
     text: tab.title
     Accessible.role: Accessible.PageTab
     Accessible.name: text

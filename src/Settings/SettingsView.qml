@@ -10,6 +10,10 @@ FocusScope {
     function choose(index) {
         current = (index + tabs.count) % tabs.count
     }
+    function stepTo(index) {
+        choose(index)
+        tabs.itemAt(current).forceActiveFocus(Qt.TabFocusReason)
+    }
 
     implicitWidth: view.width
     implicitHeight: view.height
@@ -19,8 +23,7 @@ FocusScope {
             return
         event.accepted = true
         const isBack = event.key === Qt.Key_Backtab || event.modifiers & Qt.ShiftModifier
-        choose(current + (isBack ? -1 : 1))
-        tabs.itemAt(current).forceActiveFocus(Qt.TabFocusReason)
+        stepTo(current + (isBack ? -1 : 1))
     }
 
     SettingsBinding {
@@ -30,31 +33,35 @@ FocusScope {
         anchors.fill: parent
         color: FormStyle.windowColor
     }
-    Row {
+    FocusScope {
         id: bar
         objectName: "tabs"
         y: 8
-        anchors.horizontalCenter: parent.horizontalCenter
-        spacing: 4
+        width: parent.width
+        height: row.height
+        focus: true
+        activeFocusOnTab: true // the keyboard enters at the chosen tab
         Accessible.role: Accessible.PageTabList
         Accessible.name: qsTr("Settings")
 
-        Repeater {
-            id: tabs
-            model: view.tabs
+        Row {
+            id: row
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: 4
 
-            SettingsTab {
-                required property int index
-                required property var modelData
+            Repeater {
+                id: tabs
+                model: view.tabs
 
-                tab: modelData
-                accentColor: view.accentColor
-                isChosen: index === root.current
-                focus: index === 0
-                onClicked: root.choose(index)
-                onStepped: step => {
-                    root.choose(index + step)
-                    tabs.itemAt(root.current).forceActiveFocus(Qt.TabFocusReason)
+                SettingsTab {
+                    required property int index
+                    required property var modelData
+
+                    tab: modelData
+                    accentColor: view.accentColor
+                    isChosen: index === root.current
+                    onClicked: root.choose(index)
+                    onStepped: step => root.stepTo(index + step)
                 }
             }
         }

@@ -20,6 +20,7 @@ FocusScope {
 
     implicitWidth: row.width + 4
     implicitHeight: 24
+    activeFocusOnTab: true
     Accessible.role: Accessible.Grouping
     Accessible.name: name
 
@@ -47,7 +48,7 @@ FocusScope {
                 width: 52
                 height: root.height - 4
                 focus: isTaken
-                focusPolicy: isTaken ? Qt.StrongFocus : Qt.ClickFocus
+                focusPolicy: Qt.ClickFocus // the row of them is what Tab leads to
                 text: modelData.label
                 onClicked: root.take(index)
                 Accessible.role: Accessible.RadioButton

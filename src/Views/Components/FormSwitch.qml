@@ -11,6 +11,10 @@ T.AbstractButton {
     property color accentColor: FormStyle.controlColor
     signal flipped(bool on)
 
+    // The first state is there at once; only later ones slide in.
+    property bool isReady: false
+    Component.onCompleted: isReady = true
+
     implicitWidth: 36
     implicitHeight: 20
     focusPolicy: Qt.StrongFocus
@@ -29,6 +33,7 @@ T.AbstractButton {
         opacity: root.enabled ? 1 : 0.4
 
         Behavior on color {
+            enabled: root.isReady
             ColorAnimation { duration: 120 }
         }
         Rectangle {
@@ -40,6 +45,7 @@ T.AbstractButton {
             color: FormStyle.knobColor
 
             Behavior on x {
+                enabled: root.isReady
                 NumberAnimation { duration: 120; easing.type: Easing.OutCubic }
             }
         }

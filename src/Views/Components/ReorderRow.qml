@@ -3,20 +3,20 @@ import Orvelle
 
 // A row of a ReorderList, dragged by whatever of it is no control. With the keyboard on it, Alt with
 // an arrow key moves it, and an arrow key alone goes to its neighbour.
-FocusScope {
+Item {
     id: root
 
     required property var entry
     required property int index
-    property ReorderList list
+    property ReorderList owner
     property string name
-    readonly property bool isDragged: list.dragged === index
+    readonly property bool isDragged: owner.dragged === index
     default property alias content: body.data
 
     objectName: "row." + entry.id
-    width: list.width
-    height: list.rowHeight
-    y: list.place(index)
+    width: owner.width
+    height: owner.rowHeight
+    y: owner.place(index)
     z: isDragged ? 1 : 0
     activeFocusOnTab: true
     Accessible.role: Accessible.ListItem
@@ -30,9 +30,9 @@ FocusScope {
             return
         event.accepted = true
         if (event.modifiers & Qt.AltModifier)
-            list.move(index, index + step)
+            owner.move(index, index + step)
         else
-            list.focusRow(index + step)
+            owner.focusRow(index + step)
     }
 
     Behavior on y {
@@ -54,7 +54,7 @@ FocusScope {
         readonly property real threshold: 4
 
         function positionOf(mouse) {
-            return mapToItem(root.list, mouse.x, mouse.y).y
+            return mapToItem(root.owner, mouse.x, mouse.y).y
         }
         anchors.fill: parent
         hoverEnabled: true
@@ -68,13 +68,13 @@ FocusScope {
             const way = positionOf(mouse) - origin
             if (!pressed || !root.isDragged && Math.abs(way) < threshold)
                 return
-            root.list.dragged = root.index
-            root.list.pull = way
+            root.owner.dragged = root.index
+            root.owner.pull = way
         }
-        onReleased: if (root.isDragged) root.list.drop()
+        onReleased: if (root.isDragged) root.owner.drop()
         onCanceled: {
-            root.list.dragged = -1
-            root.list.pull = 0
+            root.owner.dragged = -1
+            root.owner.pull = 0
         }
     }
     Symbol {
