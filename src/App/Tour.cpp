@@ -61,7 +61,7 @@ QQuickItem* itemIn(const QString& title, const QString& objectName) {
 
 void click(QQuickItem* button) {
     if (button)
-        QMetaObject::invokeMethod(button, "click");
+        QMetaObject::invokeMethod(button, "clicked");
 }
 
 /// Loaded views hang in the tree of items, springs in that of objects.

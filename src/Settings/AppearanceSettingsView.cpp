@@ -45,7 +45,7 @@ std::vector<SettingsRow> AppearanceSettingsView::makeRows() const {
     list.push_back(titleRow("Animation"));
     list.push_back(pickerRow("Speed", Settings::animationSpeed,
                              {{"slow", "Slow"}, {"normal", "Normal"}, {"fast", "Fast"}}));
-    list.push_back(titleRow(""));
+    list.push_back(gapRow("resetGap"));
     list.push_back(buttonRow(std::string(reset), "Reset Appearance"));
     return list;
 }

@@ -13,11 +13,13 @@ FormPage {
     }
     FormTitle {
         text: view.title
+        leftPadding: 12
         bottomPadding: 3
     }
     FormNote {
         width: parent.width
         text: view.explanation
+        leftPadding: 12
     }
     Repeater {
         model: view.zones
@@ -32,6 +34,7 @@ FormPage {
 
             FormTitle {
                 text: zone.modelData.label
+                leftPadding: 12
                 topPadding: 14
                 font.pixelSize: 12
                 color: FormStyle.secondaryColor

@@ -10,11 +10,13 @@ FormPage {
     }
     FormTitle {
         text: view.title
+        leftPadding: 12
         bottomPadding: 3
     }
     FormNote {
         width: parent.width
         text: view.explanation
+        leftPadding: 12
         bottomPadding: 10
     }
     Rectangle {

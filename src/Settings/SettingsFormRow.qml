@@ -11,7 +11,7 @@ Item {
     readonly property real radius: FormStyle.groupRadius
 
     objectName: "row." + entry.id
-    implicitHeight: body.height
+    implicitHeight: body.item ? body.item.height : 0
     clip: true
 
     // The ground's corners are round where the group begins and ends, and cut off elsewhere.

@@ -91,6 +91,12 @@ SettingsRow SettingsPage::titleRow(std::string title) {
     return row;
 }
 
+SettingsRow SettingsPage::gapRow(std::string id) {
+    auto row = titleRow("");
+    row.id = std::move(id);
+    return row;
+}
+
 SettingsRow SettingsPage::footnoteRow(std::string id, std::string text) {
     SettingsRow row;
     row.kind = SettingsRow::Kind::footnote;

@@ -50,6 +50,8 @@ protected:
     SettingsRow pickerRow(std::string label, const SettingKey<std::string_view>& key,
                           std::vector<SettingsChoice> choices) const;
     static SettingsRow titleRow(std::string title);
+    /// A title without a text, which begins another group.
+    static SettingsRow gapRow(std::string id);
     static SettingsRow footnoteRow(std::string id, std::string text);
     static SettingsRow buttonRow(std::string id, std::string title);
 

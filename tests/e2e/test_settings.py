@@ -93,7 +93,8 @@ def open_settings(program):
     desktop = program.desktop
     if program.size() != (566, 220):
         program.expand()
-    desktop.move_pointer(WIDTH // 2, 150)
+        program.wait_until_still()
+    desktop.move_pointer(WIDTH // 2, 110)
     desktop.click(3)
     entry = wait_until(lambda: next((node for node in accessible_nodes(desktop)
                                      if node["role"] == "menu item"

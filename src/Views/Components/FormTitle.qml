@@ -3,9 +3,9 @@ import Orvelle
 
 // Heads a group; without a text it only keeps the groups apart.
 Text {
-    topPadding: text === "" ? 18 : 20
-    bottomPadding: text === "" ? 0 : 7
-    lineHeight: text === "" ? 0 : 1
+    height: text === "" ? 18 : implicitHeight
+    topPadding: 20
+    bottomPadding: 7
     textFormat: Text.PlainText
     elide: Text.ElideRight
     font.pixelSize: FormStyle.textSize

@@ -21,7 +21,7 @@ protected:
 
 TEST_F(GeneralSettingsViewTest, TheSectionsStandInTheirOrder) {
     EXPECT_EQ(labelsOf(page, Kind::title),
-              (Labels{"Startup", "Behavior", "Interaction Tuning", "Updates", ""}));
+              (Labels{"Startup", "Behavior", "Interaction Tuning", "Updates", "", ""}));
     EXPECT_EQ(labelsOf(page, Kind::toggle),
               (Labels{"Launch at Login", "Show Menu Bar Icon", "Click Widget Opens Its Panel",
                       "Todo Swipe Actions", "Reverse Scroll Direction", "Require Real Notch"}));
