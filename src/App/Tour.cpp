@@ -64,8 +64,11 @@ void click(QQuickItem* button) {
         QMetaObject::invokeMethod(button, "clicked");
 }
 
-/// Loaded views hang in the tree of items, springs in that of objects.
+/// Loaded views hang in the tree of items, springs in that of objects. What is still on its way has
+/// a spinner in its place.
 bool moves(const QQuickItem& item) {
+    if (item.isVisible() && item.objectName() == QLatin1String("spinner"))
+        return true;
     for (const auto* spring : item.findChildren<SpringValue*>())
         if (spring->isRunning())
             return true;
@@ -234,6 +237,7 @@ void Tour::addWizardStops() {
     for (int step = 1; step <= steps; ++step)
         stops_.push_back({QStringLiteral("wizard-%1").arg(step),
                           [this, step] {
+                              app_.settingsWindow.reset();
                               if (step == 1)
                                   app_.runSetupWizard();
                               else

@@ -163,6 +163,17 @@ TEST_F(IcalEventStoreTest, OddThingsAmongTheFilesAreLeftAlone) {
     EXPECT_TRUE(comeToShow({"Good"}));
 }
 
+TEST_F(IcalEventStoreTest, AnEnormousFileIsReadAsFarAsItMayBeAndTheOthersAreShown) {
+    home.write(".calendars/a/enormous.ics", presentEvent("Beginning"));
+    std::filesystem::resize_file(home / ".calendars/a/enormous.ics",
+                                 CalendarReader::maximumFileSize + 1);
+    home.write(".calendars/a/small.ics", presentEvent("Small"));
+    observe();
+    EXPECT_TRUE(comeToShow({"Beginning", "Small"}));
+    ASSERT_EQ(log.lines.size(), 1u) << "it is not read again with every look";
+    EXPECT_NE(log.lines[0].message.find("enormous.ics is too large"), std::string::npos);
+}
+
 TEST_F(IcalEventStoreTest, AFolderThatIsFoundTwiceIsShownOnce) {
     home.write("data/calendars/a/a.ics", presentEvent("A"));
     defaults.set("calendarFolders", home / "data/calendars/a/");

@@ -131,6 +131,12 @@ TEST_F(X11PasteboardTest, AnOldProgramsTextIsLatin1) {
     EXPECT_EQ(readAndWait(), "café");
 }
 
+TEST_F(X11PasteboardTest, WhatACarelessProgramCallsLatin1IsUtf8) {
+    owner.offers = {{"STRING", "café"}};
+    copy();
+    EXPECT_EQ(readAndWait(), "café");
+}
+
 TEST_F(X11PasteboardTest, BytesThatAreNoTextAreReplaced) {
     copy("a\xff"
          "b");

@@ -94,8 +94,9 @@ def accessibility_bus(desktop):
 def settings(binary, environment):
     """Writes one setting the way a user does at the command line."""
     def write(key, value):
-        subprocess.run([binary, "defaults", "write", key, str(value)], env=environment,
-                       check=True, timeout=20)
+        typed = ["-bool", str(value).lower()] if isinstance(value, bool) else [str(value)]
+        subprocess.run([binary, "defaults", "write", key, *typed], env=environment, check=True,
+                       timeout=20)
     return write
 
 

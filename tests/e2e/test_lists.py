@@ -58,7 +58,22 @@ def type_entry(program, prompt, text):
     desktop = program.desktop
     wait_until(lambda: any(node["name"] == prompt and node["focused"] for node in nodes(desktop)),
                "focus in the field", program.describe)
-    desktop.type(text + "\n")
+    desktop.type(text)
+    desktop.keys("Return")
+
+
+def click_on(program, name):
+    """Where it is once its panel has come to rest."""
+    desktop = program.desktop
+    seen = []
+
+    def resting_place():
+        node = next((each for each in nodes(desktop) if each["name"] == name), None)
+        seen.append(node and node["middle"])
+        return len(seen) > 1 and seen[-1] == seen[-2] and seen[-1]
+
+    desktop.move_pointer(*wait_until(resting_place, f"{name} at rest", program.describe))
+    desktop.click()
 
 
 def list_file(environment, name):
@@ -85,7 +100,7 @@ def test_typed_tasks_are_on_the_disk_byte_for_byte(start, openbox, environment):
     other = openbox.open_window(100, 500, 300, 200)
     openbox.focus_window(other)
     started = time.time()
-    program = start(todoEnabled="true")
+    program = start(todoEnabled=True)
     open_panel(program, "Todo")
     type_entry(program, "Add a task...", "  buy milk & \"bread\"")
     type_entry(program, "Add a task...", "call home")
@@ -99,7 +114,7 @@ def test_typed_tasks_are_on_the_disk_byte_for_byte(start, openbox, environment):
 
 def test_typed_notes_are_on_the_disk_byte_for_byte(start, openbox, environment):
     started = time.time()
-    program = start(notesEnabled="true")
+    program = start(notesEnabled=True)
     open_panel(program, "Notes")
     type_entry(program, "Add a note...", "first")
     type_entry(program, "Add a note...", "second")
@@ -110,7 +125,7 @@ def test_typed_notes_are_on_the_disk_byte_for_byte(start, openbox, environment):
 
 
 def test_a_task_survives_the_end_of_the_program(start, openbox, environment):
-    program = start(todoEnabled="true")
+    program = start(todoEnabled=True)
     open_panel(program, "Todo")
     type_entry(program, "Add a task...", "stay")
     wait_until(lambda: "stay" in names(openbox, "list item"), "the row", program.describe)
@@ -134,11 +149,12 @@ def clipboard(desktop):
 
 
 def test_copies_appear_and_a_click_copies_back(start, openbox):
-    program = start(clipboardEnabled="true")
+    program = start(clipboardEnabled=True)
     open_panel(program, "Clipboard")
 
     def rows():
-        return names(openbox, "list item")
+        items = [node for node in nodes(openbox) if node["role"] == "list item"]
+        return [node["name"] for node in sorted(items, key=lambda node: node["middle"][1])]
 
     copy(openbox, "xclip", "from xclip")
     wait_until(lambda: rows() == ["from xclip"], "the first copy",
@@ -146,20 +162,14 @@ def test_copies_appear_and_a_click_copies_back(start, openbox):
     copy(openbox, "xsel", "from xsel ü")
     wait_until(lambda: rows() == ["from xsel ü", "from xclip"], "the second copy",
                lambda: f"{rows()} {program.describe()}")
-    second = next(node for node in nodes(openbox) if node["name"] == "from xclip")
-    openbox.move_pointer(*second["middle"])
-    openbox.click()
+    click_on(program, "from xclip")
     wait_until(lambda: clipboard(openbox) == "from xclip", "the text on the clipboard")
     wait_until(lambda: rows() == ["from xclip", "from xsel ü"], "the row at the top")
 
 
 def start_timer(program):
     open_panel(program, "Focus")
-    button = wait_until(
-        lambda: next((node for node in nodes(program.desktop) if node["name"] == "Start"), None),
-        "the play button", program.describe)
-    program.desktop.move_pointer(*button["middle"])
-    program.desktop.click()
+    click_on(program, "Start")
 
 
 def test_the_desktop_is_told_when_a_session_is_complete(start, openbox, environment, tmp_path):
@@ -167,7 +177,7 @@ def test_the_desktop_is_told_when_a_session_is_complete(start, openbox, environm
     openbox.spawn(["/usr/bin/python3", "-m", "dbusmock", "--logfile", log, "--template",
                    "notification_daemon"], stdout=subprocess.DEVNULL)
     wait_until(log.exists, "the notification service")
-    program = start(pomodoroEnabled="true", pomodoroWorkMinutes=0.02)
+    program = start(pomodoroEnabled=True, pomodoroWorkMinutes=0.02)
     start_timer(program)
     wait_until(lambda: "Work Session Complete" in log.read_text(), "the notice",
                program.describe)
@@ -187,7 +197,7 @@ def test_the_end_of_a_session_is_heard(start, openbox, environment, tmp_path):
     heard = tmp_path / "heard"
     with heard.open("wb") as output:
         openbox.spawn(["pactl", "subscribe"], stdout=output, stderr=subprocess.STDOUT)
-    program = start(pomodoroEnabled="true", pomodoroWorkMinutes=0.02)
+    program = start(pomodoroEnabled=True, pomodoroWorkMinutes=0.02)
     start_timer(program)
     wait_until(lambda: "'new' on sink-input" in heard.read_text(), "a sound",
                lambda: heard.read_text() + program.describe())

@@ -10,7 +10,7 @@ import sys
 
 FOUNDATION = r"Foundation/"
 PORTS = r"Platform/\w+\.h$"
-ADAPTERS = r"Platform/(Qt|Linux|Icu)/"
+ADAPTERS = r"Platform/(Qt|Linux|Icu|Ical)/"
 CORE = r"(App/Constants\.h|(Core|Extensions|Features|Models|Plugins|Protocols|Settings|Views)/(?!Qt/)(?!.*Binding\.h))"
 VIEWS = r"(Views/Qt/|(Features/\w+|Settings|Views)/\w+Binding\.h|Platform/Qt/QuickPanel\.h)"
 
@@ -31,6 +31,8 @@ LAYERS = [
     ("foundation", r"^Foundation/.*\.cpp$", [FOUNDATION], ANYTHING),
     ("ports", r"^Platform/\w+\.(h|cpp)$", [FOUNDATION, PORTS], STANDARD_ONLY),
     ("simulated platform", r"^Platform/Simulated/", [FOUNDATION, PORTS, r"Platform/(Simulated|Icu)/"], STANDARD_ONLY),
+    ("calendar files", r"^Platform/Ical/", [FOUNDATION, PORTS, r"Platform/Ical/"], ANYTHING),
+    ("camera library", r"^Platform/Camera/", [FOUNDATION, PORTS, r"Platform/Camera/"], ANYTHING),
     ("adapters", r"^Platform/(Qt|Linux|Icu)/", [FOUNDATION, PORTS, ADAPTERS], ANYTHING),
     ("views", r"^(Views/Qt/|(Features/\w+|Settings|Views)/\w+Binding\.)", [FOUNDATION, PORTS, CORE, VIEWS], ANYTHING),
     ("application core", r"^App/(AppDelegate|CommandLine|DefaultsCommand)\.",

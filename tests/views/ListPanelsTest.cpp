@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QMouseEvent>
+#include <QTest>
 
 namespace orvelle {
 
@@ -25,7 +25,8 @@ protected:
     /// Rows come with the next frame.
     void clickRow(const QString& objectName) {
         ASSERT_TRUE(eventually([&] { return item(objectName) != nullptr; }));
-        click(objectName);
+        QTest::mouseClick(&window, Qt::LeftButton, {}, frameOf(objectName).center().toPoint());
+        turn();
     }
     bool hasFocus(const QString& objectName) {
         const auto* found = item(objectName);
@@ -36,19 +37,13 @@ protected:
         show(panel);
         ASSERT_TRUE(eventually([&] { return hasFocus(focused); }));
     }
-    void mouse(QEvent::Type type, QPointF at, Qt::MouseButtons buttons) {
-        QMouseEvent event(type, at, window.mapToGlobal(at),
-                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons,
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &event);
-        turn();
-    }
-    void pull(const QString& objectName, double distance) {
-        const auto from = frameOf(objectName).center();
-        mouse(QEvent::MouseButtonPress, from, Qt::LeftButton);
+    void pull(const QString& objectName, int distance) {
+        const auto from = frameOf(objectName).center().toPoint() - QPoint(distance / 2, 0);
+        QTest::mousePress(&window, Qt::LeftButton, {}, from);
         for (int step = 1; step <= 10; ++step)
-            mouse(QEvent::MouseMove, from + QPointF(distance * step / 10, 0), Qt::LeftButton);
-        mouse(QEvent::MouseButtonRelease, from + QPointF(distance, 0), Qt::NoButton);
+            QTest::mouseMove(&window, from + QPoint(distance * step / 10, 0));
+        QTest::mouseRelease(&window, Qt::LeftButton, {}, from + QPoint(distance, 0));
+        turn();
     }
     std::vector<std::string> todoTitles() const {
         std::vector<std::string> titles;

@@ -41,6 +41,7 @@ class CalendarExpandedBinding : public Binding {
     QML_ELEMENT
     ORVELLE_CONSTANT(double, emptyPadding, CalendarExpandedView)
     ORVELLE_CONSTANT(double, listPadding, CalendarExpandedView)
+    ORVELLE_CONSTANT(double, itemSpacing, CalendarExpandedView)
     ORVELLE_CONSTANT(double, headerPadding, CalendarExpandedView)
     ORVELLE_CONSTANT(double, rowHorizontalPadding, CalendarExpandedView)
     ORVELLE_CONSTANT(double, rowVerticalPadding, CalendarExpandedView)

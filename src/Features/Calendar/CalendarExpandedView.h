@@ -39,6 +39,7 @@ public:
 
     static constexpr double emptyPadding = 16;
     static constexpr double listPadding = 8;
+    static constexpr double itemSpacing = 2; ///< between rows, headers included
     static constexpr double headerPadding = 4;
     static constexpr double rowHorizontalPadding = 8;
     static constexpr double rowVerticalPadding = 4;

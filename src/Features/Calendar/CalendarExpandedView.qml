@@ -33,6 +33,7 @@ Item {
         boundsBehavior: Flickable.StopAtBounds
         topMargin: view.listPadding
         bottomMargin: view.listPadding
+        spacing: view.itemSpacing
         model: view.items
         delegate: Loader {
             id: cell

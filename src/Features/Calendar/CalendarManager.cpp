@@ -31,6 +31,18 @@ std::optional<CalendarEventModel> model(StoredEvent event) {
     return model;
 }
 
+/// Events with the same start keep their order.
+std::vector<CalendarEventModel> sortedByStart(std::vector<CalendarEventModel> events) {
+    std::vector<std::pair<Date, std::size_t>> order;
+    for (const auto& event : events)
+        order.emplace_back(event.startDate, order.size());
+    std::ranges::sort(order);
+    std::vector<CalendarEventModel> sorted;
+    for (const auto& [start, position] : order)
+        sorted.push_back(std::move(events[position]));
+    return sorted;
+}
+
 } // namespace
 
 CalendarManager::CalendarManager(Platform& platform)
@@ -52,8 +64,7 @@ void CalendarManager::fetchEvents() {
     for (auto& event : platform_.eventStore().events(now, now + window))
         if (auto built = model(std::move(event)))
             fetched.push_back(*std::move(built));
-    std::ranges::stable_sort(fetched, {}, &CalendarEventModel::startDate);
-    events = std::move(fetched);
+    events = sortedByStart(std::move(fetched));
 }
 
 std::optional<CalendarEventModel> CalendarManager::nextUpcomingEvent() const {

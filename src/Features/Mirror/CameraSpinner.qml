@@ -8,6 +8,7 @@ Item {
     property bool running
     property int bright: 0
 
+    objectName: "spinner"
     implicitWidth: 18
     implicitHeight: 18
 

@@ -5,7 +5,7 @@ import Orvelle
 Rectangle {
     id: root
 
-    property string help
+    property string helpText
     readonly property alias isHovered: pointer.containsMouse
     signal clicked
 
@@ -14,7 +14,7 @@ Rectangle {
     border.color: Style.focusColor
     border.width: activeFocus ? 1 : 0
     Accessible.role: Accessible.Button
-    Accessible.name: help
+    Accessible.name: helpText
     Accessible.focusable: true
     Accessible.focused: activeFocus
     Accessible.onPressAction: clicked()

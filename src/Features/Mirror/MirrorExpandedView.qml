@@ -7,8 +7,7 @@ Item {
 
     MirrorExpandedBinding {
         id: view
-        // Not enabled as soon as the panel begins to leave, not visible once it is unloaded.
-        isOnScreen: root.enabled && root.visible
+        isOnScreen: root.enabled // false as soon as the panel begins to leave
     }
     Loader {
         anchors.fill: parent
@@ -54,7 +53,7 @@ Item {
                 height: width
                 radius: width / 2
                 color: view.toggleBackground
-                help: view.toggleHelp
+                helpText: view.toggleHelp
                 onClicked: view.toggleMirrored()
                 onIsHoveredChanged: isHovered ? tip.offer(toggle) : tip.withdraw(toggle)
 
@@ -98,7 +97,7 @@ Item {
                     height: caption.height + 2 * view.buttonVerticalPadding
                     radius: view.buttonCornerRadius
                     color: view.buttonBackground
-                    help: caption.text
+                    helpText: caption.text
                     onClicked: view.openSystemSettings()
 
                     PanelText {

@@ -67,7 +67,7 @@ CalendarReader::Result CalendarReader::read(const CalendarPlaces& places, Date n
             if (old != known.end() && old->second.version == version && old->second.from <= now &&
                 old->second.to >= now + leastReach) {
                 files_.insert(known.extract(old));
-            } else if (Clock::now() < end) {
+            } else if (Clock::now() < end && result.events.size() < maximumEvents) {
                 IcalFile calendar({now, now + reach, localZone,
                                    std::min(end, Clock::now() + duration(patiencePerFile))});
                 if (!readAll(file, calendar))

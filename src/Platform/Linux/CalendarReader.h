@@ -12,6 +12,7 @@ namespace orvelle {
 class CalendarReader {
 public:
     static constexpr std::size_t maximumFileSize = 64 << 20; ///< bytes; the rest is not read
+    static constexpr std::size_t maximumEvents = 5000;       ///< of all files together
     static constexpr Seconds patiencePerFile = 2;
     static constexpr Seconds patience = 20; ///< for all of them
     /// How far ahead a file is read, and how far at least what was read before must still reach.

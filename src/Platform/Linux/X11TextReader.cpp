@@ -33,6 +33,15 @@ std::size_t lengthOf(const PropertyReply& reply) {
     return static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
 }
 
+/// What is said to be Latin-1 is UTF-8 from programs that do not care.
+QString decoded(const std::string& text, bool isCalledLatin1) {
+    const auto bytes = QByteArray::fromStdString(text);
+    auto decoded = QString::fromUtf8(bytes);
+    if (isCalledLatin1 && decoded.contains(QChar::ReplacementCharacter))
+        return QString::fromLatin1(bytes);
+    return decoded;
+}
+
 } // namespace
 
 X11TextReader::X11TextReader(xcb_connection_t* connection, xcb_window_t window,
@@ -177,11 +186,8 @@ void X11TextReader::take(const void* bytes, std::size_t count) {
 void X11TextReader::finish(std::optional<std::string> text) {
     deadline_.stop();
     step_ = Step::idle;
-    if (text) {
-        const auto bytes = QByteArray::fromStdString(*text);
-        text = (target_ == atoms_[latin1] ? QString::fromLatin1(bytes) : QString::fromUtf8(bytes))
-                   .toStdString();
-    }
+    if (text)
+        text = decoded(*text, target_ == atoms_[latin1]).toStdString();
     text_.clear();
     xcb_flush(connection_);
     // Whoever reads anew when it is called waits for another answer.

@@ -74,13 +74,12 @@ void script(SimulatedEventStore& calendars) {
             store.stored.push_back(event);
         };
         constexpr int day = 96; // quarters
-        add("Founders' Day", nullptr, -20, day - 20, holidays);
-        store.stored.back().isAllDay = true;
         add("Design review", "Room 4", -2, 3, work);
         add("Lunch with Ada", "Café Lumière", 5, 9, home);
         add("Release planning", nullptr, 13, 17, work);
         add("Dentist", "12 Mill Lane", 22, 24, home);
-        add("Call with Lisbon", nullptr, 30, 32, work);
+        add("Founders' Day", nullptr, 40, 40 + day, holidays);
+        store.stored.back().isAllDay = true;
     };
 }
 

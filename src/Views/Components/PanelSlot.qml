@@ -12,8 +12,8 @@ Item {
     readonly property alias isMoving: offset.running
 
     function enter(source, side) {
-        isLeaving = false
         loader.source = "" // the same source may stand for another panel now
+        isLeaving = false // after the panel that was leaving has gone, or it would come back to life
         loader.source = source
         offset.jump(side)
         presence.jump(side === 0 ? 1 : 0)

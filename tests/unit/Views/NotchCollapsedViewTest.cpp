@@ -18,7 +18,7 @@ StyledText medium(std::string text, double size, Color color = colors::white) {
 class NotchCollapsedViewTest : public ViewFixture {
 protected:
     NotchState& state = app.notchState;
-    NotchCollapsedView view{app.environment(), {"pomodoro"}, platform};
+    NotchCollapsedView view{app.environment(), {"mirror"}, platform};
 
     void setLocation(const std::string& name) {
         app.weatherManager.weather.update([&](auto& weather) { weather.locationName = name; });

@@ -53,8 +53,8 @@ TEST_F(PomodoroViewsTest, TheMenuListsTheStylesAndMarksTheCurrentOne) {
     EXPECT_EQ(menu[1].title, "Ring");
     EXPECT_EQ(menu[2].title, "Analog");
     EXPECT_EQ(menu[3].title, "Minimal");
-    EXPECT_EQ(menu[1].symbol, "checkmark");
-    EXPECT_EQ(menu[0].symbol, "");
+    EXPECT_TRUE(menu[1].isChecked);
+    EXPECT_FALSE(menu[0].isChecked);
     menu[3].perform();
     EXPECT_EQ(platform.userDefaultsPort.string("pomodoroTimerStyle"), "minimal");
 }
