@@ -17,7 +17,8 @@ T.AbstractButton {
     focus: isChosen
     focusPolicy: Qt.ClickFocus // the bar is what Tab leads to
     text: tab.title
-    Accessible.role: Accessible.PageTab
+    // Later than the template, which makes it a push button.
+    Component.onCompleted: Accessible.role = Accessible.PageTab
     Accessible.name: text
     Accessible.selectable: true
     Accessible.selected: isChosen

@@ -51,7 +51,8 @@ FocusScope {
                 focusPolicy: Qt.ClickFocus // the row of them is what Tab leads to
                 text: modelData.label
                 onClicked: root.take(index)
-                Accessible.role: Accessible.RadioButton
+                // Later than the template, which makes it a push button.
+                Component.onCompleted: Accessible.role = Accessible.RadioButton
                 Accessible.name: text
                 Accessible.checkable: true
                 Accessible.checked: isTaken

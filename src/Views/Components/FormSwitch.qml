@@ -13,13 +13,15 @@ T.AbstractButton {
 
     // The first state is there at once; only later ones slide in.
     property bool isReady: false
-    Component.onCompleted: isReady = true
+    Component.onCompleted: {
+        isReady = true
+        Accessible.role = Accessible.CheckBox // the template has made it a push button meanwhile
+    }
 
     implicitWidth: 36
     implicitHeight: 20
     focusPolicy: Qt.StrongFocus
     onClicked: flipped(!isOn)
-    Accessible.role: Accessible.CheckBox
     Accessible.name: name
     Accessible.checkable: true
     Accessible.checked: isOn
