@@ -22,8 +22,9 @@ namespace orvelle {
 namespace {
 
 constexpr int lookInterval = 50;   // milliseconds
+constexpr int enoughLooks = 4;     // a change may take a moment to begin to move
 constexpr int settlingTime = 2500; // lets two samples of the system monitor come in
-constexpr int longestWait = 15000; // milliseconds a stop may take
+constexpr int longestWait = 60000; // milliseconds a stop may take
 constexpr int desktopMargin = 24;  // points of desktop around the panel
 constexpr int windowTime = 700;    // milliseconds in which an ordinary window comes to rest
 const QString settingsTitle = QStringLiteral("Orvelle Settings");
@@ -64,10 +65,10 @@ void click(QQuickItem* button) {
         QMetaObject::invokeMethod(button, "clicked");
 }
 
-/// Loaded views hang in the tree of items, springs in that of objects. What is still on its way has
+/// Loaded views hang in the tree of items, springs in that of objects. A camera that starts has
 /// a spinner in its place.
 bool moves(const QQuickItem& item) {
-    if (item.isVisible() && item.objectName() == QLatin1String("spinner"))
+    if (item.isVisible() && item.objectName() == QLatin1String("cameraSpinner"))
         return true;
     for (const auto* spring : item.findChildren<SpringValue*>())
         if (spring->isRunning())
@@ -257,11 +258,13 @@ void Tour::next() {
     }
     stops_[index_].go();
     since_.start();
+    stillLooks_ = 0;
     watch_.start();
 }
 
 void Tour::look() {
-    if (!isStill()) {
+    stillLooks_ = isStill() ? stillLooks_ + 1 : 0;
+    if (stillLooks_ < enoughLooks) {
         if (since_.elapsed() > longestWait)
             fail(QStringLiteral("the view does not come to rest"));
         return;

@@ -51,6 +51,7 @@ private:
     std::size_t index_ = 0;
     QTimer watch_;
     QElapsedTimer since_;
+    int stillLooks_ = 0; ///< in a row
 };
 
 } // namespace orvelle
