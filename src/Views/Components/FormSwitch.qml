@@ -13,18 +13,19 @@ T.AbstractButton {
 
     // The first state is there at once; only later ones slide in.
     property bool isReady: false
-    Component.onCompleted: {
-        isReady = true
-        Accessible.role = Accessible.CheckBox // the template has made it a push button meanwhile
-    }
+    Component.onCompleted: isReady = true
 
     implicitWidth: 36
     implicitHeight: 20
     focusPolicy: Qt.StrongFocus
-    onClicked: flipped(!isOn)
+    // The template tells its own role, which follows from this; what is shown stays `isOn`.
+    checkable: true
+    checked: isOn
+    onClicked: {
+        flipped(!isOn)
+        checked = Qt.binding(() => isOn)
+    }
     Accessible.name: name
-    Accessible.checkable: true
-    Accessible.checked: isOn
     Accessible.onPressAction: clicked()
     Accessible.onToggleAction: clicked()
     Keys.onReturnPressed: clicked()
