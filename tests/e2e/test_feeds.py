@@ -13,8 +13,6 @@ import geoclue
 from desktop import WIDTH, stays, wait_until
 from web import Web, chart, forecast
 
-PANEL = 566
-TAB_BAR_PADDING, TAB_BAR_MIDDLE, PANEL_MIDDLE = 12, 48, 140
 FIELDS = ("&current=temperature_2m,apparent_temperature,relative_humidity_2m,wind_speed_10m,"
           "weather_code,is_day&temperature_unit=fahrenheit&wind_speed_unit=mph")
 STOCK_AGENT = "Mozilla/5.0 (Macintosh; Intel Mac OS X 10_15_7)"
@@ -41,31 +39,32 @@ def start_weather(start, environment, web):
     """Starts the program with weather, here and at the saved places."""
     def run(places=(), **settings):
         environment["DBUS_SYSTEM_BUS_ADDRESS"] = environment["DBUS_SESSION_BUS_ADDRESS"]
-        saved = [{"id": str(uuid.uuid4()).upper(), "name": name, "latitude": latitude,
-                  "longitude": longitude} for name, latitude, longitude in places]
-        write_data(environment, "weather_savedLocations", json.dumps(saved).encode())
-        return start(weatherEnabled="true", **settings)
+        saved = json.dumps([
+            {"id": str(uuid.uuid4()).upper(), "name": name, "latitude": latitude,
+             "longitude": longitude} for name, latitude, longitude in places])
+        write_settings(environment, weatherEnabled=True,
+                       weather_savedLocations={"$data": base64.b64encode(saved.encode()).decode()},
+                       **settings)
+        return start()
     return run
 
 
-def write_data(environment, key, value):
-    """A setting that no command line can write, since it is bytes."""
+def write_settings(environment, **settings):
+    """Beforehand, with their types."""
     path = pathlib.Path(environment["XDG_CONFIG_HOME"]) / "orvelle" / "defaults.json"
     path.parent.mkdir(parents=True, exist_ok=True)
-    settings = json.loads(path.read_text()) if path.exists() else {}
-    settings[key] = {"$data": base64.b64encode(value).decode()}
     path.write_text(json.dumps(settings))
 
 
-def texts(desktop):
-    """Every text that the program shows."""
+def nodes(desktop):
+    """Everything that the program shows, flat."""
     reader = pathlib.Path(__file__).with_name("accessibility.py")
     answer = subprocess.run(["/usr/bin/python3", reader, "orvelle"], env=desktop.environment,
                             capture_output=True, text=True, timeout=30)
     found = []
 
     def collect(node):
-        found.append((node["role"], node["name"]))
+        found.append(node)
         for child in node["children"]:
             collect(child)
 
@@ -75,26 +74,43 @@ def texts(desktop):
 
 
 def labels(desktop):
-    return [name for role, name in texts(desktop) if role in ("label", "text", "static")]
+    return [node["name"] for node in nodes(desktop) if node["role"] == "label"]
+
+
+def point_at(program, role, name):
+    """Waits until what has this role and name is at rest and under the pointer's reach: without a
+    compositor the window is only where its shape has grown to."""
+    desktop = program.desktop
+    seen = []
+
+    def resting_place():
+        seen.append(next((node["middle"] for node in nodes(desktop)
+                          if node["role"] == role and node["name"] == name), None))
+        return len(seen) > 1 and seen[-1] == seen[-2] and seen[-1]
+
+    x, y = wait_until(resting_place, f"{role} {name!r} at rest",
+                      lambda: f"There are {nodes(desktop)}. {program.describe()}")
+
+    def is_within_reach():
+        left, top, _, _ = program.geometry()
+        return any(0 <= x - left - box[0] < box[2] and 0 <= y - top - box[1] < box[3]
+                   for box in desktop.shape_boxes(program.window()))
+
+    wait_until(is_within_reach, f"reach of {role} {name!r}", program.describe)
+    desktop.move_pointer(x, y)
+    return x, y
 
 
 def open_panel(program, label):
-    desktop = program.desktop
     program.expand()
-
-    def tabs():
-        return [name for role, name in texts(desktop) if role == "page tab"]
-
-    names = wait_until(tabs, "tab bar", program.describe)
-    step = (PANEL - 2 * TAB_BAR_PADDING) / len(names)
-    left = (WIDTH - PANEL) // 2 + TAB_BAR_PADDING
-    desktop.move_pointer(round(left + (names.index(label) + 0.5) * step), TAB_BAR_MIDDLE)
-    desktop.click()
+    point_at(program, "page tab", label)
+    program.desktop.click()
 
 
 def wait_for_label(program, text):
     wait_until(lambda: text in labels(program.desktop), f"label {text!r}",
-               lambda: f"There are {labels(program.desktop)}. {program.describe()}")
+               lambda: f"There are {labels(program.desktop)} in {program.geometry()}. "
+                       f"{program.describe()}")
 
 
 def said(program, line):
@@ -110,16 +126,16 @@ def fields_of(head):
 
 def test_the_forecast_is_asked_for_byte_by_byte(start_weather, web, environment):
     web.answers["/v1/forecast"] = forecast(72.4)
-    start_weather(**{"weather_cachedLatitude": "48.0", "weather_cachedLongitude": "-0.5"})
+    start_weather(weather_cachedLatitude=48.0, weather_cachedLongitude=-0.5)
     head = wait_until(lambda: web.requests("/v1/forecast"), "request")[0]
     assert head.split("\r\n")[0] == f"GET /v1/forecast?latitude=48.0&longitude=-0.5{FIELDS} HTTP/1.1"
     assert "cookie" not in head.lower()
     assert "Cache-Control" not in fields_of(head)
 
 
-def test_a_quote_is_asked_for_byte_by_byte(start, web):
+def test_a_quote_is_asked_for_byte_by_byte(start_stocks, web):
     web.answers["/v8/finance/chart/BRK.B"] = chart(10, 9)
-    start_with_stocks(start, ["BRK.B"])
+    start_stocks(["BRK.B"])
     head = wait_until(lambda: web.requests("/v8/finance/chart/"), "request")[0]
     assert head.split("\r\n")[0] == "GET /v8/finance/chart/BRK.B?range=1d&interval=1d HTTP/1.1"
     assert fields_of(head)["User-Agent"] == STOCK_AGENT
@@ -141,7 +157,8 @@ def test_a_newer_manifest_is_told(start, web):
 
 def test_switched_off_features_ask_nobody(start, web, environment):
     environment["DBUS_SYSTEM_BUS_ADDRESS"] = environment["DBUS_SESSION_BUS_ADDRESS"]
-    start(weather_cachedLatitude="48.0")
+    write_settings(environment, weather_cachedLatitude=48.0)
+    start()
     wait_until(lambda: web.requests("/orvelle.json"), "request")
     assert stays(lambda: len(web.heads) == 1, 0.5)
 
@@ -151,13 +168,10 @@ def test_switched_off_features_ask_nobody(start, web, environment):
 
 def test_the_panel_shows_the_figures_of_the_reply(start_weather, web):
     web.answers["/v1/forecast"] = forecast(72.4, code=63, feels=70.6, humidity=41, wind=8.7)
-    program = start_weather(**{"weather_cachedLatitude": "48.0"})
+    program = start_weather(weather_cachedLatitude=59.91, weather_cachedLongitude=10.75)
     open_panel(program, "Weather")
-    wait_for_label(program, "72")
-    shown = labels(program.desktop)
-    for text in ("Rain", "71°", "41%", "9", "Feels", "Humid", "Wind", "Updated just now",
-                 "Current Location"):
-        assert text in shown, shown
+    for text in ("72", "Rain", "71°", "41%", "9", "Feels", "Humid", "Wind", "Updated just now", "Oslo"):
+        wait_for_label(program, text)
 
 
 def test_a_fix_of_geoclue_gives_the_weather_and_the_city(start_weather, web, openbox):
@@ -166,7 +180,7 @@ def test_a_fix_of_geoclue_gives_the_weather_and_the_city(start_weather, web, ope
     program = start_weather()
     open_panel(program, "Weather")
     wait_for_label(program, "Oslo")
-    assert "51" in labels(program.desktop)
+    wait_for_label(program, "51")
 
 
 def test_without_geoclue_saved_places_work(start_weather, web):
@@ -183,11 +197,11 @@ def test_without_geoclue_saved_places_work(start_weather, web):
 def swipe(program, web):
     """To the next place. Gives the request that it leads to."""
     desktop = program.desktop
-    desktop.move_pointer(WIDTH // 2, PANEL_MIDDLE)
+    desktop.move_pointer(WIDTH // 2, 140)
     before = len(web.requests("/v1/forecast"))
 
     def moved():
-        desktop.swipe_right()  # nothing comes of it while the last one cools down
+        desktop.swipe_left()  # nothing comes of it while the last one cools down
         return len(web.requests("/v1/forecast")) > before
 
     wait_until(moved, "request after a swipe", program.describe)
@@ -197,9 +211,9 @@ def swipe(program, web):
 def test_swipes_leaf_through_the_places_and_around(start_weather, web):
     web.answers["/v1/forecast"] = forecast(60)
     program = start_weather([("First", 1.5, 1.5), ("Second", 2.5, 2.5)],
-                            weather_cachedLatitude="48.0")
+                            weather_cachedLatitude=48.0)
     open_panel(program, "Weather")
-    wait_for_label(program, "Current Location")
+    wait_for_label(program, "60")
     for name, latitude in (("First", "1.5"), ("Second", "2.5")):
         assert swipe(program, web).startswith(f"GET /v1/forecast?latitude={latitude}&")
         wait_for_label(program, name)
@@ -210,19 +224,18 @@ def test_swipes_leaf_through_the_places_and_around(start_weather, web):
 
 def test_what_was_known_is_shown_when_the_network_is_gone(start_weather, web, environment):
     environment["ORVELLE_FORECAST_ROOT"] = "http://127.0.0.1:1"
-    program = start_weather(**{"weather_temperature": "55.0", "weather_weatherCode": "3",
-                               "weather_locationName": "Lima", "weather_cachedLatitude": "-12.0"})
+    program = start_weather(weather_temperature=55.0, weather_weatherCode=3,
+                            weather_locationName="Lima", weather_cachedLatitude=-12.0)
     wait_until(lambda: said(program, "WeatherManager: Fetch failed: "), "failure",
                program.describe)
     open_panel(program, "Weather")
-    wait_for_label(program, "Lima")
-    shown = labels(program.desktop)
-    assert "55" in shown and "Overcast" in shown
+    for text in ("Lima", "55", "Overcast"):
+        wait_for_label(program, text)
 
 
 def test_a_good_reply_outlives_the_program(start_weather, start, web, environment):
     web.answers["/v1/forecast"] = forecast(72.4)
-    program = start_weather(**{"weather_cachedLatitude": "48.0"})
+    program = start_weather(weather_cachedLatitude=48.0)
     path = pathlib.Path(environment["XDG_CONFIG_HOME"]) / "orvelle" / "defaults.json"
     wait_until(lambda: '"weather_temperature"' in path.read_text(), "record on disk",
                program.describe)
@@ -256,8 +269,8 @@ BAD_ANSWERS = {
 @pytest.mark.parametrize("name", BAD_ANSWERS)
 def test_a_bad_answer_is_told_and_the_old_figures_stay(start_weather, web, name):
     web.answers["/v1/forecast"] = BAD_ANSWERS[name]
-    program = start_weather(**{"weather_temperature": "55.0", "weather_locationName": "Lima",
-                               "weather_cachedLatitude": "-12.0"})
+    program = start_weather(weather_temperature=55.0, weather_locationName="Lima",
+                            weather_cachedLatitude=-12.0)
     wait_until(lambda: said(program, "WeatherManager: Fetch failed: "), "failure",
                program.describe)
     open_panel(program, "Weather")
@@ -275,71 +288,98 @@ def resident_megabytes(pid):
 # Stocks
 
 
-def start_with_stocks(start, symbols, **settings):
-    def write(environment):
-        folder = pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle"
-        folder.mkdir(parents=True, exist_ok=True)
-        (folder / "stock_tickers.json").write_text(json.dumps(
-            [{"id": str(uuid.uuid4()).upper(), "symbol": symbol, "name": "", "addedAt": 1.5}
-             for symbol in symbols]))
-
-    write(start.environment)
-    return start(stockTickerEnabled="true", **settings)
-
-
 @pytest.fixture
-def start(start, environment):
-    start.environment = environment
-    return start
+def start_stocks(start, environment, web):
+    """Starts the program with these symbols in its list, or with these bytes for a list."""
+    def run(symbols=()):
+        folder = pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle"
+        folder.mkdir(parents=True)
+        text = symbols if isinstance(symbols, str) else json.dumps(
+            [{"id": str(uuid.uuid4()).upper(), "symbol": symbol, "name": "", "addedAt": 1.5}
+             for symbol in symbols])
+        (folder / "stock_tickers.json").write_text(text)
+        write_settings(environment, stockTickerEnabled=True)
+        return start()
+    return run
 
 
-def test_the_panel_shows_the_quotes(start, web):
+def test_the_panel_shows_the_quotes(start_stocks, web):
     web.answers["/v8/finance/chart/UP?"] = chart(11, 10)
     web.answers["/v8/finance/chart/DOWN?"] = chart(9.5, 10)
-    program = start_with_stocks(start, ["UP", "DOWN", "NONE"])
+    program = start_stocks(["UP", "DOWN", "NONE"])
     open_panel(program, "Stocks")
-    wait_for_label(program, "$11.00")
-    wait_for_label(program, "-0.50 (-5.00%)")
-    assert "+1.00 (10.00%)" in labels(program.desktop)
+    for text in ("$11.00", "+1.00 (10.00%)", "$9.50", "-0.50 (-5.00%)"):
+        wait_for_label(program, text)
     wait_until(lambda: said(program, "HTTP 404 for NONE"), "line", program.describe)
 
 
-def test_a_typed_symbol_is_fetched_and_kept(start, openbox, web, environment):
+def test_a_typed_symbol_is_fetched_and_kept(start_stocks, openbox, web, environment):
     other = openbox.open_window(100, 500, 300, 200)
     openbox.focus_window(other)
     web.answers["/v8/finance/chart/KO?"] = chart(62.75, 62.75)
-    program = start(stockTickerEnabled="true")
+    program = start_stocks()
     open_panel(program, "Stocks")
     wait_for_label(program, "No stocks added")
     assert openbox.focus() == other.id, "the panel leaves the keyboard where it is"
-    openbox.move_pointer(WIDTH // 2, 82)
+    point_at(program, "text", "Add symbol (e.g. AAPL)...")
     openbox.click()
     wait_until(lambda: openbox.focus() == program.window().id, "keyboard", program.describe)
-    openbox.type(" ko\n")
+    openbox.type(" ko")
+    openbox.key("Return")
     wait_for_label(program, "+0.00 (0.00%)")
     path = pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle" / "stock_tickers.json"
-    wait_until(path.exists, "file")
+    wait_until(lambda: "KO" in path.read_text(), "symbol in the file", program.describe)
     ticker, = json.loads(path.read_text())
     assert (ticker["symbol"], ticker["name"]) == ("KO", "")
     assert str(uuid.UUID(ticker["id"])).upper() == ticker["id"]
-    openbox.click(1)  # a press elsewhere gives the keyboard back
-    openbox.move_pointer(200, 600)
+    openbox.move_pointer(200, 600)  # a press elsewhere gives the keyboard back
     openbox.click()
     wait_until(lambda: openbox.focus() != program.window().id, "keyboard elsewhere")
 
 
-def test_a_file_of_no_use_is_told_and_kept_aside(start, openbox, web, environment):
-    folder = pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle"
-    folder.mkdir(parents=True)
-    (folder / "stock_tickers.json").write_text("[{\"id\":")
-    program = start(stockTickerEnabled="true")
+def test_a_file_of_no_use_is_told_and_kept_aside(start_stocks, openbox, environment):
+    program = start_stocks("[{\"id\":")
     assert said(program, "Failed to load stock tickers: ")
     open_panel(program, "Stocks")
     wait_for_label(program, "No stocks added")
-    openbox.move_pointer(WIDTH // 2, 82)
+    point_at(program, "text", "Add symbol (e.g. AAPL)...")
     openbox.click()
     wait_until(lambda: openbox.focus() == program.window().id, "keyboard", program.describe)
-    openbox.type("ko\n")
+    openbox.type("ko")
+    openbox.key("Return")
+    folder = pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle"
     aside = folder / "stock_tickers.json.corrupt"
     wait_until(aside.exists, "file aside", program.describe)
     assert aside.read_text() == "[{\"id\":"
+
+
+def pull(program, name, distance):
+    """Pulls the row of this name to the side by its middle."""
+    desktop = program.desktop
+    x, y = point_at(program, "list item", name)
+    desktop.press(1)
+    for step in range(1, 11):
+        desktop.move_pointer(x + distance * step // 10, y)
+    desktop.release(1)
+
+
+def wait_for_rows(program, *names):
+    wait_until(lambda: [node["name"] for node in nodes(program.desktop)
+                        if node["role"] == "list item"] == list(names), f"rows {names}",
+               program.describe)
+
+
+def test_a_pull_uncovers_the_delete_button_and_a_press_on_it_deletes(start_stocks):
+    program = start_stocks(["A", "B"])
+    open_panel(program, "Stocks")
+    pull(program, "A", -90)
+    point_at(program, "push button", "Delete")
+    program.desktop.click()
+    wait_for_rows(program, "B")
+
+
+def test_a_long_pull_deletes(start_stocks):
+    program = start_stocks(["A", "B"])
+    open_panel(program, "Stocks")
+    pull(program, "A", -350)
+    wait_for_rows(program, "B")

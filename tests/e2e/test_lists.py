@@ -8,6 +8,7 @@ import subprocess
 import time
 
 import pytest
+from Xlib import X
 
 from desktop import WIDTH, wait_until
 
@@ -201,3 +202,24 @@ def test_the_end_of_a_session_is_heard(start, openbox, environment, tmp_path):
     start_timer(program)
     wait_until(lambda: "'new' on sink-input" in heard.read_text(), "a sound",
                lambda: heard.read_text() + program.describe())
+
+
+def test_an_owner_that_never_answers_holds_nothing_up(start, openbox, environment):
+    program = start(todoEnabled=True, clipboardEnabled=True)
+    open_panel(program, "Todo")
+    type_entry(program, "Add a task...", "before")
+    path = list_file(environment, "todo_items.json")
+    wait_for_entries(path, 1)
+    silent = openbox.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+    silent.set_selection_owner(openbox.atom("CLIPBOARD"), X.CurrentTime)
+    openbox.display.sync()
+    openbox.type("after")
+    openbox.key("Return")
+    # The toolkit itself would wait for such an owner for five seconds.
+    wait_until(lambda: len(json.loads(path.read_text())) == 2, "the task", program.describe,
+               bound=4)
+    openbox.key("ctrl+v")
+    openbox.type("!")
+    openbox.key("Return")
+    wait_until(lambda: len(json.loads(path.read_text())) == 3, "the last task", program.describe,
+               bound=4)

@@ -41,13 +41,8 @@ FocusScope {
             prompt: stocks.fieldPlaceholder.text
             promptColor: stocks.fieldPlaceholder.color
             onAccepted: root.add()
+            onPressed: stocks.takeKeyboard()
             Keys.onDownPressed: if (list.count > 0) list.forceActiveFocus()
-        }
-        TapHandler {
-            onPressedChanged: {
-                if (pressed)
-                    stocks.takeKeyboard()
-            }
         }
     }
     PanelButton {

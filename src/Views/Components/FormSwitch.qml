@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvelle
 
 // A switch that shows `isOn` and asks for another state through `flipped`.
-T.AbstractButton {
+Item {
     id: root
 
     property bool isOn: false
@@ -17,20 +16,21 @@ T.AbstractButton {
 
     implicitWidth: 36
     implicitHeight: 20
-    focusPolicy: Qt.StrongFocus
-    // The template tells its own role, which follows from this; what is shown stays `isOn`.
-    checkable: true
-    checked: isOn
-    onClicked: {
-        flipped(!isOn)
-        checked = Qt.binding(() => isOn)
-    }
+    activeFocusOnTab: true
+    // The toolkit's own buttons cannot say that they are check boxes.
+    Accessible.role: Accessible.CheckBox
     Accessible.name: name
-    Accessible.onPressAction: clicked()
-    Accessible.onToggleAction: clicked()
-    Keys.onReturnPressed: clicked()
+    Accessible.focusable: true
+    Accessible.checkable: true
+    Accessible.checked: isOn
+    Accessible.onPressAction: flipped(!isOn)
+    Accessible.onToggleAction: flipped(!isOn)
+    Keys.onSpacePressed: flipped(!isOn)
+    Keys.onReturnPressed: flipped(!isOn)
+    Keys.onEnterPressed: flipped(!isOn)
 
-    background: Rectangle {
+    Rectangle {
+        anchors.fill: parent
         radius: height / 2
         color: root.isOn ? root.accentColor : FormStyle.controlColor
         opacity: root.enabled ? 1 : 0.4
@@ -54,7 +54,10 @@ T.AbstractButton {
         }
         FocusRing {
             radius: parent.radius + 3
-            shown: root.visualFocus
+            shown: root.activeFocus
         }
+    }
+    TapHandler {
+        onTapped: root.flipped(!root.isOn)
     }
 }

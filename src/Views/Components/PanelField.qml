@@ -10,6 +10,7 @@ FocusScope {
     property color promptColor
     property alias text: input.text
     signal accepted
+    signal pressed
 
     implicitHeight: input.implicitHeight
 
@@ -30,6 +31,13 @@ FocusScope {
         Accessible.name: root.prompt
         Accessible.focusable: true
         onAccepted: root.accepted()
+
+        TapHandler {
+            onPressedChanged: {
+                if (pressed)
+                    root.pressed()
+            }
+        }
         Keys.onPressed: event => {
             if (!event.matches(StandardKey.Paste))
                 return
