@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Orvelle
 
 // One tab of the settings: its symbol over its title.
-T.AbstractButton {
+T.TabButton {
     id: root
 
     property var tab
@@ -17,8 +17,7 @@ T.AbstractButton {
     focus: isChosen
     focusPolicy: Qt.ClickFocus // the bar is what Tab leads to
     text: tab.title
-    // Later than the template, which makes it a push button.
-    Component.onCompleted: Accessible.role = Accessible.PageTab
+    checked: isChosen
     Accessible.name: text
     Accessible.selectable: true
     Accessible.selected: isChosen

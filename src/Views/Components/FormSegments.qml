@@ -38,7 +38,7 @@ FocusScope {
             id: segments
             model: root.choices
 
-            T.AbstractButton {
+            T.RadioButton {
                 id: segment
 
                 required property int index
@@ -50,12 +50,9 @@ FocusScope {
                 focus: isTaken
                 focusPolicy: Qt.ClickFocus // the row of them is what Tab leads to
                 text: modelData.label
+                checked: isTaken
                 onClicked: root.take(index)
-                // Later than the template, which makes it a push button.
-                Component.onCompleted: Accessible.role = Accessible.RadioButton
                 Accessible.name: text
-                Accessible.checkable: true
-                Accessible.checked: isTaken
                 Accessible.onPressAction: clicked()
                 Keys.onLeftPressed: root.take(index - 1)
                 Keys.onRightPressed: root.take(index + 1)
