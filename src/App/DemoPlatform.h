@@ -71,6 +71,8 @@ public:
     UserNotifications& userNotifications() override { return userNotifications_; }
     Workspace& workspace() override { return workspace_; }
 
+    LinuxDesktop& desktop() { return desktop_; }
+
 private:
     StandardConsole console_;
     SimulatedDistributedNotificationCenter distributedNotifications_;

@@ -4,6 +4,7 @@
 #include "Platform/Qt/QuickPanel.h"
 #include "Platform/UserDefaults.h"
 #include "Settings/SettingsKeys.h"
+#include "Settings/SettingsView.h"
 #include "Views/Qt/SpringValue.h"
 
 #include <QCoreApplication>
@@ -21,9 +22,13 @@ namespace orvelle {
 namespace {
 
 constexpr int lookInterval = 50;   // milliseconds
+constexpr int enoughLooks = 4;     // a change may take a moment to begin to move
 constexpr int settlingTime = 2500; // lets two samples of the system monitor come in
-constexpr int longestWait = 15000; // milliseconds a stop may take
+constexpr int longestWait = 60000; // milliseconds a stop may take
 constexpr int desktopMargin = 24;  // points of desktop around the panel
+constexpr int windowTime = 700;    // milliseconds in which an ordinary window comes to rest
+const QString settingsTitle = QStringLiteral("Orvelle Settings");
+const QString wizardTitle = QStringLiteral("Welcome to Orvelle");
 
 const QQuickWindow* quickWindow(AppDelegate& app) {
     if (!app.notchWindowController)
@@ -32,10 +37,38 @@ const QQuickWindow* quickWindow(AppDelegate& app) {
     return panel ? &panel->quickWindow() : nullptr;
 }
 
-/// Loaded views hang in the tree of items, springs in that of objects. What is still on its way has
+/// The ordinary window of this title, or null.
+const QQuickWindow* windowTitled(const QString& title) {
+    for (const auto* window : QGuiApplication::topLevelWindows())
+        if (window->isVisible() && window->title() == title)
+            return qobject_cast<const QQuickWindow*>(window);
+    return nullptr;
+}
+
+QQuickItem* itemNamed(QQuickItem* top, const QString& objectName) {
+    if (top->objectName() == objectName)
+        return top;
+    for (auto* child : top->childItems())
+        if (auto* found = itemNamed(child, objectName))
+            return found;
+    return nullptr;
+}
+
+/// The item of this name in the window of this title; null without one of them.
+QQuickItem* itemIn(const QString& title, const QString& objectName) {
+    const auto* window = windowTitled(title);
+    return window ? itemNamed(window->contentItem(), objectName) : nullptr;
+}
+
+void click(QQuickItem* button) {
+    if (button)
+        QMetaObject::invokeMethod(button, "clicked");
+}
+
+/// Loaded views hang in the tree of items, springs in that of objects. A camera that starts has
 /// a spinner in its place.
 bool moves(const QQuickItem& item) {
-    if (item.isVisible() && item.objectName() == QLatin1String("spinner"))
+    if (item.isVisible() && item.objectName() == QLatin1String("cameraSpinner"))
         return true;
     for (const auto* spring : item.findChildren<SpringValue*>())
         if (spring->isRunning())
@@ -73,6 +106,8 @@ void Tour::addStops() {
     addTimerStops();
     addWeatherStops();
     addEmptyStops();
+    addSettingsStops();
+    addWizardStops();
 }
 
 void Tour::addMediaStops() {
@@ -178,6 +213,40 @@ void Tour::addEmptyStops() {
     add("clipboard-empty", ActivePanel::clipboard, [this] { app_.clipboardManager.items.set({}); });
 }
 
+void Tour::addSettingsStops() {
+    for (const auto& tab : SettingsView::tabs()) {
+        const auto title = QString::fromUtf8(tab.title.data(), static_cast<int>(tab.title.size()));
+        const auto name = QStringLiteral("settings-") + title.toLower().replace(u' ', u'-');
+        stops_.push_back({name,
+                          [this, title] {
+                              app_.openSettings();
+                              click(itemIn(settingsTitle, QStringLiteral("tab.") + title));
+                          },
+                          settingsTitle});
+        stops_.push_back({name + QStringLiteral("-end"),
+                          [] {
+                              auto* page = itemIn(settingsTitle, QStringLiteral("scroll"));
+                              if (page)
+                                  QMetaObject::invokeMethod(page, "scrollToEnd");
+                          },
+                          settingsTitle});
+    }
+}
+
+void Tour::addWizardStops() {
+    constexpr int steps = 7;
+    for (int step = 1; step <= steps; ++step)
+        stops_.push_back({QStringLiteral("wizard-%1").arg(step),
+                          [this, step] {
+                              app_.settingsWindow.reset();
+                              if (step == 1)
+                                  app_.runSetupWizard();
+                              else
+                                  click(itemIn(wizardTitle, QStringLiteral("forward")));
+                          },
+                          wizardTitle});
+}
+
 void Tour::next() {
     if (index_ == stops_.size()) {
         QCoreApplication::exit(0);
@@ -189,11 +258,13 @@ void Tour::next() {
     }
     stops_[index_].go();
     since_.start();
+    stillLooks_ = 0;
     watch_.start();
 }
 
 void Tour::look() {
-    if (!isStill()) {
+    stillLooks_ = isStill() ? stillLooks_ + 1 : 0;
+    if (stillLooks_ < enoughLooks) {
         if (since_.elapsed() > longestWait)
             fail(QStringLiteral("the view does not come to rest"));
         return;
@@ -208,6 +279,8 @@ void Tour::look() {
 }
 
 bool Tour::isStill() const {
+    if (!stops_[index_].window.isEmpty())
+        return since_.elapsed() >= windowTime && windowTitled(stops_[index_].window);
     const auto* window = quickWindow(app_);
     if (!window || since_.elapsed() < 2 * lookInterval)
         return false;
@@ -217,7 +290,8 @@ bool Tour::isStill() const {
 }
 
 bool Tour::takePicture() {
-    const auto* window = quickWindow(app_);
+    const auto& title = stops_[index_].window;
+    const auto* window = title.isEmpty() ? quickWindow(app_) : windowTitled(title);
     const auto around =
         window->geometry().marginsAdded({desktopMargin, 0, desktopMargin, desktopMargin});
     const auto picture =

@@ -25,6 +25,7 @@ private:
     struct Stop {
         QString name;
         std::function<void()> go;
+        QString window = {}; ///< the title of the one to photograph; empty for the panel
     };
 
     void addStops();
@@ -34,6 +35,9 @@ private:
     void addTimerStops();
     void addWeatherStops();
     void addEmptyStops();
+    /// Each tab, from its top and from its end.
+    void addSettingsStops();
+    void addWizardStops();
     void next();
     /// Takes the picture once nothing moves any more.
     void look();
@@ -47,6 +51,7 @@ private:
     std::size_t index_ = 0;
     QTimer watch_;
     QElapsedTimer since_;
+    int stillLooks_ = 0; ///< in a row
 };
 
 } // namespace orvelle

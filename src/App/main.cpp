@@ -6,6 +6,7 @@
 #include "App/Tour.h"
 #include "Platform/Linux/LinuxPlatform.h"
 #include "Platform/Linux/ProcessInstance.h"
+#include "Views/Qt/SymbolImages.h"
 
 #include <QApplication>
 #include <xcb/xcb.h>
@@ -29,13 +30,23 @@ bool hasDisplay() {
 void prepareToolkit() {
     // The panel needs what only X11 offers; a Wayland session serves it through XWayland.
     qputenv("QT_QPA_PLATFORM", "xcb");
-    // Desktop themes cost memory and start-up time, and the panel has a look of its own.
+    // Desktop themes cost memory and start-up time, and the panel has a look of its own. This one
+    // is the smallest that can put an item into a desktop's tray.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME"))
-        qputenv("QT_QPA_PLATFORMTHEME", "none");
+        qputenv("QT_QPA_PLATFORMTHEME", "generic");
     QCoreApplication::setApplicationName(QStringLiteral("orvelle"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Orvelle"));
     QGuiApplication::setDesktopFileName(QStringLiteral("orvelle"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
+}
+
+template <class Machine>
+std::unique_ptr<Platform> makePlatform() {
+    auto platform = std::make_unique<Machine>();
+    platform->desktop().statusBar.setSymbolIcon([](const std::string& symbol, double pointSize) {
+        return SymbolImages::trayIcon(QString::fromStdString(symbol), pointSize);
+    });
+    return platform;
 }
 
 int runDefaults(const CommandLine& line) {
@@ -58,11 +69,8 @@ int run(const CommandLine& line, int& argumentCount, char** arguments) {
     prepareToolkit();
     QApplication application(argumentCount, arguments);
 
-    std::unique_ptr<Platform> platform;
-    if (line.isDemo)
-        platform = std::make_unique<DemoPlatform>();
-    else
-        platform = std::make_unique<LinuxPlatform>();
+    const auto platform =
+        line.isDemo ? makePlatform<DemoPlatform>() : makePlatform<LinuxPlatform>();
     Platform::setShared(platform.get());
 
     OrvelleApp app(*platform);

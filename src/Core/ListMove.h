@@ -22,4 +22,9 @@ void moveRows(std::vector<T>& rows, const std::set<std::size_t>& offsets, std::s
     std::move(after.begin(), after.end(), std::back_inserter(rows));
 }
 
+/// The `destination` of `moveRows` that brings the row at `from` to the position `to`.
+constexpr std::size_t destination(std::size_t from, std::size_t to) {
+    return to > from ? to + 1 : to;
+}
+
 } // namespace orvelle

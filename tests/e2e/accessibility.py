@@ -15,8 +15,11 @@ def describe(node):
     return {
         "role": node.get_role_name(),
         "name": node.get_name(),
+        "enabled": states.contains(Atspi.StateType.ENABLED),
+        "focusable": states.contains(Atspi.StateType.FOCUSABLE),
         "focused": states.contains(Atspi.StateType.FOCUSED),
         "middle": middle(node),
+        "showing": states.contains(Atspi.StateType.SHOWING),
         "selected": states.contains(Atspi.StateType.SELECTED)
         or states.contains(Atspi.StateType.CHECKED),
         "box": box(node),
@@ -31,6 +34,8 @@ def middle(node):
         return None
     box = component.get_extents(Atspi.CoordType.SCREEN)
     return box.x + box.width // 2, box.y + box.height // 2
+
+
 def box(node):
     """x, y, width, height on the display."""
     component = node.get_component_iface()

@@ -10,8 +10,9 @@ import subprocess
 import tempfile
 import time
 
-from Xlib import X, Xatom, display as xdisplay
+from Xlib import X, Xatom, display as xdisplay, error
 from Xlib.ext import shape, xtest
+from Xlib.protocol import event
 
 WIDTH, HEIGHT = 1512, 982
 BOUND = 10.0
@@ -107,6 +108,14 @@ class Desktop:
                 if window.get_wm_class() and name in window.get_wm_class():
                     found.append(window)
         return found
+
+    def managed_windows(self):
+        """The windows that the window manager looks after."""
+        return [self.display.create_resource_object("window", number)
+                for number in self.property(self.root, "_NET_CLIENT_LIST")]
+
+    def active_window(self):
+        return next(iter(self.property(self.root, "_NET_ACTIVE_WINDOW")), None)
 
     def is_mapped(self, window):
         return window.get_attributes().map_state == X.IsViewable
@@ -208,6 +217,14 @@ class Desktop:
             _NET_WM_WINDOW_TYPE=[self.atom("_NET_WM_WINDOW_TYPE_DOCK")],
             _NET_WM_STRUT_PARTIAL=[0, 0, height, 0, 0, 0, 0, 0, 0, WIDTH - 1, 0, 0])
 
+    def close_window(self, window):
+        """As the close button of the window's frame does."""
+        request = event.ClientMessage(
+            window=window, client_type=self.atom("_NET_CLOSE_WINDOW"),
+            data=(32, [X.CurrentTime, 2, 0, 0, 0]))
+        self.root.send_event(request, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.display.sync()
+
     def focus_window(self, window):
         window.set_input_focus(X.RevertToPointerRoot, X.CurrentTime)
         wait_until(lambda: self.focus() == window.id, "focus of another program")
@@ -225,8 +242,9 @@ class Running:
     def window(self):
         """The panel: the one window that bypasses the window manager and bears the class."""
         for window in self.desktop.windows_of_class("orvelle"):
-            if window.get_attributes().override_redirect:
-                return window
+            with contextlib.suppress(error.BadWindow):  # it may have gone meanwhile
+                if window.get_attributes().override_redirect:
+                    return window
         return None
 
     def is_shown(self):
@@ -337,6 +355,13 @@ def selected_tab(desktop):
 def focused_tab(desktop):
     return next((node["name"] for node in accessible_nodes(desktop)
                  if node["role"] == "page tab" and node["focused"]), None)
+
+
+def read_setting(binary, environment, key):
+    """As the command line prints it; None for an unset key."""
+    answer = subprocess.run([binary, "defaults", "read", key], env=environment, text=True,
+                            capture_output=True, timeout=20)
+    return answer.stdout.strip() if answer.returncode == 0 else None
 
 
 def end_process(process):

@@ -23,6 +23,7 @@ Row {
         height: 20 // easier to hit than the track alone
         anchors.verticalCenter: parent.verticalCenter
         slider: view.slider
+        name: qsTr("Volume")
         interactive: true
         onMoved: value => view.setVolume(value)
     }

@@ -8,7 +8,7 @@ Item {
     property bool running
     property int bright: 0
 
-    objectName: "spinner"
+    objectName: "cameraSpinner"
     implicitWidth: 18
     implicitHeight: 18
 

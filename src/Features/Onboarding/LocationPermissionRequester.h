@@ -14,6 +14,7 @@ public:
     LocationPermissionRequester(Platform& platform, std::function<void()> onChange);
 
     void request();
+    LocationAuthorization status() const { return manager_->authorizationStatus(); }
 
     void didUpdateLocations(LocationManager& manager,
                             const std::vector<Coordinate>& locations) override;

@@ -37,6 +37,7 @@ void OnboardingBinding::attach(const ViewEnvironment& environment) {
 
 void OnboardingBinding::refresh() {
     const auto step = view_->currentStep.get();
+    show_step(static_cast<int>(step)); // first, while the view still has what it is to move out
     show_content(contentValue(view_->stepContent(view_->steps.at(step))));
     const auto navigation = view_->navigation();
     show_navigation({navigation.showsBack, navigation.showsSkip, navigation.skipOpacity,
@@ -45,7 +46,6 @@ void OnboardingBinding::refresh() {
     for (const auto& color : view_->dotColors())
         dots.push_back(toQt(color));
     show_dots(dots);
-    show_step(static_cast<int>(step));
 }
 
 } // namespace orvelle

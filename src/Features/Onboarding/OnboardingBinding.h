@@ -76,6 +76,7 @@ class OnboardingBinding : public Binding {
     ORVELLE_CONSTANT(double, horizontalPadding, OnboardingView)
     ORVELLE_CONSTANT(double, verticalPadding, OnboardingView)
     ORVELLE_CONSTANT(double, tipSymbolWidth, OnboardingView)
+    ORVELLE_CONSTANT(int, transitionDuration, OnboardingView)
     ORVELLE_SHOWN(int, step)
     ORVELLE_SHOWN(orvelle::OnboardingContentValue, content)
     ORVELLE_SHOWN(orvelle::OnboardingNavigationValue, navigation)

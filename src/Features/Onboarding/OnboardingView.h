@@ -60,6 +60,7 @@ public:
     static constexpr double horizontalPadding = 24;
     static constexpr double verticalPadding = 20;
     static constexpr double tipSymbolWidth = 20;
+    static constexpr int transitionDuration = 350; ///< from one step to the next, in milliseconds
 
     OnboardingView(std::function<void()> onComplete, const ThemeManager& theme,
                    Platform& platform = Platform::shared());

@@ -8,6 +8,13 @@ FocusScope {
     implicitWidth: 480
     implicitHeight: 380
 
+    // A control that goes with its step, or with its permission, leaves the keyboard to "Next".
+    readonly property Item keyboard: Window.activeFocusItem
+    onKeyboardChanged: {
+        if (Window.active && (!keyboard || !keyboard.activeFocusOnTab))
+            forward.forceActiveFocus(Qt.TabFocusReason)
+    }
+
     OnboardingBinding {
         id: view
     }
@@ -45,8 +52,21 @@ FocusScope {
         width: parent.width - 2 * x
         clip: true
 
+        Loader {
+            active: entrance.running
+            sourceComponent: OnboardingStep {
+                enabled: false
+                x: entering.x - entering.from
+                opacity: 1 - entering.opacity
+                width: stage.width
+                height: stage.height
+                content: entering.previous
+                accentColor: view.dots[0]
+                tipSymbolWidth: view.tipSymbolWidth
+            }
+        }
         OnboardingStep {
-            id: step
+            id: entering
             objectName: "step"
             width: parent.width
             height: parent.height
@@ -56,30 +76,35 @@ FocusScope {
             onAction: view.performAction()
             onToggled: on => view.updateLaunchAtLogin(on)
 
-            // The step comes in from the side that it lies on.
+            // Where the step comes in from: the side that it lies on.
+            property real from: 0
             property int shown: 0
+            property var previous
             readonly property int number: view.step
             onNumberChanged: {
-                entrance.from = (number > shown ? 1 : -1) * width
+                previous = view.content
+                from = (number > shown ? 1 : -1) * width
                 shown = number
                 entrance.restart()
-                fade.restart()
-                if (!forward.activeFocus && !skip.activeFocus && !back.activeFocus)
-                    forward.forceActiveFocus(Qt.TabFocusReason)
             }
-            NumberAnimation on x {
-                id: entrance
-                running: false
+        }
+        ParallelAnimation {
+            id: entrance
+
+            NumberAnimation {
+                target: entering
+                property: "x"
+                from: entering.from
                 to: 0
-                duration: 350
+                duration: view.transitionDuration
                 easing.type: Easing.InOutQuad
             }
-            NumberAnimation on opacity {
-                id: fade
-                running: false
+            NumberAnimation {
+                target: entering
+                property: "opacity"
                 from: 0
                 to: 1
-                duration: 350
+                duration: view.transitionDuration
             }
         }
     }
@@ -99,7 +124,7 @@ FocusScope {
         }
         Row {
             anchors.right: parent.right
-            spacing: 12
+            spacing: 8
 
             FormButton {
                 id: skip
@@ -108,6 +133,7 @@ FocusScope {
                 opacity: view.navigation.skipOpacity
                 enabled: opacity > 0
                 plain: true
+                width: implicitWidth + 10
                 anchors.verticalCenter: parent.verticalCenter
                 textColor: FormStyle.secondaryColor
                 text: qsTr("Skip")

@@ -88,6 +88,8 @@ public:
     UserNotifications& userNotifications() override { return userNotifications_; }
     Workspace& workspace() override { return workspace_; }
 
+    LinuxDesktop& desktop() { return desktop_; }
+
 private:
     StandardConsole console_;
     StandardLog log_;

@@ -1,9 +1,8 @@
 #include "Platform/Linux/TrayStatusBar.h"
 
+#include "Platform/Linux/TrayHosts.h"
 #include "Platform/Linux/TrayMenu.h"
 
-#include <QDBusConnectionInterface>
-#include <QDBusServiceWatcher>
 #include <QSystemTrayIcon>
 
 #include <optional>
@@ -13,8 +12,6 @@ namespace orvelle {
 
 namespace {
 
-const auto watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
-
 class TrayItem : public StatusItem {
 public:
     TrayItem(RunLoop& runLoop, BusProvider bus, TrayStatusBar::SymbolIcon symbolIcon)
@@ -23,8 +20,7 @@ public:
     void setImage(Image image, std::function<void(bool)> placed) override {
         image_ = std::move(image);
         placed_ = std::move(placed);
-        connecting_ = withBus(
-            runLoop_, bus_, [this](const QDBusConnection& connection) { lookForHost(connection); });
+        hosts_.emplace(runLoop_, bus_, [this](bool hasPlace) { place(hasPlace); });
     }
 
     void setMenu(Menu menu) override {
@@ -34,25 +30,13 @@ public:
     }
 
 private:
-    // An icon that is made before the host is there would never tell the host of itself.
-    void lookForHost(const QDBusConnection& connection) {
-        watcher_ = std::make_unique<QDBusServiceWatcher>(watcherName, connection,
-                                                         QDBusServiceWatcher::WatchForRegistration);
-        QObject::connect(watcher_.get(), &QDBusServiceWatcher::serviceRegistered, watcher_.get(),
-                         [this] { showIcon(); });
-        auto call = QDBusMessage::createMethodCall(
-            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-        call << watcherName;
-        callBus(connection, call, watcher_.get(), [this](const QDBusMessage& reply) {
-            const bool hasHost =
-                reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toBool();
-            const bool hasPlace = hasHost || QSystemTrayIcon::isSystemTrayAvailable();
-            if (hasPlace)
-                showIcon();
-            if (const auto placed = std::exchange(placed_, nullptr))
-                placed(hasPlace);
-        });
+    // The toolkit settles with its first icon whether there is a notifier host, so that one made
+    // before the host is there would never reach it. Later hosts it follows by itself.
+    void place(bool hasPlace) {
+        if (hasPlace && !icon_)
+            showIcon();
+        if (const auto placed = std::exchange(placed_, nullptr))
+            placed(hasPlace);
     }
 
     void showIcon() {
@@ -78,8 +62,7 @@ private:
     std::function<void(bool)> placed_;
     std::unique_ptr<TrayMenu> menu_;
     std::unique_ptr<QSystemTrayIcon> icon_;
-    std::unique_ptr<QDBusServiceWatcher> watcher_;
-    Subscription connecting_;
+    std::optional<TrayHosts> hosts_;
 };
 
 } // namespace

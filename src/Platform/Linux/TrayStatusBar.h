@@ -11,8 +11,9 @@
 namespace orvelle {
 
 /// The desktop's tray: a status notifier item where there is a host for it, an XEmbed icon
-/// otherwise. Which of the two is settled when the item gets its image; a host that comes up later
-/// is used from then on. Needs a QApplication.
+/// otherwise. Which of the two is settled by the first host that is found, whether it is there when
+/// the item gets its image or comes up later. Needs a QApplication on the platform "xcb", with a
+/// platform theme that knows status notifier items.
 class TrayStatusBar : public StatusBar {
 public:
     /// Draws a symbol `pointSize` large, legible on a light bar and on a dark one.

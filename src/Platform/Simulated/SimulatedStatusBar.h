@@ -24,11 +24,11 @@ private:
         Item& operator=(const Item&) = delete;
         ~Item() override { --bar_.itemCount; }
 
-        void setImage(Image image, std::function<void(bool)> placed) override {
-            bar_.image = std::move(image);
+        void setImage(Image shown, std::function<void(bool)> placed) override {
+            bar_.image = std::move(shown);
             placed(bar_.hasPlace);
         }
-        void setMenu(Menu menu) override { bar_.menu = std::move(menu); }
+        void setMenu(Menu items) override { bar_.menu = std::move(items); }
 
     private:
         SimulatedStatusBar& bar_;

@@ -8,11 +8,31 @@ Item {
     property var slider
     property bool interactive: false
     property bool isDragging: false
+    property string name
     signal moved(real value)
 
+    function step(direction) {
+        const size = (slider.upperBound - slider.lowerBound) / 20
+        const value = slider.value + direction * size
+        moved(Math.max(slider.lowerBound, Math.min(slider.upperBound, value)))
+    }
+
     implicitHeight: slider.height
+    activeFocusOnTab: interactive
     Accessible.role: interactive ? Accessible.Slider : Accessible.ProgressBar
-    Accessible.name: slider.levelText
+    Accessible.name: name ? qsTr("%1, %2").arg(name).arg(slider.levelText) : slider.levelText
+    Accessible.focusable: interactive
+    Accessible.onIncreaseAction: step(1)
+    Accessible.onDecreaseAction: step(-1)
+    Keys.enabled: interactive
+    Keys.onLeftPressed: step(-1)
+    Keys.onRightPressed: step(1)
+    Keys.onDownPressed: step(-1)
+    Keys.onUpPressed: step(1)
+
+    FocusRing {
+        shown: root.activeFocus
+    }
 
     SpringValue {
         id: fill

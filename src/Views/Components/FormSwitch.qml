@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvelle
 
 // A switch that shows `isOn` and asks for another state through `flipped`.
-T.AbstractButton {
+Item {
     id: root
 
     property bool isOn: false
@@ -11,24 +10,33 @@ T.AbstractButton {
     property color accentColor: FormStyle.controlColor
     signal flipped(bool on)
 
+    // The first state is there at once; only later ones slide in.
+    property bool isReady: false
+    Component.onCompleted: isReady = true
+
     implicitWidth: 36
     implicitHeight: 20
-    focusPolicy: Qt.StrongFocus
-    onClicked: flipped(!isOn)
+    activeFocusOnTab: true
+    // The toolkit's own buttons cannot say that they are check boxes.
     Accessible.role: Accessible.CheckBox
     Accessible.name: name
+    Accessible.focusable: true
     Accessible.checkable: true
     Accessible.checked: isOn
-    Accessible.onPressAction: clicked()
-    Accessible.onToggleAction: clicked()
-    Keys.onReturnPressed: clicked()
+    Accessible.onPressAction: flipped(!isOn)
+    Accessible.onToggleAction: flipped(!isOn)
+    Keys.onSpacePressed: flipped(!isOn)
+    Keys.onReturnPressed: flipped(!isOn)
+    Keys.onEnterPressed: flipped(!isOn)
 
-    background: Rectangle {
+    Rectangle {
+        anchors.fill: parent
         radius: height / 2
         color: root.isOn ? root.accentColor : FormStyle.controlColor
         opacity: root.enabled ? 1 : 0.4
 
         Behavior on color {
+            enabled: root.isReady
             ColorAnimation { duration: 120 }
         }
         Rectangle {
@@ -40,12 +48,16 @@ T.AbstractButton {
             color: FormStyle.knobColor
 
             Behavior on x {
+                enabled: root.isReady
                 NumberAnimation { duration: 120; easing.type: Easing.OutCubic }
             }
         }
         FocusRing {
             radius: parent.radius + 3
-            shown: root.visualFocus
+            shown: root.activeFocus
         }
+    }
+    TapHandler {
+        onTapped: root.flipped(!root.isOn)
     }
 }

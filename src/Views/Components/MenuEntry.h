@@ -10,7 +10,7 @@ namespace orvelle {
 struct MenuEntry {
     std::string title;
     std::function<void()> perform;
-    bool isChecked = false; ///< of several entries the one that is in force
+    bool isChecked = false;      ///< of several entries the one that is in force
     bool isDestructive = false;  ///< takes something away for good, and is coloured so
     bool followsDivider = false; ///< a line stands above it
 };

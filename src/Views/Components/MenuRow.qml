@@ -6,6 +6,7 @@ Rectangle {
     id: root
 
     property string title
+    property string symbol
     property bool isChecked
     property bool isHighlighted
     property bool isDestructive

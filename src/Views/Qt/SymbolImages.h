@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QIcon>
 #include <QImage>
 #include <QSizeF>
 #include <QString>
@@ -15,5 +16,9 @@ QSizeF extent(const QString& name, double size);
 /// The symbol in one colour, `extent` times `devicePixelRatio` large; null for an unknown name.
 /// Equal requests share one picture.
 QImage render(const QString& name, double size, const QColor& color, double devicePixelRatio);
+
+/// The symbol for the desktop's own bars and menus, in a grey that stands out from light and dark
+/// ones alike; null for an unknown name.
+QIcon trayIcon(const QString& name, double size);
 
 } // namespace orvelle::SymbolImages

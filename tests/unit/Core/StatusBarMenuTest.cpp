@@ -1,4 +1,5 @@
 #include "Support/AppFixture.h"
+#include "Support/Replies.h"
 
 namespace orvelle {
 namespace {
@@ -15,6 +16,14 @@ protected:
         for (const auto& item : menu())
             if (item->title.get() == title)
                 item->perform();
+    }
+    /// The launch has asked once already.
+    void checkForUpdates(const std::string& latestVersion) {
+        select("Check for Updates...");
+        int answers = 0;
+        while (platform.httpClientPort.answer(Replies::ok(Replies::manifest(latestVersion))))
+            ++answers;
+        EXPECT_EQ(answers, 2);
     }
     static std::vector<std::string> titles(const Menu& items) {
         std::vector<std::string> found;
@@ -120,6 +129,20 @@ TEST_F(StatusBarMenuTest, TheCommandsAct) {
     EXPECT_TRUE(views.onboarding.isShown);
     select("Quit Orvelle");
     EXPECT_EQ(platform.applicationPort.terminateCount, 1);
+}
+
+TEST_F(StatusBarMenuTest, CheckForUpdatesWithNothingNewChangesNothingThatCanBeSeen) {
+    launchNormally();
+    checkForUpdates("1.0.6");
+    EXPECT_EQ(menu().at(7)->title.get(), "Check for Updates...");
+    EXPECT_TRUE(platform.workspacePort.opened.empty());
+}
+
+TEST_F(StatusBarMenuTest, ANewVersionIsNamedInTheMenuAndItsPageOpened) {
+    launchNormally();
+    checkForUpdates("1.1");
+    EXPECT_EQ(menu().at(7)->title.get(), "Update Available: v1.1");
+    EXPECT_EQ(platform.workspacePort.opened.size(), 1u);
 }
 
 TEST_F(StatusBarMenuTest, ABugReportIsAMailWithTheSystemInItsBody) {

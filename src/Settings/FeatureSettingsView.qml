@@ -1,0 +1,6 @@
+import QtQuick
+import Orvelle
+
+SettingsForm {
+    view: FeatureSettingsBinding {}
+}

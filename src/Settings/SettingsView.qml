@@ -1,0 +1,84 @@
+import QtQuick
+import Orvelle
+
+// The settings: tabs, and the page of the chosen one. Control with Tab leads from tab to tab.
+FocusScope {
+    id: root
+
+    property int current: 0
+
+    function choose(index) {
+        current = (index + tabs.count) % tabs.count
+    }
+    function stepTo(index) {
+        choose(index)
+        tabs.itemAt(current).forceActiveFocus(Qt.TabFocusReason)
+    }
+
+    implicitWidth: view.width
+    implicitHeight: view.height
+    Keys.onPressed: event => {
+        const isTab = event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab
+        if (!isTab || !(event.modifiers & Qt.ControlModifier))
+            return
+        event.accepted = true
+        const isBack = event.key === Qt.Key_Backtab || event.modifiers & Qt.ShiftModifier
+        stepTo(current + (isBack ? -1 : 1))
+    }
+
+    SettingsBinding {
+        id: view
+    }
+    Rectangle {
+        anchors.fill: parent
+        color: FormStyle.windowColor
+    }
+    FocusScope {
+        id: bar
+        objectName: "tabs"
+        y: 8
+        width: parent.width
+        height: row.height
+        focus: true
+        activeFocusOnTab: true // the keyboard enters at the chosen tab
+        Accessible.role: Accessible.PageTabList
+        Accessible.name: qsTr("Settings")
+
+        Row {
+            id: row
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: 4
+
+            Repeater {
+                id: tabs
+                model: view.tabs
+
+                SettingsTab {
+                    required property int index
+                    required property var modelData
+
+                    tab: modelData
+                    accentColor: view.accentColor
+                    isChosen: index === root.current
+                    onClicked: root.choose(index)
+                    onStepped: step => root.stepTo(index + step)
+                }
+            }
+        }
+    }
+    Rectangle {
+        id: line
+        y: bar.y + bar.height + 8
+        width: parent.width
+        height: 1
+        color: FormStyle.edgeColor
+    }
+    Loader {
+        id: page
+        objectName: "page"
+        anchors.top: line.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        source: view.tabs[root.current].view + ".qml"
+    }
+}

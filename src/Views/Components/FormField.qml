@@ -1,0 +1,37 @@
+import QtQuick
+import Orvelle
+
+// A rounded field with a line of text to type.
+FocusScope {
+    id: root
+
+    property alias prompt: field.prompt
+    property string text
+    signal typed(string text)
+    signal accepted
+
+    // The field's own text is the user's; this brings in what others set.
+    onTextChanged: if (field.text !== text) field.text = text
+    implicitHeight: 26
+
+    Rectangle {
+        anchors.fill: parent
+        radius: FormStyle.cornerRadius
+        color: FormStyle.wellColor
+        border.color: FormStyle.edgeColor
+    }
+    FocusRing {
+        shown: field.activeFocus
+    }
+    PanelField {
+        id: field
+        x: 9
+        width: parent.width - 18
+        anchors.verticalCenter: parent.verticalCenter
+        focus: true
+        content: FormStyle.fieldText
+        promptColor: FormStyle.tertiaryColor
+        onTextChanged: root.typed(text)
+        onAccepted: root.accepted()
+    }
+}

@@ -1,0 +1,145 @@
+"""The wizard of the first launch, as a user walks through it."""
+
+import re
+
+import pytest
+
+from desktop import Program, accessible_nodes, read_setting, wait_until
+
+TITLE = "Welcome to Orvelle"
+HEADINGS = ["Welcome to Orvelle", "Location Access", "Calendar Access", "Camera Access",
+            "Automation Access", "Launch at Login", "You're All Set!"]
+
+
+class Wizard(Program):
+    def wizard(self):
+        return next((window for window in self.desktop.managed_windows()
+                     if window.get_wm_name() == TITLE), None)
+
+    def node(self, role, name):
+        """The control that can be seen under that name."""
+        return next((node for node in accessible_nodes(self.desktop)
+                     if (node["role"], node["name"]) == (role, name) and node["showing"]), None)
+
+    def heading(self):
+        return next((node["name"] for node in accessible_nodes(self.desktop)
+                     if node["role"] == "heading"), None)
+
+    def wait_for_step(self, heading):
+        wait_until(lambda: self.heading() == heading, f"step {heading}",
+                   lambda: f"It shows {self.heading()}. {self.describe()}")
+
+    def click(self, role, name):
+        node = wait_until(lambda: self.node(role, name), f"{role} {name}", self.describe)
+        self.desktop.move_pointer(*node["middle"])
+        self.desktop.click()
+
+    def walk_to(self, role, name):
+        """Tab by tab, until that control has the keyboard."""
+        for _ in range(8):
+            if (node := self.node(role, name)) and node["focused"]:
+                return
+            self.desktop.keys("Tab")
+        raise AssertionError(f"Tab does not lead to {name}. {self.describe()}")
+
+
+@pytest.fixture
+def wizard(binary, openbox, accessibility_bus):
+    """The first launch of a user's."""
+    running = Wizard(openbox, [binary])
+    window = wait_until(running.wizard, "wizard", running.describe)
+    wait_until(lambda: openbox.active_window() == window.id, "keyboard for the wizard",
+               running.describe)
+    running.wait_for_step(TITLE)
+    yield running
+    running.stop()
+
+
+@pytest.fixture
+def stored(binary, environment):
+    return lambda: read_setting(binary, environment, "hasCompletedOnboarding")
+
+
+def test_the_first_launch_shows_the_wizard_alone(wizard, stored):
+    desktop = wizard.desktop
+    assert desktop.geometry(wizard.wizard())[2:] == (480, 380)
+    assert wizard.window() is None, "no panel yet"
+    assert stored() is None
+
+
+def test_the_keyboard_alone_leads_through(wizard, stored, tmp_path):
+    desktop = wizard.desktop
+    for heading in HEADINGS[1:5]:
+        desktop.keys("Return")
+        wizard.wait_for_step(heading)
+    wizard.walk_to("push button", "Back")
+    desktop.keys("space")
+    wizard.wait_for_step("Camera Access")
+    wizard.walk_to("push button", "Skip")
+    desktop.keys("space")
+    wizard.wait_for_step("Automation Access")
+    wizard.walk_to("push button", "Open System Settings")
+    wizard.walk_to("push button", "Next")
+    desktop.keys("Return")
+    wizard.wait_for_step("Launch at Login")
+    wizard.walk_to("check box", "Launch at Login")
+    desktop.keys("space")
+    entry = tmp_path / "config/autostart/orvelle.desktop"
+    wait_until(entry.exists, "login item", wizard.describe)
+    wizard.walk_to("push button", "Next")
+    desktop.keys("space")
+    wizard.wait_for_step(HEADINGS[-1])
+    wizard.walk_to("push button", "Finish Setup")
+    desktop.keys("Return")
+    wait_until(wizard.is_shown, "panel", wizard.describe)
+    assert wizard.wizard() is None
+    wait_until(lambda: stored() == "true", "the setting", wizard.describe)
+
+
+def test_the_pointer_alone_leads_through(wizard, stored, tmp_path):
+    wizard.click("push button", "Get Started")
+    wizard.wait_for_step("Location Access")
+    wizard.click("push button", "Skip")
+    wizard.wait_for_step("Calendar Access")
+    wizard.click("push button", "Back")
+    wizard.wait_for_step("Location Access")
+    for heading in HEADINGS[2:6]:
+        wizard.click("push button", "Next")
+        wizard.wait_for_step(heading)
+    entry = tmp_path / "config/autostart/orvelle.desktop"
+    wizard.click("check box", "Launch at Login")
+    wait_until(entry.exists, "login item", wizard.describe)
+    wizard.click("check box", "Launch at Login")
+    wait_until(lambda: not entry.exists(), "end of the login item", wizard.describe)
+    wizard.click("push button", "Next")
+    wizard.wait_for_step(HEADINGS[-1])
+    wizard.click("push button", "Finish Setup")
+    wait_until(wizard.is_shown, "panel", wizard.describe)
+    wait_until(lambda: stored() == "true", "the setting", wizard.describe)
+
+
+def test_its_close_button_on_location_counts_as_finishing(wizard, stored):
+    wizard.desktop.keys("Return")
+    wizard.wait_for_step("Location Access")
+    wizard.desktop.close_window(wizard.wizard())
+    wait_until(wizard.is_shown, "panel", wizard.describe)
+    assert wizard.wizard() is None
+    wait_until(lambda: stored() == "true", "the setting", wizard.describe)
+
+
+def test_every_control_has_a_name(wizard):
+    for heading in HEADINGS:
+        wizard.wait_for_step(heading)
+        unnamed = [node for node in accessible_nodes(wizard.desktop)
+                   if node["showing"] and node["role"] in ("push button", "check box")
+                   and not node["name"].strip()]
+        assert unnamed == []
+        if heading != HEADINGS[-1]:
+            wizard.desktop.keys("Return")
+
+
+def test_the_dots_say_which_step_it_is(wizard):
+    wizard.desktop.keys("Return")
+    wizard.wait_for_step("Location Access")
+    assert any(re.fullmatch("Step 2 of 7", node["name"])
+               for node in accessible_nodes(wizard.desktop))

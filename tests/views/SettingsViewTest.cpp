@@ -1,0 +1,191 @@
+#include "Settings/SettingsView.h"
+
+#include "Features/UpdateChecker/UpdateChecker.h"
+#include "views/ViewFixture.h"
+
+#include <QAccessible>
+#include <QKeyEvent>
+#include <QQmlComponent>
+
+namespace orvelle {
+namespace {
+
+class SettingsViewTest : public ViewFixture {
+protected:
+    SettingsViewTest() {
+        QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Orvelle/SettingsView.qml")));
+        settings.reset(qobject_cast<QQuickItem*>(component.create()));
+        EXPECT_NE(settings, nullptr) << component.errorString().toStdString();
+        if (!settings)
+            return;
+        shell.resize(500, 500);
+        settings->setParentItem(shell.contentItem());
+        settings->setSize({500, 500});
+        settings->setFocus(true);
+        shell.show();
+    }
+
+    void choose(int tab) {
+        settings->setProperty("current", tab);
+        turn();
+    }
+    QQuickItem* find(const QString& name) { return item(settings.get(), name); }
+    /// The control of a row.
+    QQuickItem* control(const QString& row) {
+        auto* found = find(QStringLiteral("row.") + row);
+        return item(found, QStringLiteral("control"));
+    }
+    void press(QQuickItem* at) {
+        ASSERT_NE(at, nullptr);
+        const auto middle = at->mapToScene(at->boundingRect().center());
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            const bool isDown = type == QEvent::MouseButtonPress;
+            QMouseEvent event(type, middle, shell.mapToGlobal(middle), Qt::LeftButton,
+                              isDown ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(&shell, &event);
+        }
+        turn();
+    }
+    void key(int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, code, modifiers);
+            QCoreApplication::sendEvent(&shell, &event);
+        }
+        turn();
+    }
+    void focus(QQuickItem* at) {
+        ASSERT_NE(at, nullptr);
+        at->forceActiveFocus(Qt::TabFocusReason);
+    }
+    std::optional<bool> stored(const char* name) {
+        return platform.userDefaultsPort.storedBoolean(name);
+    }
+    QString focused() const {
+        return shell.activeFocusItem() ? shell.activeFocusItem()->objectName() : QString();
+    }
+
+    UpdateChecker updateChecker{platform};
+    int reports = 0;
+    ViewEngine engine{
+        ViewEnvironment{environment,
+                        platform,
+                        {},
+                        SettingsEnvironment{environment, updateChecker, [this] { ++reports; }},
+                        {}}};
+    QQuickWindow shell;
+    std::unique_ptr<QQuickItem> settings;
+};
+
+/// All that the keyboard can reach and that is seen.
+void collectControls(QQuickItem* top, std::vector<QQuickItem*>& controls) {
+    if (!top->isVisible())
+        return;
+    if (top->activeFocusOnTab() && !top->isFocusScope())
+        controls.push_back(top);
+    for (auto* child : top->childItems())
+        collectControls(child, controls);
+}
+
+TEST_F(SettingsViewTest, EachTabShowsItsPage) {
+    EXPECT_EQ(settings->implicitWidth(), 500);
+    EXPECT_EQ(settings->implicitHeight(), 500);
+    const char* rows[] = {"row.launchAtLogin", "row.animationSpeed", "row.mirrorEnabled",
+                          "row.weather", "row.stockTicker"};
+    for (int tab = 0; tab < 5; ++tab) {
+        choose(tab);
+        EXPECT_NE(find(QLatin1String(rows[tab])), nullptr) << rows[tab];
+        picture("settings-" + std::to_string(tab), shell);
+    }
+}
+
+TEST_F(SettingsViewTest, EveryControlHasANameForThoseWhoHearIt) {
+    platform.userDefaultsPort.set("weatherEnabled", true);
+    platform.userDefaultsPort.set("themeMode", std::string("custom"));
+    weather.addSavedLocation({UUID::random(), "Oslo", 59.9, 10.7});
+    for (int tab = 0; tab < 5; ++tab) {
+        choose(tab);
+        std::vector<QQuickItem*> controls;
+        collectControls(settings.get(), controls);
+        EXPECT_GT(controls.size(), 5u);
+        for (auto* each : controls) {
+            auto* interface = QAccessible::queryAccessibleInterface(each);
+            ASSERT_NE(interface, nullptr);
+            EXPECT_FALSE(interface->text(QAccessible::Name).isEmpty())
+                << each->metaObject()->className() << " on tab " << tab;
+        }
+    }
+}
+
+TEST_F(SettingsViewTest, ASwitchAndASliderWriteTheirSettings) {
+    press(control(QStringLiteral("showInMenuBar")));
+    EXPECT_EQ(stored("showInMenuBar"), false);
+    focus(control(QStringLiteral("scrollSensitivity")));
+    key(Qt::Key_Right);
+    EXPECT_EQ(platform.userDefaultsPort.number("scrollSensitivity"), 6);
+    key(Qt::Key_End);
+    EXPECT_EQ(platform.userDefaultsPort.number("scrollSensitivity"), 30);
+    auto* row = find(QStringLiteral("row.scrollSensitivity"));
+    EXPECT_EQ(textOf(row, QStringLiteral("value")), QStringLiteral("30"));
+}
+
+TEST_F(SettingsViewTest, AFeatureThatGoesOffTakesItsRowsAlong) {
+    choose(2);
+    EXPECT_NE(find(QStringLiteral("row.fileShelfMaxItems")), nullptr);
+    press(control(QStringLiteral("fileShelfEnabled")));
+    EXPECT_EQ(stored("fileShelfEnabled"), false);
+    EXPECT_EQ(find(QStringLiteral("row.fileShelfMaxItems")), nullptr);
+}
+
+TEST_F(SettingsViewTest, TheKeyboardLeadsFromTabToTab) {
+    focus(find(QStringLiteral("tab.General")));
+    key(Qt::Key_Right);
+    EXPECT_EQ(focused(), QStringLiteral("tab.Appearance"));
+    key(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(focused(), QStringLiteral("tab.Features"));
+    EXPECT_EQ(settings->property("current").toInt(), 2);
+    key(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(focused(), QStringLiteral("tab.Appearance"));
+    key(Qt::Key_Tab);
+    EXPECT_EQ(focused(), QStringLiteral("control"));
+}
+
+TEST_F(SettingsViewTest, APickerChoosesByTheArrowKeys) {
+    choose(1);
+    focus(control(QStringLiteral("animationSpeed")));
+    key(Qt::Key_Down);
+    EXPECT_EQ(platform.userDefaultsPort.string("animationSpeed"), "fast");
+}
+
+TEST_F(SettingsViewTest, APanelMovesWithAltAndKeepsTheKeyboard) {
+    choose(4);
+    focus(find(QStringLiteral("row.media")));
+    key(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(panelOrder.allPanelsSorted()[1].id, "media");
+    EXPECT_EQ(focused(), QStringLiteral("row.media"));
+    key(Qt::Key_Up, Qt::AltModifier);
+    key(Qt::Key_Up, Qt::AltModifier); // at the top already
+    EXPECT_EQ(panelOrder.allPanelsSorted()[0].id, "media");
+    key(Qt::Key_Down);
+    EXPECT_EQ(focused(), QStringLiteral("row.fileShelf"));
+}
+
+TEST_F(SettingsViewTest, AWidgetGoesToAnotherZoneAndAnEmptyZoneSaysSo) {
+    choose(3);
+    auto* picker = item(find(QStringLiteral("row.media")), QStringLiteral("zonePicker"));
+    focus(picker);
+    key(Qt::Key_Down);
+    EXPECT_EQ(hoverLayout.allWidgetsFor(HoverWidgetPosition::rightWing).back().id, "media");
+    auto* zone = find(QStringLiteral("zone.leftWing"));
+    EXPECT_TRUE(item(zone, QStringLiteral("empty"))->isVisible());
+    EXPECT_EQ(focused(), QStringLiteral("zonePicker"));
+}
+
+TEST_F(SettingsViewTest, TheEyeHidesItsPanelAlone) {
+    choose(4);
+    press(item(find(QStringLiteral("row.calendar")), QStringLiteral("eye")));
+    for (const auto& entry : panelOrder.allPanelsSorted())
+        EXPECT_EQ(entry.isVisible, entry.id != "calendar") << entry.id;
+}
+
+} // namespace
+} // namespace orvelle
