@@ -198,17 +198,6 @@ TEST_F(NotchContentViewTest, aPanelWithoutAViewShowsItsPlaceholder) {
     EXPECT_TRUE(eventually([&] { return textOf("placeholderTitle") == "No media playing"; }));
 }
 
-TEST_F(NotchContentViewTest, aSecondPlaceholderWithinASlideIsTheNewPanels) {
-    show(ActivePanel::weather);
-    notchState.activePanel = ActivePanel::todo;
-    turn();
-    notchState.activePanel = ActivePanel::notes;
-    turn();
-    auto* panel = item("panels")->property("panel").value<QQuickItem*>();
-    ASSERT_NE(panel, nullptr);
-    EXPECT_EQ(textOf(panel, "placeholderTitle"), "Notes");
-}
-
 TEST_F(NotchContentViewTest, aPlaceholderThatLeavesKeepsItsPanel) {
     show(ActivePanel::settings);
     auto* leaving = item("panels")->property("panel").value<QQuickItem*>();

@@ -9,7 +9,7 @@ SymbolButton {
     content: view.label
     onClicked: {
         const entries = view.menu()
-        if (entries.titles.length === 0)
+        if (entries.lines.length === 0)
             return
         loader.active = true
         loader.item.open(entries, mapToGlobal(0, height))
