@@ -218,7 +218,7 @@ def test_an_owner_that_never_answers_holds_nothing_up(start, openbox, environmen
     # The toolkit itself would wait for such an owner for five seconds.
     wait_until(lambda: len(json.loads(path.read_text())) == 2, "the task", program.describe,
                bound=4)
-    openbox.key("ctrl+v")
+    openbox.keys("ctrl+v")
     openbox.type("!")
     openbox.keys("Return")
     wait_until(lambda: len(json.loads(path.read_text())) == 3, "the last task", program.describe,
