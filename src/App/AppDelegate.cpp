@@ -160,7 +160,8 @@ void AppDelegate::showOnboarding() {
     }
     const bool setupIsDue = notchWindowController == nullptr;
     onboardingWindow = views_.showOnboarding(
-        {"Welcome to Orvelle", {480, 380}}, environment(), [this, setupIsDue] { onboardingCompleted(setupIsDue); },
+        {"Welcome to Orvelle", {480, 380}}, environment(),
+        [this, setupIsDue] { onboardingCompleted(setupIsDue); },
         [this] { onboardingWindowWillClose(); });
     platform_.application().setActivationPolicy(ActivationPolicy::regular);
 }

@@ -1,5 +1,6 @@
 #include "Settings/FeatureSettingsView.h"
 
+#include "Features/Weather/WeatherCredit.h"
 #include "Features/Weather/WeatherManager.h"
 #include "Foundation/Format.h"
 #include "Models/PermissionStatus.h"
@@ -138,7 +139,7 @@ void FeatureSettingsView::appendCalendarAndWeather(Rows& list) const {
     list.push_back(
         parameterRow("Refresh", Settings::weatherUpdateIntervalMinutes, {5, 60, 5}, "m"));
     appendLocations(list);
-    list.push_back(footnoteRow("weatherCredit", std::string(WeatherManager::dataCredit)));
+    list.push_back(footnoteRow("weatherCredit", std::string(WeatherCredit::text)));
 }
 
 void FeatureSettingsView::appendLocations(Rows& list) const {

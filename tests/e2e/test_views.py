@@ -119,9 +119,18 @@ def test_the_keyboard_is_free_again_after_the_menu(openbox, panel):
 # The keyboard in the panel
 
 
+def walk_to_the_tabs(desktop, program):
+    """A panel for typing has its field in focus; the tabs stand before it."""
+    wait_until(lambda: any(node["focused"] and node["role"] in ("text", "entry")
+                           for node in accessible_nodes(desktop)),
+               "a field in focus", program.describe)
+    desktop.keys("shift+Tab")
+
+
 def test_the_tab_bar_is_reached_and_worked_from_the_keyboard(desktop, panel):
     program = panel("Todo")
     wait_until(lambda: desktop.focus() == program.window().id, "the focus", program.describe)
+    walk_to_the_tabs(desktop, program)
     wait_until(lambda: focused_tab(desktop) == "Todo", "a focused tab", program.describe)
     desktop.keys("Left")
     wait_until(lambda: focused_tab(desktop) == "Focus", "the tab before", program.describe)
@@ -134,6 +143,7 @@ def test_the_tab_bar_is_reached_and_worked_from_the_keyboard(desktop, panel):
 def test_the_focus_can_be_seen(desktop, panel):
     program = panel("Todo")
     wait_until(lambda: desktop.focus() == program.window().id, "the focus", program.describe)
+    walk_to_the_tabs(desktop, program)
     wait_until(lambda: focused_tab(desktop) == "Todo", "a focused tab", program.describe)
     centers = tab_centers(program)
 

@@ -84,10 +84,25 @@ protected:
     MirrorManager mirror{platform};
     HoverLayoutManager hoverLayout{platform};
     PanelOrderManager panelOrder{platform};
-    NotchEnvironment environment{notchState, media,       fileShelf,     hud,     calendar,
-                                 battery,    clipboard,   systemMonitor, weather, pomodoro,
-                                 todo,       notes,       stockTicker,   time,    theme,
-                                 mirror,     hoverLayout, panelOrder,    [this] { ++settingsOpened; }};
+    NotchEnvironment environment{notchState,
+                                 media,
+                                 fileShelf,
+                                 hud,
+                                 calendar,
+                                 battery,
+                                 clipboard,
+                                 systemMonitor,
+                                 weather,
+                                 pomodoro,
+                                 todo,
+                                 notes,
+                                 stockTicker,
+                                 time,
+                                 theme,
+                                 mirror,
+                                 hoverLayout,
+                                 panelOrder,
+                                 [this] { ++settingsOpened; }};
     int settingsOpened = 0;
 
     QQuickWindow window;

@@ -31,8 +31,6 @@ class WeatherManager : public FeatureModule,
 public:
     /// Between two refreshes when the setting is not above 0.
     static constexpr Seconds fallbackInterval = 300;
-    /// The data's licence asks for this where it is used.
-    static constexpr std::string_view dataCredit = "Weather data by Open-Meteo.com (CC BY 4.0)";
 
     /// Loads what the settings keep; asks neither the network nor the location service.
     explicit WeatherManager(Platform& platform = Platform::shared());

@@ -48,8 +48,8 @@ void X11Pasteboard::connect() {
     const auto window = makeWindow(connection);
     if (!followOwners(window))
         return;
-    reader_ = std::make_unique<X11TextReader>(
-        connection, window, internAtom(connection, selectionName), patience_);
+    reader_ = std::make_unique<X11TextReader>(connection, window,
+                                              internAtom(connection, selectionName), patience_);
     arrivals_ = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection),
                                                   QSocketNotifier::Read);
     QObject::connect(arrivals_.get(), &QSocketNotifier::activated, arrivals_.get(),

@@ -17,8 +17,7 @@ namespace orvelle {
 /// A text whose owner offers the target "x-kde-passwordManagerHint" beside it is secret.
 class X11Pasteboard : public Pasteboard {
 public:
-    explicit X11Pasteboard(
-        std::chrono::milliseconds patience = X11TextReader::defaultPatience);
+    explicit X11Pasteboard(std::chrono::milliseconds patience = X11TextReader::defaultPatience);
     ~X11Pasteboard() override;
 
     std::int64_t changeCount() override;

@@ -45,7 +45,7 @@ QString decoded(const std::string& text, bool isCalledLatin1) {
 } // namespace
 
 X11TextReader::X11TextReader(xcb_connection_t* connection, xcb_window_t window,
-                                       xcb_atom_t selection, std::chrono::milliseconds patience)
+                             xcb_atom_t selection, std::chrono::milliseconds patience)
     : connection_(connection), window_(window), selection_(selection) {
     std::vector<xcb_intern_atom_cookie_t> cookies;
     for (std::size_t index = 0; index < atoms_.size(); ++index) {

@@ -26,7 +26,7 @@ public:
 
     /// Both must outlive the reader, which reads the properties of `window`.
     X11TextReader(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t selection,
-                       std::chrono::milliseconds patience);
+                  std::chrono::milliseconds patience);
 
     /// `since` is when the selection got its present owner. Readings of the same content share one
     /// answer.

@@ -56,7 +56,7 @@ TEST_F(FeatureSettingsViewTest, EverySectionAndRowStandsInItsOrder) {
               (Labels{"Retention", "Max Items", "Max Items", "Max Age", "Work", "Break",
                       "Long Break", "Sessions", "Refresh"}));
     EXPECT_EQ(labelsOf(page, Kind::segments), Labels{"Temperature"});
-    EXPECT_EQ(row("weatherCredit").label, "Weather data by Open-Meteo.com (CC BY 4.0)");
+    EXPECT_EQ(row("weatherCredit").label, "Weather data by Open-Meteo.com, CC BY 4.0");
 }
 
 TEST_F(FeatureSettingsViewTest, EachParameterHasItsRangeAndSuffixAndStandsIndented) {
