@@ -214,7 +214,8 @@ void Tour::addEmptyStops() {
     add("calendar-empty", ActivePanel::calendar, [this] { app_.calendarManager.events.set({}); });
     add("mirror-unflipped", ActivePanel::mirror, [this] { app_.mirrorManager.isMirrored = false; });
     // Its panel, when it appears, asks anew.
-    add("mirror-refused", ActivePanel::mirror, [this] { app_.mirrorManager.hasPermission = false; });
+    add("mirror-refused", ActivePanel::mirror,
+        [this] { app_.mirrorManager.hasPermission = false; });
 }
 
 void Tour::addSettingsStops() {
