@@ -193,7 +193,7 @@ TEST_F(FileShelfPanelTest, copiedFilesArePastedOntoTheEmptyShelfAndBehindOthers)
     key(Qt::Key_V, Qt::ControlModifier);
     platform.runLoopPort.runPosted();
     turn();
-    EXPECT_NE(item("shelfItem.b.txt"), nullptr);
+    EXPECT_TRUE(eventually([this] { return item("shelfItem.b.txt"); }));
 }
 
 TEST_F(FileShelfPanelTest, aFileThatArrivesAndOneThatGoesLeaveTheOthersInPlace) {
