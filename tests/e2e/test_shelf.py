@@ -9,8 +9,8 @@ import time
 import pytest
 from Xlib import X
 
-from desktop import HEIGHT, WIDTH, accessible_nodes, wait_until
-from test_views import choose
+from accessible import accessible_nodes, open_panel
+from desktop import HEIGHT, WIDTH, wait_until
 
 EXPANDED = (566, 220)
 COLLAPSED = (180, 32)
@@ -271,9 +271,8 @@ def test_copied_files_are_pasted_onto_the_shelf(openbox, start, files, shelf, ac
                            stderr=subprocess.DEVNULL)
     copier.stdin.write("".join(file.as_uri() + "\r\n" for file in files).encode())
     copier.stdin.close()
-    program.expand()
+    open_panel(program, "Files")
     program.wait_until_still()
-    choose(program, "Files")
     x, y, width, height = program.geometry()
     openbox.move_pointer(x + width // 2, y + height - 70)
     openbox.click()

@@ -187,7 +187,7 @@ TEST_F(FileShelfPanelTest, copiedFilesArePastedOntoTheEmptyShelfAndBehindOthers)
     key(Qt::Key_V, Qt::ControlModifier);
     platform.runLoopPort.runPosted();
     turn();
-    ASSERT_NE(item("shelfItem.a.txt"), nullptr);
+    ASSERT_TRUE(eventually([this] { return item("shelfItem.a.txt"); }));
     EXPECT_TRUE(item("shelfGrid")->hasActiveFocus()) << "the focus stays on the shelf";
     platform.pasteboardPort.files = {"file:///home/b.txt"};
     key(Qt::Key_V, Qt::ControlModifier);
