@@ -169,7 +169,11 @@ TEST_F(FileShelfPanelTest, theKeyboardDoesWhatThePointerDoes) {
 TEST_F(FileShelfPanelTest, keysWorkOnTheFileThatWasClicked) {
     showWith({"a.txt", "b.txt"});
     window.requestActivate();
-    click("shelfItem.b.txt");
+    ASSERT_TRUE(eventually([this] { return window.isActive(); }));
+    const auto at = frameOf("shelfItem.b.txt").center();
+    mouse(QEvent::MouseButtonPress, at);
+    mouse(QEvent::MouseButtonRelease, at);
+    turn();
     EXPECT_TRUE(item("shelfItem.b.txt")->hasActiveFocus());
     key(Qt::Key_Delete);
     ASSERT_EQ(fileShelf.items->size(), 1u);
