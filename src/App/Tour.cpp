@@ -211,6 +211,11 @@ void Tour::addEmptyStops() {
     add("stocks-empty", ActivePanel::stockTicker,
         [this] { app_.stockTickerManager.tickers.set({}); });
     add("clipboard-empty", ActivePanel::clipboard, [this] { app_.clipboardManager.items.set({}); });
+    add("calendar-empty", ActivePanel::calendar, [this] { app_.calendarManager.events.set({}); });
+    add("mirror-unflipped", ActivePanel::mirror, [this] { app_.mirrorManager.isMirrored = false; });
+    // Its panel, when it appears, asks anew.
+    add("mirror-refused", ActivePanel::mirror,
+        [this] { app_.mirrorManager.hasPermission = false; });
 }
 
 void Tour::addSettingsStops() {
