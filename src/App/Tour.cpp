@@ -124,11 +124,14 @@ void Tour::addMediaStops() {
     add("media-system", "system", asItIs);
     add("media-custom", "custom", asItIs);
     add("media-multicolor", "multicolor", asItIs);
-    add("media-long", "multicolor", [](MediaInfo& media) {
+    const auto longTexts = [](MediaInfo& media) {
         media.title = "Concerto for Twelve Alarm Clocks and a Door That Never Quite Closes, Op. 48";
         media.artist = "The Combined Municipal Orchestras of Three Neighbouring Cities";
         media.isPlaying = false;
-    });
+    };
+    add("media-long-system", "system", longTexts);
+    add("media-long-custom", "custom", longTexts);
+    add("media-long-multicolor", "multicolor", longTexts);
     stops_.push_back({QStringLiteral("media-long-hover"),
                       [this] { app_.notchState.expandedState = NotchExpandedState::hovering; }});
     add("media-foreign", "system", [](MediaInfo& media) {
@@ -208,6 +211,10 @@ void Tour::addEmptyStops() {
     };
     add("todo-empty", ActivePanel::todo, [this] { app_.todoManager.items.set({}); });
     add("notes-empty", ActivePanel::notes, [this] { app_.notesManager.items.set({}); });
+    add("stocks-no-quote", ActivePanel::stockTicker, [this] {
+        app_.stockTickerManager.refreshTimer.reset(); // else the quotes would come back
+        app_.stockTickerManager.quotes.set({});
+    });
     add("stocks-empty", ActivePanel::stockTicker,
         [this] { app_.stockTickerManager.tickers.set({}); });
     add("clipboard-empty", ActivePanel::clipboard, [this] { app_.clipboardManager.items.set({}); });

@@ -212,6 +212,7 @@ BAD_ANSWERS = {
     "half a document": json.dumps(forecast(1)).encode()[:40],
     "the wrong types": json.dumps({"current": [1, 2]}).encode(),
     "deep nesting": b"[" * 100000,
+    "a long document": b"[" + b"1," * 2_000_000 + b"1]",
     "a huge number": json.dumps(forecast(1)).replace("1,", "1e999,", 1).encode(),
     "not a number": json.dumps(forecast(float("nan"))).encode(),
     "endless": endless,
