@@ -46,9 +46,9 @@ void KeyboardWalk::press(int key, Qt::KeyboardModifiers modifiers) {
     turn();
 }
 
-bool KeyboardWalk::leadsTo(QQuickItem* control) {
+bool KeyboardWalk::leadsTo(QQuickItem* control, int key) {
     for (int step = 0; step < longestWalk && window_.activeFocusItem() != control; ++step)
-        press(Qt::Key_Tab);
+        press(key);
     return window_.activeFocusItem() == control;
 }
 

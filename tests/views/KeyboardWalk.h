@@ -18,8 +18,8 @@ public:
     static QString name(QQuickItem* control);
 
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    /// By Tab; false when that goes round without coming there.
-    bool leadsTo(QQuickItem* control);
+    /// By Tab alone, or by another key; false when that goes round without coming there.
+    bool leadsTo(QQuickItem* control, int key = Qt::Key_Tab);
     /// Whether the window looks different with the keyboard on this control, which has it.
     bool canBeSeenOn(QQuickItem* control);
 

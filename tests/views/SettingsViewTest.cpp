@@ -8,6 +8,8 @@
 #include <QQmlComponent>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace orvelle {
 namespace {
 
@@ -208,6 +210,11 @@ TEST_F(SettingsViewTest, TheKeyboardReachesEveryControlAndIsSeenThere) {
             const auto place = each->mapRectToScene(each->boundingRect());
             EXPECT_TRUE(QRectF(shell.contentItem()->boundingRect()).contains(place)) << name;
         }
+        for (auto* each : controls)
+            EXPECT_TRUE(keyboard.leadsTo(each, Qt::Key_Backtab))
+                << KeyboardWalk::name(each).toStdString();
+        const auto isField = [](auto* each) { return each->inherits("QQuickTextInput"); };
+        EXPECT_EQ(std::count_if(controls.begin(), controls.end(), isField), tab == 2 ? 1 : 0);
     }
 }
 
