@@ -114,6 +114,15 @@ class Desktop:
         return [self.display.create_resource_object("window", number)
                 for number in self.property(self.root, "_NET_CLIENT_LIST")]
 
+    def windows_titled(self, title):
+        """Those of them that bear the title and can be seen."""
+        found = []
+        for window in self.managed_windows():
+            with contextlib.suppress(error.BadWindow):  # it may have gone meanwhile
+                if window.get_wm_name() == title and self.is_mapped(window):
+                    found.append(window)
+        return found
+
     def active_window(self):
         return next(iter(self.property(self.root, "_NET_ACTIVE_WINDOW")), None)
 
@@ -222,6 +231,13 @@ class Desktop:
         request = event.ClientMessage(
             window=window, client_type=self.atom("_NET_CLOSE_WINDOW"),
             data=(32, [X.CurrentTime, 2, 0, 0, 0]))
+        self.root.send_event(request, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.display.sync()
+
+    def minimize(self, window):
+        iconic = 3
+        request = event.ClientMessage(window=window, client_type=self.atom("WM_CHANGE_STATE"),
+                                      data=(32, [iconic, 0, 0, 0, 0]))
         self.root.send_event(request, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self.display.sync()
 
@@ -340,6 +356,28 @@ def accessible_nodes(desktop):
     for node in found:
         found += node["children"]
     return found
+
+
+def resting_node(look, what, explain=lambda: ""):
+    """The node that `look` gives, as soon as two looks in a row find it at one place. Each look is
+    answered from the program's loop, between two steps of whatever moves there."""
+    before = None
+
+    def is_at_rest():
+        nonlocal before
+        node, previous = look(), before
+        before = node
+        return node if node and previous and node["box"] == previous["box"] else None
+
+    return wait_until(is_at_rest, f"{what} at rest", explain)
+
+
+def wait_until_placed(desktop, window):
+    """Until the program, too, knows where the window manager has put its window."""
+    def is_known():
+        return list(desktop.geometry(window)) in [node["box"] for node in accessible_nodes(desktop)]
+
+    wait_until(is_known, "place of the window", lambda: str(desktop.geometry(window)))
 
 
 def tabs(desktop):
