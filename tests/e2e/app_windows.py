@@ -96,7 +96,7 @@ def open_settings(program):
     if program.size() != (566, 220):
         program.expand()
         program.wait_until_still()
-    desktop.move_pointer(WIDTH // 2, 110)
+    desktop.move_pointer(WIDTH // 2, 214)  # below what the panel shows, which may have its own menu
     desktop.click(3)
     entry = resting_node(
         lambda: next((node for node in accessible_nodes(desktop)
