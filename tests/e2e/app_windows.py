@@ -3,8 +3,8 @@
 import json
 import subprocess
 
-from desktop import (WIDTH, Program, accessible_nodes, resting_node, wait_until,
-                     wait_until_placed)
+from accessible import accessible_nodes, resting_node, resting_place, wait_until_placed
+from desktop import WIDTH, Program, wait_until
 
 SETTINGS_TITLE = "Orvelle Settings"
 SETTINGS_SIZE = (500, 500)
@@ -98,11 +98,7 @@ def open_settings(program):
         program.wait_until_still()
     desktop.move_pointer(WIDTH // 2, 214)  # below what the panel shows, which may have its own menu
     desktop.click(3)
-    entry = resting_node(
-        lambda: next((node for node in accessible_nodes(desktop)
-                      if (node["role"], node["name"]) == ("menu item", "Settings...")), None),
-        "menu", program.describe)
-    desktop.move_pointer(*entry["middle"])
+    desktop.move_pointer(*resting_place(desktop, "Settings...", "menu item"))
     desktop.click()
     window = wait_until(lambda: settings_windows(desktop), "settings window", program.describe)[0]
     wait_until(lambda: desktop.active_window() == window.id, "settings in front", program.describe)

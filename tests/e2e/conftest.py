@@ -10,8 +10,9 @@ import subprocess
 
 import pytest
 
+from accessible import wait_until_placed
 from app_windows import Settings, Wizard, open_settings
-from desktop import Desktop, Probe, Program, wait_until, wait_until_placed
+from desktop import Desktop, Probe, Program, wait_until
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 

@@ -1,7 +1,6 @@
 """A display of the test's own, what lives on it, and what can be seen and done there."""
 
 import contextlib
-import json
 import os
 import pathlib
 import re
@@ -345,54 +344,6 @@ class Probe(Running):
                     raise AssertionError(f"no {pattern!r} in {self.lines}. {self.describe()}")
             if re.search(pattern, self.lines[index]):
                 return self.lines.pop(index)
-
-
-def accessible_nodes(desktop):
-    """Every node of the program's accessibility tree, parents first."""
-    reader = pathlib.Path(__file__).with_name("accessibility.py")
-    answer = subprocess.run(["/usr/bin/python3", reader, "orvelle"], env=desktop.environment,
-                            capture_output=True, text=True, timeout=30)
-    found = json.loads(answer.stdout or "[]")
-    for node in found:
-        found += node["children"]
-    return found
-
-
-def resting_node(look, what, explain=lambda: ""):
-    """The node that `look` gives, as soon as two looks in a row find it at one place. Each look is
-    answered from the program's loop, between two steps of whatever moves there."""
-    before = None
-
-    def is_at_rest():
-        nonlocal before
-        node, previous = look(), before
-        before = node
-        return node if node and previous and node["box"] == previous["box"] else None
-
-    return wait_until(is_at_rest, f"{what} at rest", explain)
-
-
-def wait_until_placed(desktop, window):
-    """Until the program, too, knows where the window manager has put its window."""
-    def is_known():
-        return list(desktop.geometry(window)) in [node["box"] for node in accessible_nodes(desktop)]
-
-    wait_until(is_known, "place of the window", lambda: str(desktop.geometry(window)))
-
-
-def tabs(desktop):
-    """The tab bar's buttons: names, and which are selected."""
-    return [(node["name"], node["selected"]) for node in accessible_nodes(desktop)
-            if node["role"] == "page tab"]
-
-
-def selected_tab(desktop):
-    return next((name for name, selected in tabs(desktop) if selected), None)
-
-
-def focused_tab(desktop):
-    return next((node["name"] for node in accessible_nodes(desktop)
-                 if node["role"] == "page tab" and node["focused"]), None)
 
 
 def read_setting(binary, environment, key):

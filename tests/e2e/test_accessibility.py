@@ -2,8 +2,9 @@
 
 import pytest
 
+from accessible import accessible_nodes, choose_tab, tabs
 from app_windows import SETTINGS_TABS, WIZARD_HEADINGS
-from desktop import accessible_nodes, resting_node, selected_tab, tabs, wait_until
+from desktop import wait_until
 
 CONTROLS = {"push button", "toggle button", "check box", "radio button", "slider", "spin button",
             "text", "entry", "combo box", "list item", "menu item", "page tab"}
@@ -41,13 +42,7 @@ def test_every_control_of_every_panel_has_a_name_and_a_way_for_the_keyboard(desk
     assert len(names) == 13
     found = {}
     for name in names:
-        node = resting_node(
-            lambda: next((node for node in accessible_nodes(desktop)
-                          if (node["role"], node["name"]) == ("page tab", name)), None),
-            f"tab {name}", panel.describe)
-        desktop.move_pointer(*node["middle"])
-        desktop.click()
-        wait_until(lambda: selected_tab(desktop) == name, f"the tab {name}", panel.describe)
+        choose_tab(panel, name)
         panel.wait_until_still()
         found[name] = faults(accessible_nodes(desktop))
     assert {name: fault for name, fault in found.items() if fault} == {}

@@ -4,8 +4,9 @@ import re
 
 import pytest
 
+from accessible import accessible_nodes
 from app_windows import WIZARD_HEADINGS as HEADINGS
-from desktop import accessible_nodes, read_setting, wait_until
+from desktop import read_setting, wait_until
 
 
 @pytest.fixture
