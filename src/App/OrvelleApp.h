@@ -30,6 +30,7 @@ private:
     Platform& platform_;
     QtViewHost views_;
     AppDelegate delegate_;
+    int signals_ = -1;
     std::unique_ptr<QSocketNotifier> signalNotifier_;
 };
 
