@@ -1,9 +1,11 @@
 """The status item and its menu, as a desktop's tray shows them."""
 
 import re
+import signal
 
 import pytest
 
+from app_windows import WIZARD_TITLE, settings_windows
 from desktop import wait_until
 from tray import TrayHost, XEmbedTray
 
@@ -29,10 +31,6 @@ def program(openbox, tray, start):
 
 def system_info(tray):
     return next(line for line in tray.menu() if line.label == "System Info").lines
-
-
-def titled(desktop, title):
-    return [window for window in desktop.managed_windows() if window.get_wm_name() == title]
 
 
 def test_the_item_names_itself_and_has_a_picture(program, tray):
@@ -87,23 +85,30 @@ def test_show_orvelle_opens_the_panel(program, tray):
 def test_settings_chosen_twice_give_one_window(program, tray):
     desktop = program.desktop
     tray.choose("Settings...")
-    window = wait_until(lambda: titled(desktop, "Orvelle Settings"), "settings",
+    window = wait_until(lambda: settings_windows(desktop), "settings",
                         program.describe)[0]
     other = desktop.open_window(100, 100, 300, 200)
     desktop.focus_window(other)
     tray.choose("Settings...")
     wait_until(lambda: desktop.active_window() == window.id, "settings in front", program.describe)
-    assert len(titled(desktop, "Orvelle Settings")) == 1
+    assert len(settings_windows(desktop)) == 1
 
 
 def test_the_wizard_can_be_run_again_beside_the_panel(program, tray):
     tray.choose("Run Setup Wizard...")
-    wait_until(lambda: titled(program.desktop, "Welcome to Orvelle"), "wizard", program.describe)
+    wait_until(lambda: program.desktop.windows_titled(WIZARD_TITLE), "wizard", program.describe)
     assert program.size() == COLLAPSED
 
 
 def test_quit_ends_the_program(program, tray):
     tray.choose("Quit Orvelle")
+    assert program.process.wait(10) == 0
+
+
+@pytest.mark.parametrize("kind", [signal.SIGTERM, signal.SIGINT, signal.SIGHUP])
+def test_a_signal_ends_the_program_as_its_menu_does(start, kind):
+    program = start()
+    program.process.send_signal(kind)
     assert program.process.wait(10) == 0
 
 
