@@ -31,9 +31,18 @@ if(ORVELLE_COVERAGE)
     add_link_options(--coverage)
 endif()
 
+# orvelle_precompile(NAME HEADERS...): compiles the standard library's and these headers once for the
+# target. They save time and nothing else: every file includes what it uses, as the preset "release",
+# which goes without, proves. Headers of the layer itself stay out, since they would lose warnings.
+function(orvelle_precompile name)
+    target_precompile_headers(${name} PRIVATE <algorithm> <chrono> <functional> <map> <memory>
+        <optional> <set> <string> <string_view> <utility> <variant> <vector> ${ARGN})
+endfunction()
+
 # orvelle_layer(NAME SOURCES... ): one layer of the program as a static library.
 function(orvelle_layer name)
     add_library(${name} STATIC ${ARGN})
     target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
     target_link_libraries(${name} PRIVATE orvelle_flags)
+    orvelle_precompile(${name})
 endfunction()

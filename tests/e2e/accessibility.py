@@ -3,11 +3,14 @@ the session bus that its process started with: prints the tree as JSON, one obje
 
 import json
 import sys
+import time
 
 import gi
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
+
+PATIENCE = 5.0
 
 
 def describe(node):
@@ -50,16 +53,22 @@ def children(node):
     return [child for child in found if child]
 
 
+def trees(program):
+    """None if the program ended or rebuilt its views while we looked."""
+    try:
+        return [describe(application) for application in children(Atspi.get_desktop(0))
+                if application.get_name() == program]
+    except GLib.Error:
+        return None
+
+
 def main(program):
     Atspi.init()
-    trees = []
-    for application in children(Atspi.get_desktop(0)):
-        try:
-            if application.get_name() == program:
-                trees.append(describe(application))
-        except GLib.Error:  # it ended, or it rebuilt its views while we looked
-            pass
-    json.dump(trees, sys.stdout)
+    end = time.monotonic() + PATIENCE
+    found = trees(program)
+    while found is None and time.monotonic() < end:
+        found = trees(program)
+    json.dump(found or [], sys.stdout)
 
 
 main(sys.argv[1])

@@ -1,7 +1,6 @@
 """A display of the test's own, what lives on it, and what can be seen and done there."""
 
 import contextlib
-import json
 import os
 import pathlib
 import re
@@ -329,32 +328,6 @@ class Probe(Running):
                     raise AssertionError(f"no {pattern!r} in {self.lines}. {self.describe()}")
             if re.search(pattern, self.lines[index]):
                 return self.lines.pop(index)
-
-
-def accessible_nodes(desktop):
-    """Every node of the program's accessibility tree, parents first."""
-    reader = pathlib.Path(__file__).with_name("accessibility.py")
-    answer = subprocess.run(["/usr/bin/python3", reader, "orvelle"], env=desktop.environment,
-                            capture_output=True, text=True, timeout=30)
-    found = json.loads(answer.stdout or "[]")
-    for node in found:
-        found += node["children"]
-    return found
-
-
-def tabs(desktop):
-    """The tab bar's buttons: names, and which are selected."""
-    return [(node["name"], node["selected"]) for node in accessible_nodes(desktop)
-            if node["role"] == "page tab"]
-
-
-def selected_tab(desktop):
-    return next((name for name, selected in tabs(desktop) if selected), None)
-
-
-def focused_tab(desktop):
-    return next((node["name"] for node in accessible_nodes(desktop)
-                 if node["role"] == "page tab" and node["focused"]), None)
 
 
 def read_setting(binary, environment, key):

@@ -1,11 +1,11 @@
 """Peers of the media panel: a player, a sound server, and what can be read of the panel."""
 
-import json
 import pathlib
 import subprocess
 
 import dbus
 
+from accessible import accessible_nodes, resting_place
 from desktop import end_process, wait_until
 
 FOLDER = pathlib.Path(__file__).parent
@@ -112,32 +112,18 @@ class Panel:
         desktop.spawn(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"],
                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
-    def nodes(self):
-        answer = subprocess.run(["/usr/bin/python3", FOLDER / "accessibility.py", "orvelle"],
-                                env=self.desktop.environment, capture_output=True, text=True,
-                                timeout=30)
-        found = json.loads(answer.stdout or "[]")
-        for node in found:
-            found += node["children"]
-        return found
-
     def names(self):
-        return [node["name"] for node in self.nodes()]
-
-    def box(self, name, role=None):
-        for node in self.nodes():
-            if node["name"] == name and role in (None, node["role"]) and node["box"]:
-                return node["box"]
-        return None
+        return [node["name"] for node in accessible_nodes(self.desktop)]
 
     def slider_box(self):
-        return next((node["box"] for node in self.nodes() if node["role"] == "slider"), None)
+        return next((node["box"] for node in accessible_nodes(self.desktop)
+                     if node["role"] == "slider"), None)
 
-    def shows(self, text):
-        return wait_until(lambda: text in self.names(), f"{text!r} in the panel",
-                          lambda: f"There is {self.names()}")
+    def shows(self, *texts):
+        """Waits for any of them."""
+        wait_until(lambda: any(text in texts for text in self.names()), f"{texts} in the panel",
+                   lambda: f"There is {self.names()}")
 
-    def click(self, name, role=None):
-        x, y, width, height = wait_until(lambda: self.box(name, role), f"{name!r} to click on")
-        self.desktop.move_pointer(x + width // 2, y + height // 2)
+    def click(self, name):
+        self.desktop.move_pointer(*resting_place(self.desktop, name))
         self.desktop.click()

@@ -2,7 +2,8 @@
 
 import pytest
 
-from desktop import accessible_nodes, selected_tab, tabs, wait_until
+from accessible import accessible_nodes, choose_tab, tabs
+from desktop import wait_until
 
 CONTROLS = {"push button", "toggle button", "check box", "radio button", "slider", "spin button",
             "text", "entry", "combo box", "list item", "menu item", "page tab"}
@@ -40,11 +41,7 @@ def test_every_control_of_every_panel_has_a_name_and_a_way_for_the_keyboard(desk
     assert len(names) > 10
     faults = {}
     for name in names:
-        node = next(node for node in accessible_nodes(desktop)
-                    if (node["role"], node["name"]) == ("page tab", name))
-        desktop.move_pointer(*node["middle"])
-        desktop.click()
-        wait_until(lambda: selected_tab(desktop) == name, f"the tab {name}", panel.describe)
+        choose_tab(panel, name)
         panel.wait_until_still()
         nodes = accessible_nodes(desktop)
         found = {"unnamed": unnamed(nodes), "out of reach": out_of_reach(nodes)}

@@ -7,8 +7,8 @@ import zoneinfo
 
 import pytest
 
-from desktop import accessible_nodes, wait_until
-from test_views import choose
+from accessible import accessible_nodes, open_panel
+from desktop import wait_until
 
 KHAL = "/usr/bin/khal"
 KHAL_CONFIGURATION = """[calendars]
@@ -55,9 +55,7 @@ def texts(desktop):
 def test_an_event_that_khal_writes_appears_in_the_open_panel(desktop, accessibility_bus, khal,
                                                               start):
     program = start()
-    program.expand()
-    program.wait_until_still()
-    choose(program, "Calendar")
+    open_panel(program, "Calendar")
     wait_until(lambda: "No upcoming events" in texts(desktop), "empty calendar",
                program.describe)
     khal("Dentist", 120, "-l", "Mill Lane")
@@ -72,9 +70,7 @@ def test_repeated_events_of_khal_are_there_from_the_start(desktop, accessibility
                                                           start):
     khal("Standup", -30 - 7 * 24 * 60, "-r", "weekly")
     program = start()
-    program.expand()
-    program.wait_until_still()
-    choose(program, "Calendar")
+    open_panel(program, "Calendar")
     wait_until(lambda: "Standup" in texts(desktop), "event", program.describe)
     assert "NOW" in texts(desktop)
 
@@ -96,21 +92,13 @@ def test_the_mirror_shows_the_camera_s_frames(desktop, accessibility_bus, enviro
     y4m(tmp_path / "film.y4m", [red] * 5 + [green] * 5)
     environment["ORVELLE_CAMERA_FILE"] = str(tmp_path / "film.y4m")
     program = start(mirrorEnabled="true", animationSpeed="fast")
-    program.expand()
-    program.wait_until_still()
-    choose_at_once(program, "Mirror")
+    open_panel(program, "Mirror")
     x, y, width, height = program.geometry()
     place = (x + width // 2, y + height - 40)
     for name, strong, weak in (("red", 0, 1), ("green", 1, 0)):
         wait_until(lambda: desktop.pixel(*place)[strong] > 150 > 60 > desktop.pixel(*place)[weak],
                    f"{name} frame", program.describe)
     assert multimedia_is_absent(program), "a file needs no camera's library"
-
-
-def choose_at_once(program, name):
-    """A film never comes to rest."""
-    program.wait_until_still = lambda: None
-    choose(program, name)
 
 
 def multimedia_is_absent(program):

@@ -10,11 +10,10 @@ import time
 import pytest
 from Xlib import X
 
-from desktop import WIDTH, wait_until
+from accessible import accessible_nodes, click_on, names, open_panel
+from desktop import wait_until
 
 REFERENCE_DATE = 978307200  # 2001-01-01 in seconds since 1970
-PANEL = 566
-TAB_BAR_PADDING, TAB_BAR_MIDDLE = 12, 48
 UUID = re.compile(r"[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}")
 
 
@@ -24,57 +23,14 @@ def accessibility_bus(desktop):
                          stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
-def nodes(desktop):
-    """Everything that the program shows, flat."""
-    reader = pathlib.Path(__file__).with_name("accessibility.py")
-    answer = subprocess.run(["/usr/bin/python3", reader, "orvelle"], env=desktop.environment,
-                            capture_output=True, text=True, timeout=30)
-    found = []
-
-    def collect(node):
-        found.append(node)
-        for child in node["children"]:
-            collect(child)
-
-    for tree in json.loads(answer.stdout or "[]"):
-        collect(tree)
-    return found
-
-
-def names(desktop, role):
-    return [node["name"] for node in nodes(desktop) if node["role"] == role]
-
-
-def open_panel(program, label):
-    desktop = program.desktop
-    program.expand()
-    tabs = wait_until(lambda: names(desktop, "page tab"), "tab bar", program.describe)
-    step = (PANEL - 2 * TAB_BAR_PADDING) / len(tabs)
-    left = (WIDTH - PANEL) // 2 + TAB_BAR_PADDING
-    desktop.move_pointer(round(left + (tabs.index(label) + 0.5) * step), TAB_BAR_MIDDLE)
-    desktop.click()
-
-
 def type_entry(program, prompt, text):
     desktop = program.desktop
-    wait_until(lambda: any(node["name"] == prompt and node["focused"] for node in nodes(desktop)),
-               "focus in the field", program.describe)
+    wait_until(lambda: any(node["name"] == prompt and node["focused"]
+                           for node in accessible_nodes(desktop)),
+               f"focus in {prompt!r}",
+               lambda: f"There are {accessible_nodes(desktop)}. {program.describe()}")
     desktop.type(text)
     desktop.keys("Return")
-
-
-def click_on(program, name):
-    """Where it is once its panel has come to rest."""
-    desktop = program.desktop
-    seen = []
-
-    def resting_place():
-        node = next((each for each in nodes(desktop) if each["name"] == name), None)
-        seen.append(node and node["middle"])
-        return len(seen) > 1 and seen[-1] == seen[-2] and seen[-1]
-
-    desktop.move_pointer(*wait_until(resting_place, f"{name} at rest", program.describe))
-    desktop.click()
 
 
 def list_file(environment, name):
@@ -154,7 +110,7 @@ def test_copies_appear_and_a_click_copies_back(start, openbox):
     open_panel(program, "Clipboard")
 
     def rows():
-        items = [node for node in nodes(openbox) if node["role"] == "list item"]
+        items = [node for node in accessible_nodes(openbox) if node["role"] == "list item"]
         return [node["name"] for node in sorted(items, key=lambda node: node["middle"][1])]
 
     copy(openbox, "xclip", "from xclip")
@@ -163,14 +119,14 @@ def test_copies_appear_and_a_click_copies_back(start, openbox):
     copy(openbox, "xsel", "from xsel ü")
     wait_until(lambda: rows() == ["from xsel ü", "from xclip"], "the second copy",
                lambda: f"{rows()} {program.describe()}")
-    click_on(program, "from xclip")
+    click_on(program, "list item", "from xclip")
     wait_until(lambda: clipboard(openbox) == "from xclip", "the text on the clipboard")
     wait_until(lambda: rows() == ["from xclip", "from xsel ü"], "the row at the top")
 
 
 def start_timer(program):
     open_panel(program, "Focus")
-    click_on(program, "Start")
+    click_on(program, "push button", "Start")
 
 
 def test_the_desktop_is_told_when_a_session_is_complete(start, openbox, environment, tmp_path):

@@ -79,12 +79,12 @@ def test_the_buttons_act_on_the_player(panel, start, play):
 def test_the_position_advances_and_stops_at_the_duration(panel, start, play):
     program = start()
     program.expand()
-    play("Short", seconds=3)
+    play("Short", seconds=5)
     panel.shows("Short")
-    panel.shows("0:01")
-    wait_until(lambda: panel.names().count("0:03") >= 2, "position at the duration",
+    panel.shows("0:01", "0:02", "0:03")
+    wait_until(lambda: panel.names().count("0:05") >= 2, "position at the duration",
                lambda: f"There is {panel.names()}")
-    assert stays(lambda: "0:04" not in panel.names(), 1.5)
+    assert stays(lambda: "0:06" not in panel.names(), 1.5)
 
 
 def test_the_volume_is_shown_and_dragged(panel, start, play, sound):

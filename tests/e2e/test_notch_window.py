@@ -7,7 +7,8 @@ import time
 import pytest
 from Xlib import X
 
-from desktop import WIDTH, Program, selected_tab, stays, tabs, wait_until
+from accessible import selected_tab, tabs
+from desktop import WIDTH, Program, stays, wait_until
 
 COLLAPSED = (180, 32)
 EXPANDED = (566, 220)

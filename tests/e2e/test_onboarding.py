@@ -4,7 +4,8 @@ import re
 
 import pytest
 
-from desktop import Program, accessible_nodes, read_setting, wait_until
+from accessible import accessible_nodes
+from desktop import Program, read_setting, wait_until
 
 TITLE = "Welcome to Orvelle"
 HEADINGS = ["Welcome to Orvelle", "Location Access", "Calendar Access", "Camera Access",

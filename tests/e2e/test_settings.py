@@ -7,7 +7,8 @@ import subprocess
 
 import pytest
 
-from desktop import WIDTH, accessible_nodes, wait_until
+from accessible import accessible_nodes
+from desktop import WIDTH, wait_until
 
 SIZE = (500, 500)
 

@@ -1,8 +1,7 @@
 #include "Platform/Linux/FolderWatch.h"
 
-#include <sys/inotify.h>
+#include "Platform/Linux/InotifyEvents.h"
 
-#include <cstring>
 #include <filesystem>
 #include <optional>
 #include <string_view>
@@ -57,23 +56,13 @@ void FolderWatch::setFolders(const std::vector<std::string>& folders) {
 
 void FolderWatch::readEvents() {
     bool isChanged = false;
-    alignas(inotify_event) char buffer[16384];
-    for (;;) {
-        const auto count = read(inotify_.get(), buffer, sizeof buffer);
-        if (count <= 0)
-            break;
-        for (const char* next = buffer; next < buffer + count;) {
-            inotify_event event{};
-            std::memcpy(&event, next, sizeof event);
-            const std::string_view name = event.len > 0 ? next + sizeof event : "";
-            next += sizeof event + event.len;
-            const auto found = watched_.find(event.wd);
-            const bool isAwaited =
-                found != watched_.end() && (found->second.empty() || found->second.contains(name) ||
-                                            (event.mask & (IN_DELETE_SELF | IN_MOVE_SELF)) != 0);
-            isChanged = isChanged || isAwaited || (event.mask & IN_Q_OVERFLOW) != 0;
-        }
-    }
+    readInotifyEvents(inotify_.get(), [&](const inotify_event& event, std::string_view name) {
+        const auto found = watched_.find(event.wd);
+        const bool isAwaited =
+            found != watched_.end() && (found->second.empty() || found->second.contains(name) ||
+                                        (event.mask & (IN_DELETE_SELF | IN_MOVE_SELF)) != 0);
+        isChanged = isChanged || isAwaited || (event.mask & IN_Q_OVERFLOW) != 0;
+    });
     if (isChanged)
         changed_();
 }

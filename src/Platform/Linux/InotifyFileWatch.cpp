@@ -1,13 +1,11 @@
 #include "Platform/Linux/InotifyFileWatch.h"
 
 #include "Platform/Linux/Descriptor.h"
+#include "Platform/Linux/InotifyEvents.h"
 
 #include <QSocketNotifier>
 
-#include <sys/inotify.h>
-
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <vector>
@@ -91,27 +89,16 @@ private:
     void readEvents() {
         bool fileChanged = false;
         bool pathChanged = false;
-        alignas(inotify_event) char buffer[4096];
-        for (;;) {
-            const auto count = read(inotify_.get(), buffer, sizeof buffer);
-            if (count <= 0)
-                break;
-            for (const char* next = buffer; next < buffer + count;) {
-                inotify_event event{};
-                std::memcpy(&event, next, sizeof event);
-                const std::string_view name = event.len > 0 ? next + sizeof event : "";
-                next += sizeof event + event.len;
-                const auto found =
-                    std::ranges::find_if(awaited_, [&, folder = event.wd](const Awaited& awaited) {
-                        return awaited.watch == folder && awaited.name == name;
-                    });
-                const bool awaited = found != awaited_.end();
-                fileChanged = fileChanged || (event.mask & IN_Q_OVERFLOW) != 0 ||
-                              (awaited && found->isFile && (event.mask & fileEvents) != 0);
-                pathChanged = pathChanged || awaited ||
-                              (event.mask & (IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED)) != 0;
-            }
-        }
+        readInotifyEvents(inotify_.get(), [&](const inotify_event& event, std::string_view name) {
+            const auto found = std::ranges::find_if(awaited_, [&](const Awaited& awaited) {
+                return awaited.watch == event.wd && awaited.name == name;
+            });
+            const bool awaited = found != awaited_.end();
+            fileChanged = fileChanged || (event.mask & IN_Q_OVERFLOW) != 0 ||
+                          (awaited && found->isFile && (event.mask & fileEvents) != 0);
+            pathChanged = pathChanged || awaited ||
+                          (event.mask & (IN_DELETE_SELF | IN_MOVE_SELF | IN_IGNORED)) != 0;
+        });
         if (pathChanged) {
             const auto before = awaited_;
             arm();

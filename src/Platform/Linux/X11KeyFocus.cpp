@@ -22,6 +22,10 @@ bool isViewable(xcb_window_t window) {
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
+void focus(xcb_window_t window) {
+    xcb_set_input_focus(X11::connection(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+}
+
 } // namespace
 
 void X11KeyFocus::take() {
@@ -29,7 +33,9 @@ void X11KeyFocus::take() {
     if (focused == window_.winId())
         return;
     before_ = focused;
-    window_.requestActivate();
+    // Not by Qt, which dates its request with the last event that it saw: the server ignores one
+    // that is older than what a window manager has done meanwhile.
+    focus(static_cast<xcb_window_t>(window_.winId()));
     xcb_flush(X11::connection());
 }
 
@@ -41,7 +47,7 @@ void X11KeyFocus::giveBack() {
         return;
     const xcb_window_t target =
         isViewable(before) ? before : xcb_window_t{XCB_INPUT_FOCUS_POINTER_ROOT};
-    xcb_set_input_focus(X11::connection(), XCB_INPUT_FOCUS_POINTER_ROOT, target, XCB_CURRENT_TIME);
+    focus(target);
 }
 
 } // namespace orvelle

@@ -24,6 +24,9 @@ namespace orvelle {
 /// A machine for tests: every port is scripted, time is virtual, texts are English in New York.
 class SimulatedPlatform : public Platform {
 public:
+    SimulatedPlatform();
+    ~SimulatedPlatform() override;
+
     SimulatedRunLoop runLoopPort; ///< first: other ports answer through it
     SimulatedFileSystem fileSystemPort;
     SimulatedAppearance appearancePort;

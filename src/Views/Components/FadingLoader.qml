@@ -45,11 +45,12 @@ Item {
         focus: root.shown
     }
 
+    // What cannot be seen yet is not made yet: the first frame of the growing shape does not wait
+    // for its content.
     function follow() {
-        const needed = shown || presence.value > 0
-        if (needed && loader.status === Loader.Null)
+        if (presence.value > 0 && loader.status === Loader.Null)
             loader.setSource(source, properties)
-        else if (!needed)
+        else if (presence.value <= 0 && !shown)
             loader.source = ""
     }
     onShownChanged: follow()

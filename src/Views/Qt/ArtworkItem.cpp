@@ -2,8 +2,6 @@
 
 #include <QPainter>
 #include <QPainterPath>
-#include <QQuickWindow>
-#include <QSGImageNode>
 
 namespace orvelle {
 
@@ -12,9 +10,7 @@ ArtworkValue toQt(const MediaArtwork& artwork) {
             toQt(artwork.symbol), artwork.image.has_value(), {artwork.image.value_or(Image())}};
 }
 
-ArtworkItem::ArtworkItem(QQuickItem* parent) : QQuickItem(parent) {
-    setFlag(ItemHasContents);
-}
+ArtworkItem::ArtworkItem(QQuickItem* parent) : PictureItem(Extent::ofItem, parent) {}
 
 void ArtworkItem::setImage(const ImageValue& image) {
     if (image == image_)
@@ -32,24 +28,7 @@ void ArtworkItem::setRadius(double radius) {
     Q_EMIT radiusChanged();
 }
 
-void ArtworkItem::redraw() {
-    isPictureOutdated_ = true;
-    update();
-}
-
-void ArtworkItem::geometryChange(const QRectF& geometry, const QRectF& old) {
-    QQuickItem::geometryChange(geometry, old);
-    if (geometry.size() != old.size())
-        redraw();
-}
-
-void ArtworkItem::itemChange(ItemChange change, const ItemChangeData& data) {
-    if (change == ItemDevicePixelRatioHasChanged)
-        redraw();
-    QQuickItem::itemChange(change, data);
-}
-
-QImage ArtworkItem::rounded(double devicePixelRatio) const {
+QImage ArtworkItem::picture(double devicePixelRatio) const {
     const auto& image = image_.image;
     const QSize size = (QSizeF(width(), height()) * devicePixelRatio).toSize();
     if (!image.pixels() || size.isEmpty())
@@ -70,25 +49,6 @@ QImage ArtworkItem::rounded(double devicePixelRatio) const {
                                                  (size.height() - filling.height()) / 2.0));
     painter.fillPath(outline, brush);
     return picture;
-}
-
-QSGNode* ArtworkItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
-    auto* node = static_cast<QSGImageNode*>(old);
-    if (node && !isPictureOutdated_)
-        return node;
-    isPictureOutdated_ = false;
-    const QImage picture = rounded(window()->effectiveDevicePixelRatio());
-    if (picture.isNull()) {
-        delete node;
-        return nullptr;
-    }
-    if (!node) {
-        node = window()->createImageNode();
-        node->setOwnsTexture(true);
-    }
-    node->setTexture(window()->createTextureFromImage(picture));
-    node->setRect(boundingRect());
-    return node;
 }
 
 } // namespace orvelle

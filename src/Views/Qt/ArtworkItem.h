@@ -1,9 +1,8 @@
 #pragma once
 
 #include "Features/Media/MediaArtwork.h"
+#include "Views/Qt/PictureItem.h"
 #include "Views/Qt/Values.h"
-
-#include <QQuickItem>
 
 namespace orvelle {
 
@@ -38,7 +37,7 @@ public:
 ArtworkValue toQt(const MediaArtwork& artwork);
 
 /// A picture that fills the item, cut at the sides that are too long, with round corners.
-class ArtworkItem : public QQuickItem {
+class ArtworkItem : public PictureItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(orvelle::ImageValue image READ image WRITE setImage NOTIFY imageChanged FINAL)
@@ -57,17 +56,11 @@ Q_SIGNALS:
     void radiusChanged();
 
 protected:
-    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
-    void geometryChange(const QRectF& geometry, const QRectF& old) override;
-    void itemChange(ItemChange change, const ItemChangeData& data) override;
+    QImage picture(double devicePixelRatio) const override;
 
 private:
-    void redraw();
-    QImage rounded(double devicePixelRatio) const;
-
     ImageValue image_;
     double radius_ = 0;
-    bool isPictureOutdated_ = true;
 };
 
 } // namespace orvelle

@@ -3,16 +3,11 @@
 #include "Platform/FileIcons.h"
 #include "Views/Qt/ViewEngine.h"
 
-#include <QQuickWindow>
-#include <QSGImageNode>
-
 #include <algorithm>
 
 namespace orvelle {
 
-FileIconItem::FileIconItem(QQuickItem* parent) : QQuickItem(parent) {
-    setFlag(ItemHasContents);
-}
+FileIconItem::FileIconItem(QQuickItem* parent) : PictureItem(Extent::ofItem, parent) {}
 
 void FileIconItem::setIcon(const QString& icon) {
     if (icon == icon_)
@@ -22,47 +17,17 @@ void FileIconItem::setIcon(const QString& icon) {
     Q_EMIT iconChanged();
 }
 
-void FileIconItem::redraw() {
-    isPictureOutdated_ = true;
-    update();
-}
-
-void FileIconItem::itemChange(ItemChange change, const ItemChangeData& data) {
-    if (change == ItemDevicePixelRatioHasChanged)
-        redraw();
-    QQuickItem::itemChange(change, data);
-}
-
-void FileIconItem::geometryChange(const QRectF& now, const QRectF& before) {
-    if (now.size() != before.size())
-        redraw();
-    QQuickItem::geometryChange(now, before);
-}
-
-QSGNode* FileIconItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
-    auto* node = static_cast<QSGImageNode*>(old);
+QImage FileIconItem::picture(double devicePixelRatio) const {
     const auto* engine = qobject_cast<ViewEngine*>(qmlEngine(this));
-    if (engine && (isPictureOutdated_ || !node)) {
-        isPictureOutdated_ = false;
-        const double side = std::min(width(), height()) * window()->effectiveDevicePixelRatio();
-        const auto picture =
-            engine->environment().platform.fileIcons().picture(icon_.toStdString(), qRound(side));
-        if (!picture.pixels()) {
-            delete node;
-            return nullptr;
-        }
-        if (!node) {
-            node = window()->createImageNode();
-            node->setOwnsTexture(true);
-        }
-        const QImage pixels(picture.pixels(), picture.width(), picture.height(),
-                            QImage::Format_RGBA8888);
-        node->setTexture(window()->createTextureFromImage(
-            pixels.convertToFormat(QImage::Format_ARGB32_Premultiplied)));
-    }
-    if (node)
-        node->setRect(boundingRect());
-    return node;
+    if (!engine)
+        return {};
+    const int side = qRound(std::min(width(), height()) * devicePixelRatio);
+    const auto picture =
+        engine->environment().platform.fileIcons().picture(icon_.toStdString(), side);
+    if (!picture.pixels())
+        return {};
+    return QImage(picture.pixels(), picture.width(), picture.height(), QImage::Format_RGBA8888)
+        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 } // namespace orvelle

@@ -1,13 +1,14 @@
 #pragma once
 
-#include <QQuickItem>
+#include "Views/Qt/PictureItem.h"
+
 #include <QString>
 
 namespace orvelle {
 
 /// The desktop's picture of a kind of file, as large as the item. Draws nothing for a word that the
 /// desktop has no picture for.
-class FileIconItem : public QQuickItem {
+class FileIconItem : public PictureItem {
     Q_OBJECT
     QML_NAMED_ELEMENT(FileIcon)
     /// What `FileIcons::icon` gave.
@@ -23,15 +24,10 @@ Q_SIGNALS:
     void iconChanged();
 
 protected:
-    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
-    void itemChange(ItemChange change, const ItemChangeData& data) override;
-    void geometryChange(const QRectF& now, const QRectF& before) override;
+    QImage picture(double devicePixelRatio) const override;
 
 private:
-    void redraw();
-
     QString icon_;
-    bool isPictureOutdated_ = true;
 };
 
 } // namespace orvelle

@@ -2,20 +2,15 @@
 
 #include "Views/Qt/SymbolImages.h"
 
-#include <QQuickWindow>
-#include <QSGImageNode>
-
 namespace orvelle {
 
-SymbolItem::SymbolItem(QQuickItem* parent) : QQuickItem(parent) {
-    setFlag(ItemHasContents);
-}
+SymbolItem::SymbolItem(QQuickItem* parent) : PictureItem(Extent::ofPicture, parent) {}
 
 void SymbolItem::setName(const QString& name) {
     if (name == name_)
         return;
     name_ = name;
-    redraw();
+    follow();
     Q_EMIT nameChanged();
 }
 
@@ -23,7 +18,7 @@ void SymbolItem::setSize(double size) {
     if (size == size_)
         return;
     size_ = size;
-    redraw();
+    follow();
     Q_EMIT sizeChanged();
 }
 
@@ -31,45 +26,25 @@ void SymbolItem::setColor(const QColor& color) {
     if (color == color_)
         return;
     color_ = color;
-    redraw();
+    follow();
     Q_EMIT colorChanged();
 }
 
-void SymbolItem::redraw() {
+void SymbolItem::follow() {
     const QSizeF extent = SymbolImages::extent(name_, size_);
     setImplicitSize(extent.width(), extent.height());
-    isPictureOutdated_ = true;
-    update();
+    redraw();
 }
 
-void SymbolItem::itemChange(ItemChange change, const ItemChangeData& data) {
-    if (change == ItemDevicePixelRatioHasChanged)
-        redraw();
-    QQuickItem::itemChange(change, data);
+QImage SymbolItem::picture(double devicePixelRatio) const {
+    return SymbolImages::render(name_, size_, color_, devicePixelRatio);
 }
 
-QSGNode* SymbolItem::updatePaintNode(QSGNode* old, UpdatePaintNodeData*) {
-    auto* node = static_cast<QSGImageNode*>(old);
-    if (isPictureOutdated_ || !node) {
-        isPictureOutdated_ = false;
-        const QImage picture =
-            SymbolImages::render(name_, size_, color_, window()->effectiveDevicePixelRatio());
-        if (picture.isNull()) {
-            delete node;
-            return nullptr;
-        }
-        if (!node) {
-            node = window()->createImageNode();
-            node->setOwnsTexture(true);
-        }
-        node->setTexture(window()->createTextureFromImage(picture));
-    }
-    // Whole pixels, in the middle of whatever room the item was given.
-    const QRectF picture(
+// Whole pixels, in the middle of whatever room the item was given.
+QRectF SymbolItem::place() const {
+    return QRectF(
         QPointF(qRound((width() - implicitWidth()) / 2), qRound((height() - implicitHeight()) / 2)),
         QSizeF(implicitWidth(), implicitHeight()));
-    node->setRect(picture);
-    return node;
 }
 
 } // namespace orvelle

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "Views/Qt/PictureItem.h"
+
 #include <QColor>
-#include <QQuickItem>
 #include <QString>
 
 namespace orvelle {
 
 /// One symbol, as large by itself as suits a text of `size` pixels.
-class SymbolItem : public QQuickItem {
+class SymbolItem : public PictureItem {
     Q_OBJECT
     QML_NAMED_ELEMENT(Symbol)
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
@@ -30,16 +31,15 @@ Q_SIGNALS:
     void colorChanged();
 
 protected:
-    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
-    void itemChange(ItemChange change, const ItemChangeData& data) override;
+    QImage picture(double devicePixelRatio) const override;
+    QRectF place() const override;
 
 private:
-    void redraw();
+    void follow();
 
     QString name_;
     double size_ = 0;
     QColor color_ = Qt::white;
-    bool isPictureOutdated_ = true;
 };
 
 } // namespace orvelle

@@ -1,0 +1,85 @@
+"""The program as those know it who hear it, and what a user does to what is told there."""
+
+import json
+import pathlib
+import subprocess
+
+from desktop import wait_until
+
+READER = pathlib.Path(__file__).with_name("accessibility.py")
+
+
+def accessible_nodes(desktop):
+    """Every node of the program's accessibility tree, parents first."""
+    answer = subprocess.run(["/usr/bin/python3", READER, "orvelle"], env=desktop.environment,
+                            capture_output=True, text=True, timeout=60)
+    found = json.loads(answer.stdout or "[]")
+    for node in found:
+        found += node["children"]
+    return found
+
+
+def names(desktop, role):
+    return [node["name"] for node in accessible_nodes(desktop) if node["role"] == role]
+
+
+def tabs(desktop):
+    """The tab bar's buttons: names, and which are selected."""
+    return [(node["name"], node["selected"]) for node in accessible_nodes(desktop)
+            if node["role"] == "page tab"]
+
+
+def selected_tab(desktop):
+    return next((name for name, selected in tabs(desktop) if selected), None)
+
+
+def focused_tab(desktop):
+    return next((node["name"] for node in accessible_nodes(desktop)
+                 if node["role"] == "page tab" and node["focused"]), None)
+
+
+def resting_place(desktop, name, role=None):
+    """The middle of what has this name, and this role if one is asked for, once it has stopped
+    moving."""
+    seen = []
+
+    def place():
+        seen.append(next((node["middle"] for node in accessible_nodes(desktop)
+                          if node["name"] == name and role in (None, node["role"])
+                          and node["middle"]), None))
+        return len(seen) > 1 and seen[-1] == seen[-2] and seen[-1]
+
+    return wait_until(place, f"{role or ''} {name!r} at rest",
+                      lambda: f"There are {accessible_nodes(desktop)}")
+
+
+def point_at(program, role, name):
+    """Waits until what has this role and name is at rest and under the pointer's reach: without a
+    compositor the window is only where its shape has grown to. Gives the place."""
+    desktop = program.desktop
+    x, y = resting_place(desktop, name, role)
+
+    def is_within_reach():
+        left, top, _, _ = program.geometry()
+        return any(0 <= x - left - box[0] < box[2] and 0 <= y - top - box[1] < box[3]
+                   for box in desktop.shape_boxes(program.window()))
+
+    wait_until(is_within_reach, f"reach of {role} {name!r}", program.describe)
+    desktop.move_pointer(x, y)
+    return x, y
+
+
+def click_on(program, role, name):
+    point_at(program, role, name)
+    program.desktop.click()
+
+
+def choose_tab(program, name):
+    """Clicks on a tab of the open panel, and waits until it is the chosen one."""
+    click_on(program, "page tab", name)
+    wait_until(lambda: selected_tab(program.desktop) == name, f"the tab {name}", program.describe)
+
+
+def open_panel(program, name):
+    program.expand()
+    choose_tab(program, name)
