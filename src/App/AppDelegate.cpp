@@ -247,7 +247,10 @@ void AppDelegate::showNoScreenAlert() {
 std::vector<AppDelegate::FeatureSwitch> AppDelegate::makeFeatureSwitches() {
     const auto nothing = [] {};
     return {
-        {Settings::mediaEnabled, mediaManager, [this] { mediaManager.stop(); }},
+        {.key = Settings::mediaEnabled,
+         .module = mediaManager,
+         .stop = [this] { mediaManager.stop(); },
+         .switchesItself = true},
         {Settings::fileShelfEnabled, fileShelfManager,
          [this] { fileShelfManager.cleanupTimer.reset(); }},
         {Settings::hudEnabled, hudManager,
@@ -270,8 +273,10 @@ std::vector<AppDelegate::FeatureSwitch> AppDelegate::makeFeatureSwitches() {
         {Settings::pomodoroEnabled, pomodoroManager, [this] { pomodoroManager.pauseTimer(); }},
         {Settings::todoEnabled, todoManager, nothing},
         {Settings::notesEnabled, notesManager, nothing},
-        {Settings::stockTickerEnabled, stockTickerManager,
-         [this] { stockTickerManager.refreshTimer.reset(); }},
+        {.key = Settings::stockTickerEnabled,
+         .module = stockTickerManager,
+         .stop = [this] { stockTickerManager.refreshTimer.reset(); },
+         .switchesItself = true},
         {Settings::timeEnabled, timeManager, [this] { timeManager.timer.reset(); }},
         {Settings::mirrorEnabled, mirrorManager, [this] { mirrorManager.stopSession(); }},
     };
@@ -284,7 +289,7 @@ bool AppDelegate::stored(const SettingKey<bool>& key) const {
 void AppDelegate::applyFeatureDefaults() {
     for (auto& feature : featureSwitches_) {
         feature.isOn = stored(feature.key);
-        feature.module.isEnabled = feature.isOn; // of some features, it starts or stops at once
+        feature.module.isEnabled = feature.isOn;
     }
     notchState.clickWidgetNavigatesToPanel = stored(Settings::clickWidgetNavigatesToPanel);
 }
@@ -309,11 +314,20 @@ void AppDelegate::followFeatureSwitches() {
             continue;
         feature.isOn = !feature.isOn;
         feature.module.isEnabled = feature.isOn;
+        if (feature.switchesItself)
+            continue;
         if (feature.isOn)
             feature.module.start();
         else
             feature.stop();
     }
+}
+
+// The setting follows the state; the state follows a setting that was changed from outside.
+void AppDelegate::followClickWidget() {
+    const bool navigates = stored(Settings::clickWidgetNavigatesToPanel);
+    if (notchState.clickWidgetNavigatesToPanel != navigates)
+        notchState.clickWidgetNavigatesToPanel = navigates;
 }
 
 void AppDelegate::observeRequireRealNotch() {
@@ -322,6 +336,7 @@ void AppDelegate::observeRequireRealNotch() {
         platform_.runLoop().post(lifetime_.guard([this] {
             followRequireRealNotch();
             followFeatureSwitches();
+            followClickWidget();
         }));
     });
 }

@@ -95,7 +95,8 @@ private:
         SettingKey<bool> key;
         FeatureModule& module;
         std::function<void()> stop;
-        bool isOn = false; ///< as the setting was seen last
+        bool switchesItself = false; ///< assigning `isEnabled` starts and stops it already
+        bool isOn = false;           ///< as the setting was seen last
     };
 
     std::vector<FeatureSwitch> makeFeatureSwitches();
@@ -117,6 +118,7 @@ private:
     void followRequireRealNotch();
     /// Starts and stops the features whose settings have changed.
     void followFeatureSwitches();
+    void followClickWidget();
     void showNoScreenAlert();
 
     std::vector<FeatureSwitch> featureSwitches_;

@@ -100,6 +100,27 @@ def test_the_wizard_can_be_run_again_beside_the_panel(program, tray):
     assert program.size() == COLLAPSED
 
 
+OPENER = """#!/bin/sh
+{ grep SigBlk /proc/self/status; env; } > "$0.part"
+mv "$0.part" "$0.report"
+"""
+
+
+def test_what_it_opens_is_started_as_by_the_desktop(openbox, tray, environment, tmp_path, start):
+    opener = tmp_path / "xdg-open"
+    opener.write_text(OPENER)
+    opener.chmod(0o755)
+    environment["PATH"] = f"{tmp_path}:{environment['PATH']}"
+    program = start()
+    wait_until(lambda: tray.items, "status item", program.describe)
+    tray.choose("Report a Bug...")
+    report = tmp_path / "xdg-open.report"
+    wait_until(report.exists, "a started program", program.describe)
+    blocked, *variables = report.read_text().splitlines()
+    assert int(blocked.split()[1], 16) == 0, "it could not be ended by a signal"
+    assert not [line for line in variables if line.startswith("QT_QPA_")]
+
+
 def test_quit_ends_the_program(program, tray):
     tray.choose("Quit Orvelle")
     assert program.process.wait(10) == 0
