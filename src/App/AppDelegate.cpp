@@ -81,6 +81,17 @@ void AppDelegate::showNotch() {
     notchState.expandedState = NotchExpandedState::expanded;
 }
 
+void AppDelegate::reopen() {
+    if (!notchWindowController && onboardingWindow) {
+        showOnboarding();
+        return;
+    }
+    showNotch();
+    auto* window = notchWindowController ? notchWindowController->window() : nullptr;
+    if (window && window->isVisible())
+        window->makeKey();
+}
+
 void AppDelegate::logScreens() {
     const auto screens = platform_.screens().screens();
     log_.info(format("Screens: %zu, main=%s", screens.size(),

@@ -78,8 +78,11 @@ public:
     void applicationDidFinishLaunching();
     void applicationWillTerminate();
 
-    /// Opens the panel, as a second start of the program asks the first to.
     void showNotch();
+    /// What another start of the program asks of this one: opens the panel with the keyboard in it,
+    /// so that a shortcut of the desktop's leads there without a pointer. While the first wizard is
+    /// open, that comes to the front instead.
+    void reopen();
     void openSettings();
     void runSetupWizard();
     void reportBug();

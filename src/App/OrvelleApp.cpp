@@ -13,7 +13,7 @@ OrvelleApp::~OrvelleApp() {
 }
 
 void OrvelleApp::listen(ProcessInstance& instance) {
-    instance.listen([this] { delegate_.showNotch(); });
+    instance.listen([this] { delegate_.reopen(); });
 }
 
 void OrvelleApp::launch() {

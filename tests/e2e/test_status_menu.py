@@ -1,7 +1,6 @@
 """The status item and its menu, as a desktop's tray shows them."""
 
 import re
-import signal
 
 import pytest
 
@@ -123,13 +122,6 @@ def test_what_it_opens_is_started_as_by_the_desktop(openbox, tray, environment, 
 
 def test_quit_ends_the_program(program, tray):
     tray.choose("Quit Orvelle")
-    assert program.process.wait(10) == 0
-
-
-@pytest.mark.parametrize("kind", [signal.SIGTERM, signal.SIGINT, signal.SIGHUP])
-def test_a_signal_ends_the_program_as_its_menu_does(start, kind):
-    program = start()
-    program.process.send_signal(kind)
     assert program.process.wait(10) == 0
 
 

@@ -1,6 +1,7 @@
 #include "Settings/SettingsView.h"
 
 #include "Features/UpdateChecker/UpdateChecker.h"
+#include "Views/Qt/Values.h"
 #include "views/KeyboardWalk.h"
 #include "views/ViewFixture.h"
 
@@ -35,7 +36,7 @@ protected:
     QQuickItem* chosenTab() {
         const auto index = settings->property("current").toUInt();
         const auto title = SettingsView::tabs().at(index).title;
-        return find(QStringLiteral("tab.") + QString::fromUtf8(title.data(), title.size()));
+        return find(QStringLiteral("tab.") + toQt(title));
     }
     QQuickItem* find(const QString& name) { return item(settings.get(), name); }
     /// The control of a row.

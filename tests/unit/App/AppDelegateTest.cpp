@@ -370,10 +370,24 @@ TEST_F(AppDelegateTest, NothingIsRegisteredAsAPluginFromLaunchToTermination) {
     EXPECT_EQ(counts, std::vector<std::size_t>{0}) << "the present count, and no change";
 }
 
-TEST_F(AppDelegateTest, AnotherStartShowsThePanel) {
+TEST_F(AppDelegateTest, AnotherStartShowsThePanelWithTheKeyboardInIt) {
     launchNormally();
     app.showNotch();
     EXPECT_EQ(state(), NotchExpandedState::expanded);
+    EXPECT_FALSE(window().isKey) << "the media panel takes no typing";
+    app.reopen();
+    EXPECT_EQ(state(), NotchExpandedState::expanded);
+    EXPECT_TRUE(window().isKey);
+    setState(NotchExpandedState::collapsed);
+    EXPECT_FALSE(window().isKey);
+}
+
+TEST_F(AppDelegateTest, AnotherStartDuringTheFirstWizardBringsThatToTheFront) {
+    app.applicationDidFinishLaunching();
+    app.reopen();
+    EXPECT_EQ(views.onboarding.madeCount, 1);
+    EXPECT_EQ(views.onboarding.frontCount, 1);
+    EXPECT_EQ(state(), NotchExpandedState::collapsed);
 }
 
 } // namespace
