@@ -45,6 +45,8 @@ struct NotchEnvironment {
     HoverLayoutManager& hoverLayoutManager;
     PanelOrderManager& panelOrderManager;
     std::function<void()> openSettings;
+    /// What closes the panel from the keyboard; the window's controller sets it.
+    std::function<void()> closePanel = {};
 };
 
 } // namespace orvelle

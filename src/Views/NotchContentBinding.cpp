@@ -66,6 +66,7 @@ void NotchContentBinding::attach(const ViewEnvironment& environment) {
     collapsedView_.emplace(notch, std::set<std::string>{}, environment.platform);
     state_ = &notch.notchState;
     takeKeyboard_ = environment.takeKeyboard;
+    close_ = notch.closePanel;
 
     follow(state_->expandedState, state_->notchSize, state_->activePanel, state_->isHUDVisible,
            state_->hudType, state_->hudValue);
@@ -112,6 +113,11 @@ void NotchContentBinding::refresh() {
 void NotchContentBinding::selectPanel(const QString& id) {
     if (const auto panel = activePanelFrom(id.toStdString()))
         view_->selectPanel(*panel);
+}
+
+void NotchContentBinding::close() const {
+    if (close_)
+        close_();
 }
 
 void NotchContentBinding::takeKeyboard() const {

@@ -85,6 +85,8 @@ public:
     double panelDampingFraction() const { return NotchAnimator::panelSwitch.dampingFraction; }
 
     Q_INVOKABLE void selectPanel(const QString& id);
+    /// For the keyboard.
+    Q_INVOKABLE void close() const;
     /// For a tab that was chosen by a key: most panels give the keyboard back when they are shown.
     Q_INVOKABLE void takeKeyboard() const;
     Q_INVOKABLE void setHUDValue(double value);
@@ -99,6 +101,7 @@ private:
     std::optional<NotchCollapsedView> collapsedView_;
     const NotchState* state_ = nullptr;
     std::function<void()> takeKeyboard_;
+    std::function<void()> close_;
 };
 
 } // namespace orvelle

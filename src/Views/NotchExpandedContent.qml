@@ -9,8 +9,21 @@ FocusScope {
 
     objectName: "expandedContent"
     focus: true
+    Keys.onEscapePressed: view.close()
+    Keys.onMenuPressed: openMenu()
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)
+            openMenu()
+    }
+
+    // That of the panel, else the one that is found beside it.
+    function openMenu() {
+        if (!panels.panel?.openMenu?.())
+            menu.openAt(width / 2, divider.y)
+    }
 
     ContextMenu {
+        id: menu
         anchors.fill: parent
         menu: () => root.view.contextMenu()
     }

@@ -3,6 +3,8 @@
 #include "Core/SettingsEnvironment.h"
 #include "Core/ViewHost.h"
 
+#include <functional>
+#include <memory>
 #include <utility>
 
 namespace orvelle {
@@ -27,10 +29,14 @@ struct NullAppWindow {
 class NullViewHost : public ViewHost {
 public:
     int notchContentCount = 0;
+    std::function<void()> closePanel; ///< what the last content was given for it
     NullAppWindow settings;
     NullAppWindow onboarding;
 
-    void showNotchContent(PanelWindow&, const NotchEnvironment&) override { ++notchContentCount; }
+    void showNotchContent(PanelWindow&, const NotchEnvironment& environment) override {
+        ++notchContentCount;
+        closePanel = environment.closePanel;
+    }
     std::unique_ptr<AppWindow> showSettings(const AppWindow::Description& description,
                                             const SettingsEnvironment&,
                                             std::function<void()> closed) override {

@@ -147,20 +147,40 @@ def test_another_start_gives_the_keyboard_to_any_panel(binary, environment, open
     assert openbox.focus() == program.window().id
 
 
+def ringed_tabs(program):
+    """The tabs whose upper edge is light."""
+    return [name for name, x in tab_centers(program).items()
+            if program.desktop.pixel(x, BAR_TOP)[0] > 90]
+
+
 def test_the_focus_can_be_seen(desktop, panel):
     program = panel("Todo")
     wait_until(lambda: desktop.focus() == program.window().id, "the focus", program.describe)
     walk_to_the_tabs(desktop, program)
-    wait_until(lambda: focused_tab(desktop) == "Todo", "a focused tab", program.describe)
-    centers = tab_centers(program)
-
-    def ringed():
-        """The tabs whose upper edge is light."""
-        return [name for name, x in centers.items() if desktop.pixel(x, BAR_TOP)[0] > 90]
-
-    wait_until(lambda: ringed() == ["Todo"], "a ring around Todo", program.describe)
+    wait_until(lambda: ringed_tabs(program) == ["Todo"], "a ring around Todo", program.describe)
     desktop.keys("Right")
-    wait_until(lambda: ringed() == ["Mirror"], "a ring around Mirror", program.describe)
+    wait_until(lambda: ringed_tabs(program) == ["Mirror"], "a ring around Mirror",
+               program.describe)
+
+
+def test_a_tab_that_the_pointer_took_has_no_ring_until_a_key_is_pressed(desktop, panel):
+    program = panel("Clipboard")
+    wait_until(lambda: focused_tab(desktop) == "Clipboard", "the focus", program.describe)
+    assert stays(lambda: ringed_tabs(program) == [], 0.5)
+    desktop.keys("Right")
+    wait_until(lambda: ringed_tabs(program) == ["System"], "a ring around System",
+               program.describe)
+
+
+def test_escape_closes_the_panel_and_gives_the_keyboard_back(openbox, panel):
+    other = openbox.open_window(100, 400, 400, 300)
+    openbox.focus_window(other)
+    program = panel("Todo")
+    wait_until(lambda: openbox.focus() == program.window().id, "the focus", program.describe)
+    program.leave()
+    openbox.keys("Escape")
+    program.wait_for_size(COLLAPSED)
+    wait_until(lambda: openbox.focus() == other.id, "the focus given back", program.describe)
 
 
 def test_closing_gives_the_keyboard_back(openbox, panel):

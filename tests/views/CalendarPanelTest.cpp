@@ -1,7 +1,12 @@
+#include "Views/Qt/MenuWindow.h"
 #include "Views/Qt/Values.h"
+#include "views/KeyboardWalk.h"
 #include "views/ViewFixture.h"
 
+#include <QGuiApplication>
+
 #include <functional>
+#include <string>
 
 namespace orvelle {
 
@@ -109,6 +114,49 @@ TEST_F(CalendarPanelTest, manyEventsCanBeScrolledThrough) {
     turn();
     EXPECT_NE(item("event.Event 39"), nullptr);
     EXPECT_LE(frameOf("event.Event 39").bottom(), 220);
+}
+
+TEST_F(CalendarPanelTest, theArrowKeysGoFromEventToEventPastTheHeaders) {
+    calendar.events =
+        std::vector{event("Now", -60, 600), event("Next", 600, 1200), event("Last", 1800, 2400)};
+    show(ActivePanel::calendar);
+    item("events")->forceActiveFocus(Qt::TabFocusReason);
+    const auto focused = [&] {
+        for (const auto* name : {"Now", "Next", "Last"})
+            if (item(QStringLiteral("event.") + QLatin1String(name))
+                    ->property("isFocused")
+                    .toBool())
+                return std::string(name);
+        return std::string();
+    };
+    KeyboardWalk keyboard(window);
+    EXPECT_EQ(focused(), "Now");
+    keyboard.press(Qt::Key_Down);
+    EXPECT_EQ(focused(), "Next");
+    keyboard.press(Qt::Key_Down);
+    keyboard.press(Qt::Key_Down);
+    EXPECT_EQ(focused(), "Last");
+    keyboard.press(Qt::Key_Up);
+    keyboard.press(Qt::Key_Up);
+    keyboard.press(Qt::Key_Up);
+    EXPECT_EQ(focused(), "Now");
+}
+
+TEST_F(CalendarPanelTest, theMenuKeyOpensTheMenuOfTheEventOrOfTheEmptyCalendar) {
+    const auto hasMenu = [] {
+        for (auto* shown : QGuiApplication::topLevelWindows())
+            if (auto* menu = qobject_cast<MenuWindow*>(shown); menu && menu->isVisible())
+                return menu->close();
+        return false;
+    };
+    show(ActivePanel::calendar);
+    KeyboardWalk(window).press(Qt::Key_Menu);
+    EXPECT_TRUE(hasMenu());
+    calendar.events = std::vector{event("Next", 600, 1200)};
+    window.requestActivate();
+    settle();
+    KeyboardWalk(window).press(Qt::Key_Menu);
+    EXPECT_TRUE(hasMenu());
 }
 
 } // namespace orvelle

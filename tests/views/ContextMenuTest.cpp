@@ -1,6 +1,7 @@
 #include "Features/Battery/BatteryActions.h"
 #include "Views/Qt/MenuValue.h"
 #include "Views/Qt/MenuWindow.h"
+#include "views/KeyboardWalk.h"
 #include "views/ViewFixture.h"
 
 #include <QCoreApplication>
@@ -60,6 +61,33 @@ TEST_F(ContextMenuTest, thePanelsOwnMenuComesBeforeThePanels) {
     BatteryActions::openEnergySettings(expected);
     EXPECT_EQ(platform.workspacePort.opened, expected.workspacePort.opened);
     EXPECT_EQ(settingsOpened, 0);
+}
+
+TEST_F(ContextMenuTest, theMenuKeyOpensThePanelsMenu) {
+    show(ActivePanel::battery);
+    KeyboardWalk(window).press(Qt::Key_Menu);
+    ASSERT_NE(openMenu(), nullptr);
+    EXPECT_EQ(openMenu()->property("entries").value<MenuValue>().titles().first(), "Lock Screen");
+    press(Qt::Key_Escape);
+    media.currentMedia.update([](MediaInfo& info) {
+        info.title = "A Tone";
+        info.appName = "Music";
+    });
+    window.requestActivate();
+    show(ActivePanel::media);
+    KeyboardWalk(window).press(Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_NE(openMenu(), nullptr);
+    EXPECT_EQ(openMenu()->property("entries").value<MenuValue>().titles(),
+              QStringList("Open in Music"));
+}
+
+TEST_F(ContextMenuTest, theMenuKeyOpensTheSettingsEntryOfAPanelWithoutAMenu) {
+    show(ActivePanel::time);
+    KeyboardWalk(window).press(Qt::Key_Menu);
+    ASSERT_NE(openMenu(), nullptr);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(settingsOpened, 1);
 }
 
 TEST_F(ContextMenuTest, escapeClosesWithoutAnAction) {

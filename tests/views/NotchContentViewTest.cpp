@@ -1,4 +1,5 @@
 #include "Views/Qt/Values.h"
+#include "views/KeyboardWalk.h"
 #include "views/ViewFixture.h"
 
 #include <QAccessible>
@@ -160,6 +161,12 @@ TEST_F(NotchContentViewTest, arrowKeysMoveFromTabToTab) {
     EXPECT_TRUE(item("tab.time")->hasActiveFocus());
     press(Qt::Key_Space);
     EXPECT_EQ(notchState.activePanel, ActivePanel::time);
+}
+
+TEST_F(NotchContentViewTest, escapeClosesThePanel) {
+    show(ActivePanel::battery);
+    KeyboardWalk(window).press(Qt::Key_Escape);
+    EXPECT_EQ(panelClosed, 1);
 }
 
 TEST_F(NotchContentViewTest, theKeyboardBeginsAtTheActiveTab) {

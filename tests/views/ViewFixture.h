@@ -102,8 +102,10 @@ protected:
                                  mirror,
                                  hoverLayout,
                                  panelOrder,
-                                 [this] { ++settingsOpened; }};
+                                 [this] { ++settingsOpened; },
+                                 [this] { ++panelClosed; }};
     int settingsOpened = 0;
+    int panelClosed = 0;
 
     QQuickWindow window;
     QtViewHost host{platform};

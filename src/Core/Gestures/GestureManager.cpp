@@ -66,6 +66,15 @@ void GestureManager::setupMonitors() {
     });
 }
 
+void GestureManager::performClosingStroke() {
+    const double stroke = 2 * deliberateStroke * verticalBounds.high;
+    const auto& defaults = platform_.userDefaults();
+    ScrollEvent event;
+    event.scrollingDeltaY =
+        defaults.boolean(Settings::reverseScrollDirection.name) ? stroke : -stroke;
+    handleScrollWheel(event);
+}
+
 void GestureManager::handleScrollWheel(const ScrollEvent& event) {
     const auto& defaults = platform_.userDefaults();
     const bool isReversed = defaults.boolean(Settings::reverseScrollDirection.name);

@@ -18,6 +18,9 @@ public:
                    WeatherManager& weatherManager, PanelOrderManager& panelOrderManager,
                    Platform& platform = Platform::shared());
 
+    /// The keyboard's upward stroke, deliberate at any sensitivity.
+    void performClosingStroke();
+
 private:
     void setupMonitors();
     void handleScrollWheel(const ScrollEvent& event);

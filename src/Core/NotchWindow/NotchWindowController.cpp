@@ -35,6 +35,7 @@ NotchWindowController::NotchWindowController(const NotchEnvironment& environment
     log_.info(format("Creating panel: initialSize=%fx%f, position=(%f, %f)", size.width,
                      size.height, position.x, position.y));
     panel_ = std::make_unique<NotchPanel>(platform.panelWindows(), Rect{position, size});
+    environment_.closePanel = lifetime_.guard([this] { gestureManager_->performClosingStroke(); });
     setupContentView();
     setupDropContainer();
     window()->setPointerEvents(

@@ -5,10 +5,15 @@ import Orvelle
 Item {
     id: root
 
+    function openMenu() {
+        return menu.openAt(width / 2, icon.y)
+    }
+
     BatteryPanelBinding {
         id: view
     }
     ContextMenu {
+        id: menu
         anchors.fill: parent
         menu: () => view.contextMenu()
     }

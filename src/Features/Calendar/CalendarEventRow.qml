@@ -7,13 +7,24 @@ Rectangle {
 
     property CalendarExpandedBinding view
     property var event
+    property bool isFocused
+
+    function openMenu() {
+        return menu.openAt(circle.x, height)
+    }
 
     objectName: "event." + event.title.text
+    Accessible.role: Accessible.ListItem
+    Accessible.name: event.title.text
+    Accessible.focusable: true
+    Accessible.focused: isFocused
     implicitHeight: texts.height + 2 * view.rowVerticalPadding
     radius: view.rowCornerRadius
     color: event.fill
+    border.color: isFocused ? Style.focusColor : "transparent"
 
     ContextMenu {
+        id: menu
         anchors.fill: parent
         menu: () => root.view.rowMenu(root.event.startDate)
     }

@@ -5,6 +5,10 @@ import Orvelle
 Item {
     id: root
 
+    function openMenu() {
+        return menu.enabled && menu.openAt(width / 2, 0)
+    }
+
     MediaPanelBinding {
         id: view
     }
@@ -13,6 +17,7 @@ Item {
         sourceComponent: view.placeholder ? nothing : track
     }
     ContextMenu {
+        id: menu
         anchors.fill: parent
         z: -1
         enabled: !view.placeholder

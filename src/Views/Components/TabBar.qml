@@ -11,7 +11,11 @@ FocusScope {
     property real cornerRadius
     signal selected(string id)
 
+    // A tab that the pointer took needs no ring when its panel brings the keyboard along.
+    property bool isLedByPointer: false
+
     activeFocusOnTab: true
+    onActiveFocusChanged: if (!activeFocus) isLedByPointer = false
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Panels")
 
@@ -31,6 +35,8 @@ FocusScope {
             height: root.height
             radius: root.cornerRadius
             focus: entry.isActive || index === 0 // the last to say so has it
+            showsFocus: activeFocus && !root.isLedByPointer
+            onPressed: root.isLedByPointer = true
             onClicked: root.selected(entry.id)
             Keys.onLeftPressed: root.focusTab(index - 1)
             Keys.onRightPressed: root.focusTab(index + 1)
@@ -39,6 +45,7 @@ FocusScope {
     }
 
     function focusTab(index) {
+        isLedByPointer = false
         const tab = tabs.itemAt((index + tabs.count) % tabs.count)
         tab.forceActiveFocus(Qt.TabFocusReason)
     }

@@ -8,6 +8,8 @@ Rectangle {
     property var tab
     readonly property alias isHovered: pointer.containsMouse
     readonly property string helpText: tab.label
+    property bool showsFocus: activeFocus
+    signal pressed
     signal clicked
 
     objectName: "tab." + tab.id
@@ -31,7 +33,7 @@ Rectangle {
     Rectangle {
         anchors.fill: parent
         radius: root.radius
-        visible: root.activeFocus
+        visible: root.showsFocus
         color: "transparent"
         border.color: Style.focusColor
     }
@@ -39,6 +41,7 @@ Rectangle {
         id: pointer
         anchors.fill: parent
         hoverEnabled: true
+        onPressed: root.pressed()
         onClicked: root.clicked()
     }
 }

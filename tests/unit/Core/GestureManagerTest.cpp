@@ -52,6 +52,16 @@ TEST_F(GestureManagerTest, ScrollSensitivityOf30StillOpensAt2Point1) {
     EXPECT_EQ(state(), State::expanded);
 }
 
+TEST_F(GestureManagerTest, TheKeyboardClosesTheOpenPanelAtAnySensitivityAndDirection) {
+    for (const bool isReversed : {false, true}) {
+        defaults().set("scrollSensitivity", 30.0);
+        defaults().set("reverseScrollDirection", isReversed);
+        setState(State::expanded);
+        views.closePanel();
+        EXPECT_EQ(state(), State::collapsed);
+    }
+}
+
 TEST_F(GestureManagerTest, HoveringCollapsesBelowMinus5) {
     setState(State::hovering);
     scroll(-5);
