@@ -179,6 +179,16 @@ TEST_F(StockTickerCycleTest, stepsThroughTheSymbolsInTheHoverBar) {
     EXPECT_GT(frameOf("widget.stockTicker").width(), 20);
 }
 
+TEST_F(StockTickerCycleTest, aLongSymbolIsCutAndItsFiguresStay) {
+    const std::string symbol(200, 'W');
+    stockTicker.addTicker(symbol);
+    stockTicker.quotes.update([&](auto& quotes) { quotes[symbol] = {symbol, 12, 2, 20, 10}; });
+    show(NotchExpandedState::hovering);
+    EXPECT_TRUE(summary().endsWith("%"));
+    EXPECT_GE(frameOf("widget.stockTicker").left(), frameOf("hoverBar").left());
+    EXPECT_LE(frameOf("widget.stockTicker").right(), frameOf("hoverBar").right());
+}
+
 TEST_F(StockTickerCycleTest, withoutTickersTheSymbolStandsAlone) {
     show(NotchExpandedState::hovering);
     EXPECT_EQ(summary(), "");

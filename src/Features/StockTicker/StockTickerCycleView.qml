@@ -1,14 +1,16 @@
 import QtQuick
 import Orvelle
 
-// The hover bar's stocks: one symbol at a time, each of which comes in from below.
+// The hover bar's stocks: one symbol at a time, each of which comes in from below. The symbol is
+// what gives way when room is short.
 Item {
     id: root
     objectName: "stockLine"
 
     property var widget
-    readonly property real naturalWidth: view.emptySymbol ? empty.width : line.width
-    readonly property real titleWidth: 0
+    readonly property real naturalWidth: view.emptySymbol
+            ? empty.width : titleWidth + view.spacing + quote.width
+    readonly property real titleWidth: line.visible ? symbol.implicitWidth : 0
     readonly property string summary: line.summary
 
     implicitWidth: naturalWidth
@@ -39,30 +41,38 @@ Item {
         visible: !!shown
 
         Loader {
+            id: symbol
             active: !!line.shown
+            width: Math.max(0, implicitWidth - Math.max(0, root.naturalWidth - root.width))
             anchors.verticalCenter: parent.verticalCenter
             sourceComponent: PanelText {
                 objectName: "text"
                 content: line.shown.symbol
             }
         }
-        Repeater {
-            model: line.figures ? [line.figures.price, line.figures.arrow, line.figures.percent]
-                                : []
-
-            PanelText {
-                required property var modelData
-
-                content: modelData
-                anchors.verticalCenter: parent.verticalCenter
-            }
-        }
-        Loader {
-            active: !!line.shown && !line.figures
-            visible: active
+        Row {
+            id: quote
+            spacing: view.spacing
             anchors.verticalCenter: parent.verticalCenter
-            sourceComponent: ProgressSpinner {
-                spinner: view.spinner
+
+            Repeater {
+                model: line.figures
+                       ? [line.figures.price, line.figures.arrow, line.figures.percent] : []
+
+                PanelText {
+                    required property var modelData
+
+                    content: modelData
+                    anchors.verticalCenter: parent.verticalCenter
+                }
+            }
+            Loader {
+                active: !!line.shown && !line.figures
+                visible: active
+                anchors.verticalCenter: parent.verticalCenter
+                sourceComponent: ProgressSpinner {
+                    spinner: view.spinner
+                }
             }
         }
     }
