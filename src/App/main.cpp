@@ -6,6 +6,7 @@
 #include "App/Tour.h"
 #include "Platform/Linux/LinuxPlatform.h"
 #include "Platform/Linux/ProcessInstance.h"
+#include "Platform/Linux/StandardStreams.h"
 #include "Views/Qt/SymbolImages.h"
 
 #include <QApplication>
@@ -57,6 +58,7 @@ int runDefaults(const CommandLine& line) {
 }
 
 int run(const CommandLine& line, int& argumentCount, char** arguments) {
+    secureStandardStreams();
     ProcessInstance instance(line.isDemo ? "orvelle-demo" : "orvelle");
     if (!line.tourDirectory && instance.claim() == ProcessInstance::Claim::handedOver)
         return EXIT_SUCCESS;
