@@ -16,8 +16,9 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release")
     foreach(flags orvelle_flags orvelle_qml_flags)
         target_compile_options(${flags} INTERFACE -fstack-protector-strong -D_FORTIFY_SOURCE=2
             -fcf-protection -ffunction-sections -fdata-sections
-            # Of an optimised std::variant g++ 12 reports members that are not the active one.
-            $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+            # Of an optimised std::variant g++ 12 reports members that are not the active one, and of
+            # a std::string copies that cannot be.
+            $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized -Wno-restrict>)
         target_link_options(${flags} INTERFACE -Wl,-z,relro,-z,now -Wl,--gc-sections -Wl,--as-needed)
     endforeach()
 endif()

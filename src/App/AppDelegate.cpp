@@ -81,6 +81,17 @@ void AppDelegate::showNotch() {
     notchState.expandedState = NotchExpandedState::expanded;
 }
 
+void AppDelegate::reopen() {
+    if (!notchWindowController && onboardingWindow) {
+        showOnboarding();
+        return;
+    }
+    showNotch();
+    auto* window = notchWindowController ? notchWindowController->window() : nullptr;
+    if (window && window->isVisible())
+        window->makeKey();
+}
+
 void AppDelegate::logScreens() {
     const auto screens = platform_.screens().screens();
     log_.info(format("Screens: %zu, main=%s", screens.size(),
@@ -247,7 +258,10 @@ void AppDelegate::showNoScreenAlert() {
 std::vector<AppDelegate::FeatureSwitch> AppDelegate::makeFeatureSwitches() {
     const auto nothing = [] {};
     return {
-        {Settings::mediaEnabled, mediaManager, [this] { mediaManager.stop(); }},
+        {.key = Settings::mediaEnabled,
+         .module = mediaManager,
+         .stop = [this] { mediaManager.stop(); },
+         .switchesItself = true},
         {Settings::fileShelfEnabled, fileShelfManager,
          [this] { fileShelfManager.cleanupTimer.reset(); }},
         {Settings::hudEnabled, hudManager,
@@ -270,8 +284,10 @@ std::vector<AppDelegate::FeatureSwitch> AppDelegate::makeFeatureSwitches() {
         {Settings::pomodoroEnabled, pomodoroManager, [this] { pomodoroManager.pauseTimer(); }},
         {Settings::todoEnabled, todoManager, nothing},
         {Settings::notesEnabled, notesManager, nothing},
-        {Settings::stockTickerEnabled, stockTickerManager,
-         [this] { stockTickerManager.refreshTimer.reset(); }},
+        {.key = Settings::stockTickerEnabled,
+         .module = stockTickerManager,
+         .stop = [this] { stockTickerManager.refreshTimer.reset(); },
+         .switchesItself = true},
         {Settings::timeEnabled, timeManager, [this] { timeManager.timer.reset(); }},
         {Settings::mirrorEnabled, mirrorManager, [this] { mirrorManager.stopSession(); }},
     };
@@ -284,7 +300,7 @@ bool AppDelegate::stored(const SettingKey<bool>& key) const {
 void AppDelegate::applyFeatureDefaults() {
     for (auto& feature : featureSwitches_) {
         feature.isOn = stored(feature.key);
-        feature.module.isEnabled = feature.isOn; // of some features, it starts or stops at once
+        feature.module.isEnabled = feature.isOn;
     }
     notchState.clickWidgetNavigatesToPanel = stored(Settings::clickWidgetNavigatesToPanel);
 }
@@ -309,11 +325,20 @@ void AppDelegate::followFeatureSwitches() {
             continue;
         feature.isOn = !feature.isOn;
         feature.module.isEnabled = feature.isOn;
+        if (feature.switchesItself)
+            continue;
         if (feature.isOn)
             feature.module.start();
         else
             feature.stop();
     }
+}
+
+// The setting follows the state; the state follows a setting that was changed from outside.
+void AppDelegate::followClickWidget() {
+    const bool navigates = stored(Settings::clickWidgetNavigatesToPanel);
+    if (notchState.clickWidgetNavigatesToPanel != navigates)
+        notchState.clickWidgetNavigatesToPanel = navigates;
 }
 
 void AppDelegate::observeRequireRealNotch() {
@@ -322,6 +347,7 @@ void AppDelegate::observeRequireRealNotch() {
         platform_.runLoop().post(lifetime_.guard([this] {
             followRequireRealNotch();
             followFeatureSwitches();
+            followClickWidget();
         }));
     });
 }

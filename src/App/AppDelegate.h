@@ -78,8 +78,11 @@ public:
     void applicationDidFinishLaunching();
     void applicationWillTerminate();
 
-    /// Opens the panel, as a second start of the program asks the first to.
     void showNotch();
+    /// What another start of the program asks of this one: opens the panel with the keyboard in it,
+    /// so that a shortcut of the desktop's leads there without a pointer. While the first wizard is
+    /// open, that comes to the front instead.
+    void reopen();
     void openSettings();
     void runSetupWizard();
     void reportBug();
@@ -95,7 +98,8 @@ private:
         SettingKey<bool> key;
         FeatureModule& module;
         std::function<void()> stop;
-        bool isOn = false; ///< as the setting was seen last
+        bool switchesItself = false; ///< assigning `isEnabled` starts and stops it already
+        bool isOn = false;           ///< as the setting was seen last
     };
 
     std::vector<FeatureSwitch> makeFeatureSwitches();
@@ -117,6 +121,7 @@ private:
     void followRequireRealNotch();
     /// Starts and stops the features whose settings have changed.
     void followFeatureSwitches();
+    void followClickWidget();
     void showNoScreenAlert();
 
     std::vector<FeatureSwitch> featureSwitches_;

@@ -1,10 +1,8 @@
 #pragma once
 
 #include "App/AppDelegate.h"
+#include "App/TerminationSignals.h"
 #include "Views/Qt/QtViewHost.h"
-
-#include <QObject>
-#include <QSocketNotifier>
 
 namespace orvelle {
 
@@ -24,14 +22,9 @@ public:
     AppDelegate& delegate() { return delegate_; }
 
 private:
-    /// Ends the event loop at SIGTERM, SIGINT and SIGHUP.
-    void followSignals();
-
-    Platform& platform_;
     QtViewHost views_;
     AppDelegate delegate_;
-    int signals_ = -1;
-    std::unique_ptr<QSocketNotifier> signalNotifier_;
+    TerminationSignals signals_; ///< end the event loop
 };
 
 } // namespace orvelle

@@ -1,11 +1,13 @@
 #include "App/Tour.h"
 
 #include "App/AppDelegate.h"
+#include "Platform/Linux/TrayMenu.h"
 #include "Platform/Qt/QuickPanel.h"
 #include "Platform/UserDefaults.h"
 #include "Settings/SettingsKeys.h"
 #include "Settings/SettingsView.h"
 #include "Views/Qt/SpringValue.h"
+#include "Views/Qt/SymbolImages.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -29,6 +31,7 @@ constexpr int desktopMargin = 24;  // points of desktop around the panel
 constexpr int windowTime = 700;    // milliseconds in which an ordinary window comes to rest
 const QString settingsTitle = QStringLiteral("Orvelle Settings");
 const QString wizardTitle = QStringLiteral("Welcome to Orvelle");
+const QString menuTitle = QStringLiteral("Status Menu");
 
 const QQuickWindow* quickWindow(AppDelegate& app) {
     if (!app.notchWindowController)
@@ -37,12 +40,21 @@ const QQuickWindow* quickWindow(AppDelegate& app) {
     return panel ? &panel->quickWindow() : nullptr;
 }
 
-/// The ordinary window of this title, or null.
-const QQuickWindow* windowTitled(const QString& title) {
+/// Those of this title that can be seen.
+std::vector<const QWindow*> windowsTitled(const QString& title) {
+    std::vector<const QWindow*> found;
     for (const auto* window : QGuiApplication::topLevelWindows())
         if (window->isVisible() && window->title() == title)
-            return qobject_cast<const QQuickWindow*>(window);
-    return nullptr;
+            found.push_back(window);
+    return found;
+}
+
+/// What they cover together.
+QRect frameOf(const std::vector<const QWindow*>& windows) {
+    QRect frame;
+    for (const auto* window : windows)
+        frame |= window->geometry();
+    return frame;
 }
 
 QQuickItem* itemNamed(QQuickItem* top, const QString& objectName) {
@@ -56,8 +68,10 @@ QQuickItem* itemNamed(QQuickItem* top, const QString& objectName) {
 
 /// The item of this name in the window of this title; null without one of them.
 QQuickItem* itemIn(const QString& title, const QString& objectName) {
-    const auto* window = windowTitled(title);
-    return window ? itemNamed(window->contentItem(), objectName) : nullptr;
+    for (const auto* window : windowsTitled(title))
+        if (const auto* views = qobject_cast<const QQuickWindow*>(window))
+            return itemNamed(views->contentItem(), objectName);
+    return nullptr;
 }
 
 void click(QQuickItem* button) {
@@ -88,6 +102,8 @@ Tour::Tour(AppDelegate& app, const std::string& directory)
     QTimer::singleShot(settlingTime, this, &Tour::next);
 }
 
+Tour::~Tour() = default;
+
 void Tour::addStops() {
     auto& state = app_.notchState;
     stops_.push_back({QStringLiteral("collapsed"),
@@ -106,6 +122,7 @@ void Tour::addStops() {
     addTimerStops();
     addWeatherStops();
     addEmptyStops();
+    addMenuStop();
     addSettingsStops();
     addWizardStops();
 }
@@ -124,11 +141,14 @@ void Tour::addMediaStops() {
     add("media-system", "system", asItIs);
     add("media-custom", "custom", asItIs);
     add("media-multicolor", "multicolor", asItIs);
-    add("media-long", "multicolor", [](MediaInfo& media) {
+    const auto longTexts = [](MediaInfo& media) {
         media.title = "Concerto for Twelve Alarm Clocks and a Door That Never Quite Closes, Op. 48";
         media.artist = "The Combined Municipal Orchestras of Three Neighbouring Cities";
         media.isPlaying = false;
-    });
+    };
+    add("media-long-system", "system", longTexts);
+    add("media-long-custom", "custom", longTexts);
+    add("media-long-multicolor", "multicolor", longTexts);
     stops_.push_back({QStringLiteral("media-long-hover"),
                       [this] { app_.notchState.expandedState = NotchExpandedState::hovering; }});
     add("media-foreign", "system", [](MediaInfo& media) {
@@ -208,9 +228,36 @@ void Tour::addEmptyStops() {
     };
     add("todo-empty", ActivePanel::todo, [this] { app_.todoManager.items.set({}); });
     add("notes-empty", ActivePanel::notes, [this] { app_.notesManager.items.set({}); });
+    add("stocks-no-quote", ActivePanel::stockTicker, [this] {
+        app_.stockTickerManager.refreshTimer.reset(); // else the quotes would come back
+        app_.stockTickerManager.quotes.set({});
+    });
     add("stocks-empty", ActivePanel::stockTicker,
         [this] { app_.stockTickerManager.tickers.set({}); });
     add("clipboard-empty", ActivePanel::clipboard, [this] { app_.clipboardManager.items.set({}); });
+    add("calendar-empty", ActivePanel::calendar, [this] { app_.calendarManager.events.set({}); });
+    add("mirror-unflipped", ActivePanel::mirror, [this] { app_.mirrorManager.isMirrored = false; });
+    // Its panel, when it appears, asks anew.
+    add("mirror-refused", ActivePanel::mirror,
+        [this] { app_.mirrorManager.hasPermission = false; });
+}
+
+void Tour::addMenuStop() {
+    stops_.push_back(
+        {QStringLiteral("menu"),
+         [this] {
+             menu_ = std::make_unique<TrayMenu>(
+                 app_.statusBarMenu->items(), [](const std::string& symbol, double size) {
+                     return SymbolImages::trayIcon(QString::fromStdString(symbol), size);
+                 });
+             auto& menu = menu_->menu();
+             auto* systemInfo = menu.findChild<QMenu*>();
+             menu.setWindowTitle(menuTitle);
+             systemInfo->setWindowTitle(menuTitle);
+             menu.popup(QGuiApplication::primaryScreen()->geometry().center());
+             menu.setActiveAction(systemInfo->menuAction());
+         },
+         menuTitle});
 }
 
 void Tour::addSettingsStops() {
@@ -256,6 +303,7 @@ void Tour::next() {
         fail(QStringLiteral("cannot make the folder"));
         return;
     }
+    menu_.reset();
     stops_[index_].go();
     since_.start();
     stillLooks_ = 0;
@@ -280,7 +328,7 @@ void Tour::look() {
 
 bool Tour::isStill() const {
     if (!stops_[index_].window.isEmpty())
-        return since_.elapsed() >= windowTime && windowTitled(stops_[index_].window);
+        return since_.elapsed() >= windowTime && !windowsTitled(stops_[index_].window).empty();
     const auto* window = quickWindow(app_);
     if (!window || since_.elapsed() < 2 * lookInterval)
         return false;
@@ -291,11 +339,12 @@ bool Tour::isStill() const {
 
 bool Tour::takePicture() {
     const auto& title = stops_[index_].window;
-    const auto* window = title.isEmpty() ? quickWindow(app_) : windowTitled(title);
+    const auto windows =
+        title.isEmpty() ? std::vector<const QWindow*>{quickWindow(app_)} : windowsTitled(title);
     const auto around =
-        window->geometry().marginsAdded({desktopMargin, 0, desktopMargin, desktopMargin});
-    const auto picture =
-        window->screen()->grabWindow(0, around.x(), around.y(), around.width(), around.height());
+        frameOf(windows).marginsAdded({desktopMargin, 0, desktopMargin, desktopMargin});
+    const auto picture = windows.front()->screen()->grabWindow(0, around.x(), around.y(),
+                                                               around.width(), around.height());
     return !picture.isNull() &&
            picture.save(directory_.filePath(stops_[index_].name + QStringLiteral(".png")));
 }

@@ -8,24 +8,27 @@
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace orvelle {
 
 class AppDelegate;
+class TrayMenu;
 
 /// Leads the running program through every state and panel, writes a picture of each as the screen
 /// shows it, and ends the program: with exit code 0, or 1 when a picture could not be made.
 class Tour : public QObject {
 public:
     Tour(AppDelegate& app, const std::string& directory);
+    ~Tour() override;
 
 private:
     struct Stop {
         QString name;
         std::function<void()> go;
-        QString window = {}; ///< the title of the one to photograph; empty for the panel
+        QString window = {}; ///< the title of those to photograph; empty for the panel
     };
 
     void addStops();
@@ -35,6 +38,8 @@ private:
     void addTimerStops();
     void addWeatherStops();
     void addEmptyStops();
+    /// The status item's menu with the system's lines, as a tray without menus of its own shows it.
+    void addMenuStop();
     /// Each tab, from its top and from its end.
     void addSettingsStops();
     void addWizardStops();
@@ -47,6 +52,7 @@ private:
 
     AppDelegate& app_;
     QDir directory_;
+    std::unique_ptr<TrayMenu> menu_; ///< while its picture is taken
     std::vector<Stop> stops_;
     std::size_t index_ = 0;
     QTimer watch_;

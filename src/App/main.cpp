@@ -16,6 +16,8 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 using namespace orvelle;
 
@@ -28,13 +30,19 @@ bool hasDisplay() {
     return connected;
 }
 
-void prepareToolkit() {
+/// What the toolkit is told as if on the command line: variables of the environment would reach
+/// every program that the panel opens.
+std::vector<std::string> toolkitArguments(const std::string& program) {
     // The panel needs what only X11 offers; a Wayland session serves it through XWayland.
-    qputenv("QT_QPA_PLATFORM", "xcb");
+    std::vector<std::string> words{program, "-platform", "xcb"};
     // Desktop themes cost memory and start-up time, and the panel has a look of its own. This one
     // is the smallest that can put an item into a desktop's tray.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME"))
-        qputenv("QT_QPA_PLATFORMTHEME", "generic");
+        words.insert(words.end(), {"-platformtheme", "generic"});
+    return words;
+}
+
+void prepareToolkit() {
     QCoreApplication::setApplicationName(QStringLiteral("orvelle"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Orvelle"));
     QGuiApplication::setDesktopFileName(QStringLiteral("orvelle"));
@@ -57,7 +65,7 @@ int runDefaults(const CommandLine& line) {
     return runDefaultsCommand(line.defaultsArguments, file, std::cout, std::cerr);
 }
 
-int run(const CommandLine& line, int& argumentCount, char** arguments) {
+int run(const CommandLine& line, const std::string& program) {
     secureStandardStreams();
     ProcessInstance instance(line.isDemo ? "orvelle-demo" : "orvelle");
     if (!line.tourDirectory && instance.claim() == ProcessInstance::Claim::handedOver)
@@ -69,7 +77,13 @@ int run(const CommandLine& line, int& argumentCount, char** arguments) {
         return EXIT_FAILURE;
     }
     prepareToolkit();
-    QApplication application(argumentCount, arguments);
+    auto words = toolkitArguments(program);
+    std::vector<char*> arguments;
+    for (auto& word : words)
+        arguments.push_back(word.data());
+    auto argumentCount = static_cast<int>(arguments.size());
+    arguments.push_back(nullptr);
+    QApplication application(argumentCount, arguments.data());
 
     const auto platform =
         line.isDemo ? makePlatform<DemoPlatform>() : makePlatform<LinuxPlatform>();
@@ -103,5 +117,5 @@ int main(int argumentCount, char** arguments) {
     case CommandLine::Action::run:
         break;
     }
-    return run(line, argumentCount, arguments);
+    return run(line, arguments[0]);
 }

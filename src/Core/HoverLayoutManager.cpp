@@ -7,6 +7,7 @@
 #include "Settings/SettingsKeys.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace orvelle {
@@ -55,6 +56,11 @@ constexpr double bottomRowGap = 10;
 constexpr double wingMargin = 20;
 constexpr double minimumWing = 24;
 constexpr double bottomRowMargin = 8 + 20;
+
+/// The layout may come from a file with any number in it.
+std::int64_t placeBehind(std::int64_t sortOrder) {
+    return sortOrder == std::numeric_limits<std::int64_t>::max() ? sortOrder : sortOrder + 1;
+}
 
 double sumWithGaps(const std::vector<double>& widths, double gap) {
     double sum = 0;
@@ -146,7 +152,7 @@ void HoverLayoutManager::changeZone(std::string_view id, Position zone) {
         return;
     const auto inTarget = allWidgetsFor(zone);
     const auto oldZone = std::exchange(moved->zone, zone);
-    moved->sortOrder = inTarget.empty() ? 0 : inTarget.back().sortOrder + 1;
+    moved->sortOrder = inTarget.empty() ? 0 : placeBehind(inTarget.back().sortOrder);
     renumberZone(list, oldZone);
     placements = std::move(list);
     savePlacements();

@@ -50,7 +50,7 @@ void ListFile::begin() {
                  &files = fileSystem_] { return write(files, path, encoding, mustMakeWay); };
     underWay_ = std::make_shared<Errand<Outcome>>(std::move(work));
     completion_ =
-        runLoop_.detach([errand = underWay_] { errand->run(); }, [this] { adoptOutcome(); });
+        runLoop_.detachSaving([errand = underWay_] { errand->run(); }, [this] { adoptOutcome(); });
 }
 
 ListFile::Outcome ListFile::write(FileSystem& files, const std::string& path,

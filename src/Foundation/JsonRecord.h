@@ -2,6 +2,7 @@
 
 #include "Foundation/Json.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -15,6 +16,16 @@ struct Decoded {
     std::optional<Record> record;
     std::string error; ///< for people; empty with a record
 };
+
+/// What a web service replied, as a document. None for a long one as well: real ones are a few
+/// thousand bytes, and taking apart what a hostile server sends would hold up the main thread.
+namespace JsonReply {
+inline constexpr std::size_t longest = 128 << 10; ///< bytes
+
+inline std::optional<Json> parse(std::string_view body) {
+    return body.size() <= longest ? Json::parse(body) : std::nullopt;
+}
+} // namespace JsonReply
 
 /// Reads the members of one JSON object, and remembers the first that is not as it must be. Members
 /// that nobody asks for do not matter.

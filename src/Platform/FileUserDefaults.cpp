@@ -95,7 +95,8 @@ void FileUserDefaults::proceed() {
 
 void FileUserDefaults::start(std::function<Outcome()> work) {
     underWay_ = std::make_shared<Errand<Outcome>>(std::move(work));
-    completion_ = runLoop_.detach([errand = underWay_] { errand->run(); }, [this] { finish(); });
+    completion_ =
+        runLoop_.detachSaving([errand = underWay_] { errand->run(); }, [this] { finish(); });
 }
 
 void FileUserDefaults::finish() {

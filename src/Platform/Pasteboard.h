@@ -21,6 +21,9 @@ public:
     /// owner marks it as secret, or the owner does not answer within seconds.
     using Reading = std::function<void(std::optional<std::string>)>;
 
+    /// None when no files were copied, or their owner does not answer within seconds.
+    using FileReading = std::function<void(std::vector<std::string> urls)>;
+
     virtual ~Pasteboard() = default;
 
     /// Another number after each change of the content, whoever made it.
@@ -28,6 +31,8 @@ public:
     /// Reads the text as it stands, in valid UTF-8. `done` may be called before this returns; a
     /// handle that dies calls it off.
     [[nodiscard]] virtual Subscription readString(Reading done) = 0;
+    /// Likewise the addresses of files of this machine, as file managers copy them.
+    [[nodiscard]] virtual Subscription readFiles(FileReading done) = 0;
     /// Replaces the content; the change is counted when this returns.
     virtual void setString(const std::string& text) = 0;
     /// Replaces the content by files, for a file manager to paste.

@@ -34,6 +34,10 @@ public:
     /// reset before. `work` itself is never interrupted.
     [[nodiscard]] virtual Subscription detach(std::function<void()> work,
                                               std::function<void()> done) = 0;
+    /// The same for work that keeps the user's data. It waits for no other work, which may hang on
+    /// a program or a device for as long as that likes.
+    [[nodiscard]] virtual Subscription detachSaving(std::function<void()> work,
+                                                    std::function<void()> done) = 0;
 };
 
 } // namespace orvelle

@@ -63,7 +63,7 @@ public:
 class HUDInterceptor {
 public:
     virtual ~HUDInterceptor() = default;
-    virtual bool intercepting() const = 0;
+    Published<bool> isIntercepting{false}; ///< written by the feature alone
     virtual void startIntercepting() = 0;
     virtual void stopIntercepting() = 0;
 };

@@ -67,6 +67,7 @@ Item {
         id: toggle
         FormLine {
             label: root.entry.label
+            isToldByControl: true
 
             FormSwitch {
                 objectName: "control"
@@ -90,6 +91,7 @@ Item {
         id: picker
         FormLine {
             label: root.entry.label
+            isToldByControl: true
 
             FormPicker {
                 objectName: "control"
@@ -105,6 +107,7 @@ Item {
         id: segments
         FormLine {
             label: root.entry.label
+            isToldByControl: true
 
             FormSegments {
                 objectName: "control"

@@ -30,7 +30,7 @@ T.AbstractButton {
         FocusRing {
             anchors.margins: 0
             radius: parent.radius
-            shown: root.visualFocus
+            control: root
         }
     }
     contentItem: Item {

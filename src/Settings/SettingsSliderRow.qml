@@ -32,7 +32,7 @@ Item {
         from: root.row.lowerBound
         to: root.row.upperBound
         stepSize: root.row.step
-        value: root.row.value
+        shown: root.row.value
         name: root.row.label
         accentColor: root.accentColor
         onSlid: value => root.slid(value)

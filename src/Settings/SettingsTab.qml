@@ -37,7 +37,7 @@ T.TabButton {
         FocusRing {
             anchors.margins: 0
             radius: parent.radius
-            shown: root.visualFocus
+            control: root
         }
     }
     contentItem: Item {

@@ -65,6 +65,7 @@ void NotchContentBinding::attach(const ViewEnvironment& environment) {
     view_.emplace(notch, notch.openSettings, environment.platform);
     collapsedView_.emplace(notch, std::set<std::string>{}, environment.platform);
     state_ = &notch.notchState;
+    takeKeyboard_ = environment.takeKeyboard;
 
     follow(state_->expandedState, state_->notchSize, state_->activePanel, state_->isHUDVisible,
            state_->hudType, state_->hudValue);
@@ -111,6 +112,11 @@ void NotchContentBinding::refresh() {
 void NotchContentBinding::selectPanel(const QString& id) {
     if (const auto panel = activePanelFrom(id.toStdString()))
         view_->selectPanel(*panel);
+}
+
+void NotchContentBinding::takeKeyboard() const {
+    if (takeKeyboard_)
+        takeKeyboard_();
 }
 
 void NotchContentBinding::setHUDValue(double value) {

@@ -85,6 +85,8 @@ public:
     double panelDampingFraction() const { return NotchAnimator::panelSwitch.dampingFraction; }
 
     Q_INVOKABLE void selectPanel(const QString& id);
+    /// For a tab that was chosen by a key: most panels give the keyboard back when they are shown.
+    Q_INVOKABLE void takeKeyboard() const;
     Q_INVOKABLE void setHUDValue(double value);
     Q_INVOKABLE orvelle::MenuValue contextMenu() const;
 
@@ -96,6 +98,7 @@ private:
     std::optional<NotchContentView> view_;
     std::optional<NotchCollapsedView> collapsedView_;
     const NotchState* state_ = nullptr;
+    std::function<void()> takeKeyboard_;
 };
 
 } // namespace orvelle

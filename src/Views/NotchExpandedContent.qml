@@ -26,7 +26,12 @@ FocusScope {
         model: root.view.tabs
         spacing: root.view.tabSpacing
         cornerRadius: root.view.tabCornerRadius
-        onSelected: id => root.view.selectPanel(id)
+        onSelected: id => {
+            const isByKey = activeFocus
+            root.view.selectPanel(id)
+            if (isByKey)
+                root.view.takeKeyboard()
+        }
     }
     Divider {
         id: divider

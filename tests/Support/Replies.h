@@ -63,7 +63,8 @@ inline std::vector<Json> valuesOfEveryType() {
 }
 
 /// Calls `use` with the document in which each member or element, at any depth, was replaced by
-/// each value of the other types, or left out; `path` says which.
+/// each of these values, and each member left out; `path` says which, and `value` is null for a
+/// member that was left out.
 inline void forEachMutation(
     const Json& document,
     const std::function<void(const Json& mutated, const std::string& path, const Json& value)>& use,
@@ -72,12 +73,16 @@ inline void forEachMutation(
     for (const auto& value : valuesOfEveryType())
         use(rebuild(value), path, value);
     if (const auto* members = document.object())
-        for (const auto& [key, member] : *members)
+        for (const auto& [key, member] : *members) {
+            auto without = *members;
+            without.erase(key);
+            use(rebuild(Json(std::move(without))), path + "/" + key, Json());
             forEachMutation(member, use, path + "/" + key, [&, name = key](Json json) {
                 auto changed = *members;
                 changed.insert_or_assign(name, std::move(json));
                 return rebuild(Json(std::move(changed)));
             });
+        }
     if (const auto* elements = document.array())
         for (std::size_t index = 0; index < elements->size(); ++index)
             forEachMutation((*elements)[index], use, path + "/" + std::to_string(index),

@@ -46,6 +46,17 @@ TEST_F(LinuxWorkspaceTest, ThePowerPageIsThatOfTheRunningDesktop) {
     EXPECT_EQ(opened("X-Cinnamon", powerPage), "cinnamon-settings power");
 }
 
+TEST_F(LinuxWorkspaceTest, TheCalendarIsThatOfTheRunningDesktopElseAnyThatIsInstalled) {
+    for (const auto* name : {"evolution", "gnome-calendar", "merkuro-calendar", "orage"})
+        programs.writeProgram(name);
+    EXPECT_EQ(opened("KDE", "ical://"), "merkuro-calendar ");
+    EXPECT_EQ(opened("XFCE", "ical://"), "orage ");
+    EXPECT_EQ(opened("ubuntu:GNOME", "ical://"), "gnome-calendar ");
+    for (const auto* name : {"gnome-calendar", "merkuro-calendar", "orage"})
+        programs.remove(name);
+    EXPECT_EQ(opened("GNOME", "ical://"), "evolution calendar:");
+}
+
 TEST_F(LinuxWorkspaceTest, AnUnknownDesktopGetsTheFirstInstalledPage) {
     programs.writeProgram("xfce4-power-manager-settings");
     EXPECT_EQ(opened("i3", powerPage), "xfce4-power-manager-settings ");

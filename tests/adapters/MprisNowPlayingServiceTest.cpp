@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace orvelle {
@@ -265,6 +267,38 @@ TEST_F(MprisNowPlayingServiceTest, ACoverThatIsOverwrittenInPlaceIsReadAgainForT
     urls.contents["file:///cover.png"] = SharedBytes("second");
     player.play("Two", "file:///cover.png");
     EXPECT_TRUE(waitUntil([&] { return cover() == "second"; }));
+}
+
+/// A web in which some servers never answer.
+class PatientUrlData : public SimulatedUrlData {
+public:
+    std::optional<SharedBytes> read(const std::string& url, std::size_t limit,
+                                    std::stop_token stop) override {
+        if (!url.starts_with("https://never"))
+            return SimulatedUrlData::read(url, limit, stop);
+        std::mutex mutex;
+        std::unique_lock lock(mutex);
+        std::condition_variable_any().wait(lock, stop, [] { return false; });
+        return std::nullopt;
+    }
+};
+
+TEST_F(MprisNowPlayingServiceTest, CoversThatNeverComeHoldUpNeitherTheNextNorOtherWork) {
+    PatientUrlData web;
+    web.contents["file:///one.png"] = SharedBytes("picture one");
+    MprisNowPlayingService patient(loop, players, web);
+    functions = std::get<NowPlayingFunctions>(patient.load({}));
+    functions.registerForNotifications();
+    ScriptedPlayer player(bus, "one");
+    for (const char* title : {"First", "Second", "Third"}) {
+        player.play(title, (std::string("https://never/") + title).c_str());
+        ASSERT_TRUE(waitForTitle(title));
+    }
+    bool hasWorked = false;
+    const auto work = loop.detach([] {}, [&] { hasWorked = true; });
+    EXPECT_TRUE(waitUntil([&] { return hasWorked; }));
+    player.play("One", "file:///one.png");
+    EXPECT_TRUE(waitUntil([&] { return cover() == "picture one"; }));
 }
 
 TEST_F(MprisNowPlayingServiceTest, ARelayOfOtherPlayersIsLeftOut) {

@@ -59,8 +59,9 @@ TEST_F(MprisPlayerTest, ValuesOfWrongTypesAreAsGoodAsMissing) {
 }
 
 TEST_F(MprisPlayerTest, NegativeAndImpossibleTimesAre0) {
-    for (const QVariant& length : {QVariant(qlonglong{-5}), QVariant(std::nan("")),
-                                   QVariant(INFINITY), QVariant(QStringLiteral("5"))}) {
+    for (const QVariant& length :
+         {QVariant(qlonglong{-5}), QVariant(std::nan("")), QVariant(INFINITY), QVariant(1e300),
+          QVariant(QStringLiteral("5"))}) {
         tellTrack("mpris:length", length);
         EXPECT_EQ(player.track.length, 0) << length.toString().toStdString();
     }
@@ -82,6 +83,15 @@ TEST_F(MprisPlayerTest, AVeryLongTextIsCutBetweenCharacters) {
     EXPECT_FALSE(text.contains(QChar::ReplacementCharacter));
     tellTrack("xesam:title", QStringLiteral("שלום 😀"));
     EXPECT_EQ(player.track.title, "שלום 😀");
+}
+
+TEST_F(MprisPlayerTest, AnAddressBeyondReasonIsNone) {
+    const QString picture =
+        QStringLiteral("data:,") + QString(MprisPlayer::longestArtUrl - 6, u'x');
+    tellTrack("mpris:artUrl", picture);
+    EXPECT_EQ(player.track.artUrl, picture.toStdString());
+    tellTrack("mpris:artUrl", picture + u'x');
+    EXPECT_EQ(player.track.artUrl, "");
 }
 
 TEST_F(MprisPlayerTest, AnArtistIsATextOrAListOfTexts) {

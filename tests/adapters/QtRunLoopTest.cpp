@@ -1,5 +1,6 @@
 #include "Platform/Qt/QtRunLoop.h"
 
+#include "Support/Gate.h"
 #include "adapters/EventLoopWait.h"
 
 #include <QThread>
@@ -154,6 +155,70 @@ TEST_F(QtRunLoopTest, ACompletionIsDroppedWithItsHandle) {
     EXPECT_TRUE(waitUntil([&] { return isDone; }));
     loop_.reset(); // the first work has ended for certain
     QCoreApplication::processEvents();
+}
+
+/// More works than there are threads, none of which ends before its handle dies.
+class HangingWork {
+public:
+    HangingWork(QtRunLoop& loop,
+                Subscription (QtRunLoop::*detach)(std::function<void()>, std::function<void()>)) {
+        constexpr int count = 50;
+        gate_->close();
+        for (int number = 0; number < count; ++number)
+            running_.push_back((loop.*detach)([gate = gate_] { gate->pass(); }, [] {}));
+        EXPECT_TRUE(gate_->awaitArrival());
+    }
+    ~HangingWork() { gate_->open(); }
+
+private:
+    std::shared_ptr<Gate> gate_ = std::make_shared<Gate>();
+    std::vector<Subscription> running_;
+};
+
+TEST_F(QtRunLoopTest, WorkThatHangsHoldsUpNoSaving) {
+    const HangingWork hanging(loop(), &QtRunLoop::detach);
+    bool isSaved = false;
+    const auto saving = loop().detachSaving([] {}, [&] { isSaved = true; });
+    EXPECT_TRUE(waitUntil([&] { return isSaved; }));
+}
+
+TEST_F(QtRunLoopTest, ASaveThatHangsHoldsUpNoOtherFilesSave) {
+    Gate gate;
+    gate.close();
+    constexpr int otherFiles = 4; // three lists' and the settings
+    std::vector<Subscription> hanging;
+    for (int number = 0; number < otherFiles; ++number)
+        hanging.push_back(loop().detachSaving([&] { gate.pass(); }, [] {}));
+    bool isSaved = false;
+    const auto saving = loop().detachSaving([] {}, [&] { isSaved = true; });
+    EXPECT_TRUE(waitUntil([&] { return isSaved; }));
+    gate.open();
+    loop_.reset();
+}
+
+TEST_F(QtRunLoopTest, ACopyTheCalendarsAndTheCameraTogetherHoldUpNoOtherWork) {
+    Gate gate;
+    gate.close();
+    std::vector<Subscription> hanging;
+    for (int number = 0; number < 3; ++number)
+        hanging.push_back(loop().detach([&] { gate.pass(); }, [] {}));
+    bool isDone = false;
+    const auto other = loop().detach([] {}, [&] { isDone = true; });
+    EXPECT_TRUE(waitUntil([&] { return isDone; }));
+    gate.open();
+    loop_.reset();
+}
+
+TEST(QtRunLoopDeathTest, WorkThatHangsDoesNotKeepTheProcessFromEnding) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    for (const auto detach : {&QtRunLoop::detach, &QtRunLoop::detachSaving})
+        EXPECT_EXIT(
+            {
+                std::binary_semaphore never(0);
+                QtRunLoop loop(std::chrono::milliseconds(10));
+                const auto hanging = (loop.*detach)([&] { never.acquire(); }, [] {});
+            },
+            testing::ExitedWithCode(EXIT_FAILURE), "does not end");
 }
 
 } // namespace

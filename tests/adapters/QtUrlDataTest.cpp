@@ -53,7 +53,7 @@ protected:
         std::optional<SharedBytes> bytes;
         bool done = false;
         const auto reading =
-            loop.detach([&] { bytes = urls.read(url, limit); }, [&] { done = true; });
+            loop.detach([&] { bytes = urls.read(url, limit, {}); }, [&] { done = true; });
         EXPECT_TRUE(waitUntil([&] { return done; })) << url;
         return bytes ? std::optional(std::string(bytes->view())) : std::nullopt;
     }
@@ -124,12 +124,31 @@ TEST_F(QtUrlDataTest, AServerWithoutAValidCertificateIsNotBelieved) {
     EXPECT_EQ(read(server.url("https")), std::nullopt);
 }
 
+TEST_F(QtUrlDataTest, AStopEndsTheWaitForAServerThatNeverAnswers) {
+    WebServer server{QByteArray()};
+    std::stop_source stop;
+    std::optional<SharedBytes> bytes;
+    bool done = false;
+    const auto reading = loop.detach(
+        [&] { bytes = urls.read(server.url(), limit, stop.get_token()); }, [&] { done = true; });
+    ASSERT_TRUE(waitUntil([&] { return server.requests == 1; }));
+    QElapsedTimer elapsed;
+    elapsed.start();
+    stop.request_stop();
+    EXPECT_TRUE(waitUntil([&] { return done; }));
+    EXPECT_LT(elapsed.elapsed(), 3000);
+    EXPECT_FALSE(bytes);
+    EXPECT_FALSE(urls.read("data:,text", limit, stop.get_token())) << "and nothing begins any more";
+    WebServer other(WebServer::page("picture"));
+    EXPECT_EQ(read(other.url()), "picture");
+}
+
 TEST_F(QtUrlDataTest, TheEndOfTheProgramDoesNotWaitForAServerThatNeverAnswers) {
     WebServer server{QByteArray()};
     std::optional<SharedBytes> bytes;
     bool done = false;
     const auto reading =
-        loop.detach([&] { bytes = urls.read(server.url(), limit); }, [&] { done = true; });
+        loop.detach([&] { bytes = urls.read(server.url(), limit, {}); }, [&] { done = true; });
     ASSERT_TRUE(waitUntil([&] { return server.requests == 1; }));
     QElapsedTimer elapsed;
     elapsed.start();

@@ -38,19 +38,38 @@ def focused_tab(desktop):
                  if node["role"] == "page tab" and node["focused"]), None)
 
 
+def resting_node(look, what, explain=lambda: ""):
+    """The node that `look` gives, as soon as two looks in a row find it at one place. Each look is
+    answered from the program's loop, between two steps of whatever moves there."""
+    before = None
+
+    def is_at_rest():
+        nonlocal before
+        node, previous = look(), before
+        before = node
+        return node if node and previous and node["box"] == previous["box"] else None
+
+    return wait_until(is_at_rest, f"{what} at rest", explain)
+
+
 def resting_place(desktop, name, role=None):
     """The middle of what has this name, and this role if one is asked for, once it has stopped
     moving."""
-    seen = []
+    def look():
+        return next((node for node in accessible_nodes(desktop)
+                     if node["name"] == name and role in (None, node["role"]) and node["middle"]),
+                    None)
 
-    def place():
-        seen.append(next((node["middle"] for node in accessible_nodes(desktop)
-                          if node["name"] == name and role in (None, node["role"])
-                          and node["middle"]), None))
-        return len(seen) > 1 and seen[-1] == seen[-2] and seen[-1]
+    return resting_node(look, f"{role or ''} {name!r}",
+                        lambda: f"There are {accessible_nodes(desktop)}")["middle"]
 
-    return wait_until(place, f"{role or ''} {name!r} at rest",
-                      lambda: f"There are {accessible_nodes(desktop)}")
+
+def wait_until_placed(desktop, window):
+    """Until the program, too, knows where the window manager has put its window."""
+    def is_known():
+        return list(desktop.geometry(window)) in [node["box"] for node in accessible_nodes(desktop)]
+
+    wait_until(is_known, "place of the window", lambda: str(desktop.geometry(window)))
 
 
 def point_at(program, role, name):

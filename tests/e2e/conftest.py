@@ -10,6 +10,8 @@ import subprocess
 
 import pytest
 
+from accessible import wait_until_placed
+from app_windows import Settings, Wizard, open_settings
 from desktop import Desktop, Probe, Program, wait_until
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -117,6 +119,28 @@ def start(binary, desktop, settings):
     yield run
     for program in running:
         program.stop()
+
+
+@pytest.fixture
+def settings_window(start, openbox, accessibility_bus, binary):
+    """Starts the program with these settings and opens the settings window."""
+    def run(*arguments, **changes):
+        program = start(*arguments, **changes)
+        open_settings(program)
+        return Settings(program, binary)
+    return run
+
+
+@pytest.fixture
+def wizard(binary, openbox, accessibility_bus):
+    """The first launch of a user's."""
+    running = Wizard(openbox, [binary])
+    window = wait_until(running.wizard, "wizard", running.describe)
+    wait_until(lambda: openbox.active_window() == window.id, "keyboard for the wizard",
+               running.describe)
+    wait_until_placed(openbox, window)
+    yield running
+    running.stop()
 
 
 @pytest.fixture

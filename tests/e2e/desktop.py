@@ -113,6 +113,15 @@ class Desktop:
         return [self.display.create_resource_object("window", number)
                 for number in self.property(self.root, "_NET_CLIENT_LIST")]
 
+    def windows_titled(self, title):
+        """Those of them that bear the title and can be seen."""
+        found = []
+        for window in self.managed_windows():
+            with contextlib.suppress(error.BadWindow):  # it may have gone meanwhile
+                if window.get_wm_name() == title and self.is_mapped(window):
+                    found.append(window)
+        return found
+
     def active_window(self):
         return next(iter(self.property(self.root, "_NET_ACTIVE_WINDOW")), None)
 
@@ -221,6 +230,13 @@ class Desktop:
         request = event.ClientMessage(
             window=window, client_type=self.atom("_NET_CLOSE_WINDOW"),
             data=(32, [X.CurrentTime, 2, 0, 0, 0]))
+        self.root.send_event(request, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.display.sync()
+
+    def minimize(self, window):
+        iconic = 3
+        request = event.ClientMessage(window=window, client_type=self.atom("WM_CHANGE_STATE"),
+                                      data=(32, [iconic, 0, 0, 0, 0]))
         self.root.send_event(request, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self.display.sync()
 

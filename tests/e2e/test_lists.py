@@ -10,7 +10,7 @@ import time
 import pytest
 from Xlib import X
 
-from accessible import accessible_nodes, click_on, names, open_panel
+from accessible import accessible_nodes, choose_tab, click_on, names, open_panel
 from desktop import wait_until
 
 REFERENCE_DATE = 978307200  # 2001-01-01 in seconds since 1970
@@ -179,3 +179,33 @@ def test_an_owner_that_never_answers_holds_nothing_up(start, openbox, environmen
     openbox.keys("Return")
     wait_until(lambda: len(json.loads(path.read_text())) == 3, "the last task", program.describe,
                bound=4)
+
+
+def peak_memory(program):
+    """In bytes, since the program's start."""
+    for line in pathlib.Path(f"/proc/{program.process.pid}/status").read_text().splitlines():
+        if line.startswith("VmHWM:"):
+            return int(line.split()[1]) << 10
+    raise AssertionError("no figure of the memory")
+
+
+def test_a_clipboard_of_256_megabytes_holds_nothing_up_and_is_not_kept(start, openbox,
+                                                                       environment):
+    program = start(todoEnabled=True, clipboardEnabled=True)
+    open_panel(program, "Clipboard")
+    copy(openbox, "xclip", "small")
+    wait_until(lambda: "small" in names(openbox, "list item"), "the first copy", program.describe)
+    choose_tab(program, "Todo")
+    before = peak_memory(program)
+    small = openbox.display.get_selection_owner(openbox.atom("CLIPBOARD"))
+    copy(openbox, "xclip", "x" * (256 << 20))
+    wait_until(lambda: openbox.display.get_selection_owner(openbox.atom("CLIPBOARD")) != small,
+               "the large copy")
+    for number in range(1, 6):
+        type_entry(program, "Add a task...", f"task {number}")
+        wait_for_entries(list_file(environment, "todo_items.json"), number)
+    choose_tab(program, "Clipboard")
+    copy(openbox, "xsel", "next")
+    wait_until(lambda: sorted(names(openbox, "list item")) == ["next", "small"],
+               "the copy after it", program.describe)
+    assert peak_memory(program) - before < 32 << 20

@@ -1,5 +1,6 @@
 """The notch's window as a user meets it: measured on the display, never asked of the program."""
 
+import signal
 import subprocess
 import time
 
@@ -245,6 +246,21 @@ def test_a_second_start_shows_the_panel_and_ends(binary, environment, start):
     second = subprocess.run([binary], env=environment, timeout=20)
     assert second.returncode == 0
     program.wait_for_size(EXPANDED)
+
+
+@pytest.mark.parametrize("ending", [signal.SIGTERM, signal.SIGINT, signal.SIGHUP])
+def test_a_signal_ends_it_in_good_order(start, ending):
+    program = start()
+    program.process.send_signal(ending)
+    assert program.process.wait(10) == 0
+
+
+def test_started_by_nohup_it_outlives_its_terminal(desktop, binary):
+    program = Program(desktop, ["nohup", binary, "--demo"])
+    wait_until(program.is_shown, "the panel", program.describe)
+    program.process.send_signal(signal.SIGHUP)
+    assert stays(program.is_shown, 0.5)
+    program.stop()
 
 
 def test_a_demonstration_runs_beside_the_program(desktop, binary, start):

@@ -5,55 +5,8 @@ import re
 import pytest
 
 from accessible import accessible_nodes
-from desktop import Program, read_setting, wait_until
-
-TITLE = "Welcome to Orvelle"
-HEADINGS = ["Welcome to Orvelle", "Location Access", "Calendar Access", "Camera Access",
-            "Automation Access", "Launch at Login", "You're All Set!"]
-
-
-class Wizard(Program):
-    def wizard(self):
-        return next((window for window in self.desktop.managed_windows()
-                     if window.get_wm_name() == TITLE), None)
-
-    def node(self, role, name):
-        """The control that can be seen under that name."""
-        return next((node for node in accessible_nodes(self.desktop)
-                     if (node["role"], node["name"]) == (role, name) and node["showing"]), None)
-
-    def heading(self):
-        return next((node["name"] for node in accessible_nodes(self.desktop)
-                     if node["role"] == "heading"), None)
-
-    def wait_for_step(self, heading):
-        wait_until(lambda: self.heading() == heading, f"step {heading}",
-                   lambda: f"It shows {self.heading()}. {self.describe()}")
-
-    def click(self, role, name):
-        node = wait_until(lambda: self.node(role, name), f"{role} {name}", self.describe)
-        self.desktop.move_pointer(*node["middle"])
-        self.desktop.click()
-
-    def walk_to(self, role, name):
-        """Tab by tab, until that control has the keyboard."""
-        for _ in range(8):
-            if (node := self.node(role, name)) and node["focused"]:
-                return
-            self.desktop.keys("Tab")
-        raise AssertionError(f"Tab does not lead to {name}. {self.describe()}")
-
-
-@pytest.fixture
-def wizard(binary, openbox, accessibility_bus):
-    """The first launch of a user's."""
-    running = Wizard(openbox, [binary])
-    window = wait_until(running.wizard, "wizard", running.describe)
-    wait_until(lambda: openbox.active_window() == window.id, "keyboard for the wizard",
-               running.describe)
-    running.wait_for_step(TITLE)
-    yield running
-    running.stop()
+from app_windows import WIZARD_HEADINGS as HEADINGS
+from desktop import read_setting, wait_until
 
 
 @pytest.fixture
@@ -126,17 +79,6 @@ def test_its_close_button_on_location_counts_as_finishing(wizard, stored):
     wait_until(wizard.is_shown, "panel", wizard.describe)
     assert wizard.wizard() is None
     wait_until(lambda: stored() == "true", "the setting", wizard.describe)
-
-
-def test_every_control_has_a_name(wizard):
-    for heading in HEADINGS:
-        wizard.wait_for_step(heading)
-        unnamed = [node for node in accessible_nodes(wizard.desktop)
-                   if node["showing"] and node["role"] in ("push button", "check box")
-                   and not node["name"].strip()]
-        assert unnamed == []
-        if heading != HEADINGS[-1]:
-            wizard.desktop.keys("Return")
 
 
 def test_the_dots_say_which_step_it_is(wizard):

@@ -9,6 +9,7 @@ import time
 import pytest
 from Xlib import X
 
+from accessible import accessible_nodes, open_panel
 from desktop import HEIGHT, WIDTH, wait_until
 
 EXPANDED = (566, 220)
@@ -261,6 +262,27 @@ def test_a_file_is_dragged_out_into_another_program(openbox, start, kind, files,
     dropped = source.wait_for("dropped")
     assert dropped == "dropped " + (shelf / files[0].name).as_uri()
     assert (shelf / files[0].name).exists(), "a copy is given, the shelf keeps its own"
+
+
+def test_copied_files_are_pasted_onto_the_shelf(openbox, start, files, shelf, accessibility_bus):
+    program = start()
+    copier = openbox.spawn(["xclip", "-selection", "clipboard", "-t", "text/uri-list"],
+                           stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
+                           stderr=subprocess.DEVNULL)
+    copier.stdin.write("".join(file.as_uri() + "\r\n" for file in files).encode())
+    copier.stdin.close()
+    open_panel(program, "Files")
+    program.wait_until_still()
+    x, y, width, height = program.geometry()
+    openbox.move_pointer(x + width // 2, y + height - 70)
+    openbox.click()
+    wait_until(lambda: any(node["name"] == "Files" and node["role"] == "list" and node["focused"]
+                           for node in accessible_nodes(openbox)), "focus on the shelf",
+               program.describe)
+    openbox.keys("ctrl+v")
+    wait_until(lambda: listed(openbox) == [file.name for file in files], "grid",
+               lambda: f"{listed(openbox)} {program.describe()}")
+    assert (shelf / files[0].name).read_text() == files[0].read_text()
 
 
 def test_a_source_that_never_answers_stops_nothing(openbox, start, shelf):

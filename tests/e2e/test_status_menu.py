@@ -4,6 +4,7 @@ import re
 
 import pytest
 
+from app_windows import WIZARD_TITLE, settings_windows
 from desktop import wait_until
 from tray import TrayHost, XEmbedTray
 
@@ -29,10 +30,6 @@ def program(openbox, tray, start):
 
 def system_info(tray):
     return next(line for line in tray.menu() if line.label == "System Info").lines
-
-
-def titled(desktop, title):
-    return [window for window in desktop.managed_windows() if window.get_wm_name() == title]
 
 
 def test_the_item_names_itself_and_has_a_picture(program, tray):
@@ -87,19 +84,40 @@ def test_show_orvelle_opens_the_panel(program, tray):
 def test_settings_chosen_twice_give_one_window(program, tray):
     desktop = program.desktop
     tray.choose("Settings...")
-    window = wait_until(lambda: titled(desktop, "Orvelle Settings"), "settings",
+    window = wait_until(lambda: settings_windows(desktop), "settings",
                         program.describe)[0]
     other = desktop.open_window(100, 100, 300, 200)
     desktop.focus_window(other)
     tray.choose("Settings...")
     wait_until(lambda: desktop.active_window() == window.id, "settings in front", program.describe)
-    assert len(titled(desktop, "Orvelle Settings")) == 1
+    assert len(settings_windows(desktop)) == 1
 
 
 def test_the_wizard_can_be_run_again_beside_the_panel(program, tray):
     tray.choose("Run Setup Wizard...")
-    wait_until(lambda: titled(program.desktop, "Welcome to Orvelle"), "wizard", program.describe)
+    wait_until(lambda: program.desktop.windows_titled(WIZARD_TITLE), "wizard", program.describe)
     assert program.size() == COLLAPSED
+
+
+OPENER = """#!/bin/sh
+{ grep SigBlk /proc/self/status; env; } > "$0.part"
+mv "$0.part" "$0.report"
+"""
+
+
+def test_what_it_opens_is_started_as_by_the_desktop(openbox, tray, environment, tmp_path, start):
+    opener = tmp_path / "xdg-open"
+    opener.write_text(OPENER)
+    opener.chmod(0o755)
+    environment["PATH"] = f"{tmp_path}:{environment['PATH']}"
+    program = start()
+    wait_until(lambda: tray.items, "status item", program.describe)
+    tray.choose("Report a Bug...")
+    report = tmp_path / "xdg-open.report"
+    wait_until(report.exists, "a started program", program.describe)
+    blocked, *variables = report.read_text().splitlines()
+    assert int(blocked.split()[1], 16) == 0, "it could not be ended by a signal"
+    assert not [line for line in variables if line.startswith("QT_QPA_")]
 
 
 def test_quit_ends_the_program(program, tray):

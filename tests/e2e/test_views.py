@@ -1,5 +1,7 @@
 """The views as a user meets them: menus, the keyboard, and what can be seen of both."""
 
+import subprocess
+
 import pytest
 
 from accessible import accessible_nodes, choose_tab, focused_tab, names, selected_tab
@@ -128,6 +130,21 @@ def test_the_tab_bar_is_reached_and_worked_from_the_keyboard(desktop, panel):
     wait_until(lambda: focused_tab(desktop) == "Mirror", "the tab behind", program.describe)
     desktop.keys("Left", "Left", "space")
     wait_until(lambda: selected_tab(desktop) == "Focus", "the chosen tab", program.describe)
+
+
+def test_another_start_gives_the_keyboard_to_any_panel(binary, environment, openbox, start,
+                                                       accessibility_bus):
+    other = openbox.open_window(100, 400, 400, 300)
+    program = start()
+    openbox.focus_window(other)
+    subprocess.run([binary], env=environment, timeout=20, check=True)
+    wait_until(lambda: openbox.focus() == program.window().id, "the focus", program.describe)
+    wait_until(lambda: focused_tab(openbox) == "Media", "a focused tab", program.describe)
+    openbox.keys("Right", "space")
+    wait_until(lambda: selected_tab(openbox) == "Files", "the chosen tab", program.describe)
+    openbox.keys("Right")
+    wait_until(lambda: focused_tab(openbox) == "Calendar", "the tab behind", program.describe)
+    assert openbox.focus() == program.window().id
 
 
 def test_the_focus_can_be_seen(desktop, panel):

@@ -19,7 +19,7 @@ STANDARD = (
     "concepts condition_variable cstdarg cstddef cstdint cstdio cstdlib cstring ctime deque "
     "exception fstream functional future initializer_list iomanip iostream istream iterator limits list "
     "map memory mutex new numbers numeric optional ostream queue random ranges ratio regex set "
-    "span sstream stack stdexcept streambuf string string_view system_error thread tuple "
+    "span sstream stack stdexcept stop_token streambuf string string_view system_error thread tuple "
     "type_traits typeindex unordered_map unordered_set utility variant vector version"
 ).split()
 STANDARD_ONLY = "|".join(f"^{name}$" for name in STANDARD)

@@ -166,6 +166,40 @@ TEST_F(FileShelfPanelTest, theKeyboardDoesWhatThePointerDoes) {
     EXPECT_EQ(fileShelf.items.get()[0].name, "a.txt");
 }
 
+TEST_F(FileShelfPanelTest, keysWorkOnTheFileThatWasClicked) {
+    showWith({"a.txt", "b.txt"});
+    window.requestActivate();
+    ASSERT_TRUE(eventually([this] { return window.isActive(); }));
+    const auto at = frameOf("shelfItem.b.txt").center();
+    mouse(QEvent::MouseButtonPress, at);
+    mouse(QEvent::MouseButtonRelease, at);
+    turn();
+    EXPECT_TRUE(item("shelfItem.b.txt")->hasActiveFocus());
+    key(Qt::Key_Delete);
+    ASSERT_EQ(fileShelf.items->size(), 1u);
+    EXPECT_EQ(fileShelf.items.get()[0].name, "a.txt");
+}
+
+TEST_F(FileShelfPanelTest, copiedFilesArePastedOntoTheEmptyShelfAndBehindOthers) {
+    for (const char* name : {"a.txt", "b.txt"})
+        platform.fileSystemPort.files[std::string("/home/") + name] = name;
+    show(ActivePanel::fileShelf);
+    window.requestActivate();
+    turn();
+    item("emptyShelf")->forceActiveFocus();
+    platform.pasteboardPort.files = {"file:///home/a.txt"};
+    key(Qt::Key_V, Qt::ControlModifier);
+    platform.runLoopPort.runPosted();
+    turn();
+    ASSERT_TRUE(eventually([this] { return item("shelfItem.a.txt"); }));
+    EXPECT_TRUE(item("shelfGrid")->hasActiveFocus()) << "the focus stays on the shelf";
+    platform.pasteboardPort.files = {"file:///home/b.txt"};
+    key(Qt::Key_V, Qt::ControlModifier);
+    platform.runLoopPort.runPosted();
+    turn();
+    EXPECT_TRUE(eventually([this] { return item("shelfItem.b.txt"); }));
+}
+
 TEST_F(FileShelfPanelTest, aFileThatArrivesAndOneThatGoesLeaveTheOthersInPlace) {
     showWith({"a.txt", "b.txt"});
     const auto* stays = item("shelfItem.b.txt");

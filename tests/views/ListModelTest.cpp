@@ -55,6 +55,11 @@ TEST_F(ListModelTest, theLastRecordPutFirstIsOneMove) {
     EXPECT_EQ(stepsTo({{3, 30}, {1, 10}, {2, 20}}), "m");
 }
 
+TEST_F(ListModelTest, ofRecordsThatShareAnIdAsManyStandAsAreGiven) {
+    EXPECT_EQ(stepsTo({{1, 10}, {1, 10}, {2, 20}}), "ri");
+    EXPECT_EQ(stepsTo({{1, 10}, {2, 20}}), "mr");
+}
+
 TEST_F(ListModelTest, everythingAtOnce) {
     EXPECT_EQ(stepsTo({{5, 50}, {3, 31}, {1, 10}}), "rimc");
     EXPECT_EQ(stepsTo({}), "rrr");

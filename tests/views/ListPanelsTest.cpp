@@ -72,6 +72,15 @@ TEST_F(ListPanelsTest, WhatIsTypedBecomesATaskAndTheFieldIsReadyForTheNext) {
     EXPECT_TRUE(eventually([&] { return textOf("rowText") == "buy milk"; }));
 }
 
+TEST_F(ListPanelsTest, ReturnClearsAFieldOfBlanksAndAddsNothing) {
+    open(ActivePanel::notes, "field");
+    type("   ");
+    press(Qt::Key_Return, "\r");
+    EXPECT_TRUE(notes.items->empty());
+    EXPECT_EQ(textOf("field"), "");
+    EXPECT_TRUE(hasFocus("field"));
+}
+
 TEST_F(ListPanelsTest, TheButtonDoesWhatReturnDoesAndRestsWithoutAText) {
     open(ActivePanel::notes, "field");
     EXPECT_FALSE(item("addButton")->isEnabled());

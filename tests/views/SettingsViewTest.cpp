@@ -1,11 +1,15 @@
 #include "Settings/SettingsView.h"
 
 #include "Features/UpdateChecker/UpdateChecker.h"
+#include "Views/Qt/Values.h"
+#include "views/KeyboardWalk.h"
 #include "views/ViewFixture.h"
 
 #include <QAccessible>
-#include <QKeyEvent>
 #include <QQmlComponent>
+#include <QWheelEvent>
+
+#include <algorithm>
 
 namespace orvelle {
 namespace {
@@ -29,6 +33,11 @@ protected:
         settings->setProperty("current", tab);
         turn();
     }
+    QQuickItem* chosenTab() {
+        const auto index = settings->property("current").toUInt();
+        const auto title = SettingsView::tabs().at(index).title;
+        return find(QStringLiteral("tab.") + toQt(title));
+    }
     QQuickItem* find(const QString& name) { return item(settings.get(), name); }
     /// The control of a row.
     QQuickItem* control(const QString& row) {
@@ -47,11 +56,13 @@ protected:
         turn();
     }
     void key(int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, code, modifiers);
-            QCoreApplication::sendEvent(&shell, &event);
-        }
-        turn();
+        keyboard.press(code, modifiers);
+    }
+    void wheelDown(int notches) {
+        const QPointF middle(250, 300);
+        QWheelEvent event(middle, shell.mapToGlobal(middle), {}, {0, -120 * notches}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&shell, &event);
     }
     void focus(QQuickItem* at) {
         ASSERT_NE(at, nullptr);
@@ -73,18 +84,9 @@ protected:
                         SettingsEnvironment{environment, updateChecker, [this] { ++reports; }},
                         {}}};
     QQuickWindow shell;
+    KeyboardWalk keyboard{shell};
     std::unique_ptr<QQuickItem> settings;
 };
-
-/// All that the keyboard can reach and that is seen.
-void collectControls(QQuickItem* top, std::vector<QQuickItem*>& controls) {
-    if (!top->isVisible())
-        return;
-    if (top->activeFocusOnTab() && !top->isFocusScope())
-        controls.push_back(top);
-    for (auto* child : top->childItems())
-        collectControls(child, controls);
-}
 
 TEST_F(SettingsViewTest, EachTabShowsItsPage) {
     EXPECT_EQ(settings->implicitWidth(), 500);
@@ -104,15 +106,11 @@ TEST_F(SettingsViewTest, EveryControlHasANameForThoseWhoHearIt) {
     weather.addSavedLocation({UUID::random(), "Oslo", 59.9, 10.7});
     for (int tab = 0; tab < 5; ++tab) {
         choose(tab);
-        std::vector<QQuickItem*> controls;
-        collectControls(settings.get(), controls);
+        const auto controls = KeyboardWalk::controlsBelow(settings.get());
         EXPECT_GT(controls.size(), 5u);
-        for (auto* each : controls) {
-            auto* interface = QAccessible::queryAccessibleInterface(each);
-            ASSERT_NE(interface, nullptr);
-            EXPECT_FALSE(interface->text(QAccessible::Name).isEmpty())
+        for (auto* each : controls)
+            EXPECT_FALSE(KeyboardWalk::name(each).isEmpty())
                 << each->metaObject()->className() << " on tab " << tab;
-        }
     }
 }
 
@@ -126,6 +124,30 @@ TEST_F(SettingsViewTest, ASwitchAndASliderWriteTheirSettings) {
     EXPECT_EQ(platform.userDefaultsPort.number("scrollSensitivity"), 30);
     auto* row = find(QStringLiteral("row.scrollSensitivity"));
     EXPECT_EQ(textOf(row, QStringLiteral("value")), QStringLiteral("30"));
+}
+
+TEST_F(SettingsViewTest, APressRightAfterATurnOfTheWheelCounts) {
+    auto* page = find(QStringLiteral("scroll"));
+    wheelDown(2);
+    EXPECT_EQ(page->property("contentY").toDouble(), 120);
+    press(control(QStringLiteral("reverseScrollDirection")));
+    EXPECT_EQ(stored("reverseScrollDirection"), true);
+    wheelDown(100);
+    EXPECT_EQ(page->property("contentY").toDouble(),
+              page->property("contentHeight").toDouble() - page->height());
+}
+
+TEST_F(SettingsViewTest, ASliderSetByWhatReadsTheScreenWritesItsSetting) {
+    auto* slider = control(QStringLiteral("scrollSensitivity"));
+    auto* value = QAccessible::queryAccessibleInterface(slider)->valueInterface();
+    ASSERT_NE(value, nullptr);
+    EXPECT_EQ(value->currentValue(), 5);
+    value->setCurrentValue(12);
+    turn();
+    EXPECT_EQ(platform.userDefaultsPort.number("scrollSensitivity"), 12);
+    platform.userDefaultsPort.set("scrollSensitivity", 7.0);
+    turn();
+    EXPECT_EQ(value->currentValue(), 7);
 }
 
 TEST_F(SettingsViewTest, AFeatureThatGoesOffTakesItsRowsAlong) {
@@ -154,6 +176,47 @@ TEST_F(SettingsViewTest, APickerChoosesByTheArrowKeys) {
     focus(control(QStringLiteral("animationSpeed")));
     key(Qt::Key_Down);
     EXPECT_EQ(platform.userDefaultsPort.string("animationSpeed"), "fast");
+}
+
+TEST_F(SettingsViewTest, APickersListIsOpenedAndTakenFromByTheKeyboard) {
+    choose(1);
+    for (const auto opening : {Qt::Key_Return, Qt::Key_Space}) {
+        platform.userDefaultsPort.set("animationSpeed", std::string("normal"));
+        turn();
+        auto* picker = control(QStringLiteral("animationSpeed"));
+        auto* list = picker->property("popup").value<QObject*>();
+        focus(picker);
+        key(opening);
+        EXPECT_TRUE(list->property("visible").toBool()) << opening;
+        key(Qt::Key_Down);
+        key(Qt::Key_Return);
+        EXPECT_FALSE(list->property("visible").toBool()) << opening;
+        EXPECT_EQ(platform.userDefaultsPort.string("animationSpeed"), "fast") << opening;
+    }
+}
+
+TEST_F(SettingsViewTest, TheKeyboardReachesEveryControlAndIsSeenThere) {
+    platform.userDefaultsPort.set("weatherEnabled", true);
+    platform.userDefaultsPort.set("clipboardEnabled", true);
+    platform.userDefaultsPort.set("themeMode", std::string("custom"));
+    weather.addSavedLocation({UUID::random(), "Oslo", 59.9, 10.7});
+    for (int tab = 0; tab < 5; ++tab) {
+        choose(tab);
+        auto controls = KeyboardWalk::controlsBelow(find(QStringLiteral("page")));
+        controls.push_back(chosenTab());
+        for (auto* each : controls) {
+            const auto name = KeyboardWalk::name(each).toStdString();
+            EXPECT_TRUE(keyboard.leadsTo(each)) << name;
+            EXPECT_TRUE(keyboard.canBeSeenOn(each)) << name;
+            const auto place = each->mapRectToScene(each->boundingRect());
+            EXPECT_TRUE(QRectF(shell.contentItem()->boundingRect()).contains(place)) << name;
+        }
+        for (auto* each : controls)
+            EXPECT_TRUE(keyboard.leadsTo(each, Qt::Key_Backtab))
+                << KeyboardWalk::name(each).toStdString();
+        const auto isField = [](auto* each) { return each->inherits("QQuickTextInput"); };
+        EXPECT_EQ(std::count_if(controls.begin(), controls.end(), isField), tab == 2 ? 1 : 0);
+    }
 }
 
 TEST_F(SettingsViewTest, APanelMovesWithAltAndKeepsTheKeyboard) {

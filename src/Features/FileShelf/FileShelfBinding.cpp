@@ -45,6 +45,7 @@ void FileShelfBinding::attach(const ViewEnvironment& environment) {
     view_.emplace(manager, environment.platform);
     icons_ = &environment.platform.fileIcons();
     state_ = &environment.notch.notchState;
+    takeKeyboard_ = environment.takeKeyboard;
     follow(manager.items, state_->isDragSessionActive);
 }
 
@@ -93,7 +94,7 @@ void FileShelfBinding::drag(const QString& id) {
         return;
     const double ratio = qGuiApp->devicePixelRatio();
     const int side = qRound(ShelfItemCell::iconSize * ratio);
-    auto* drag = new QDrag(this); // which deletes itself
+    auto* drag = new QDrag(qGuiApp); // which deletes itself; the panel may close meanwhile
     drag->setMimeData(mimeData(*item).release());
     for (const auto& cell : view_->cells())
         if (cell.id == idFrom(id))
@@ -104,6 +105,15 @@ void FileShelfBinding::drag(const QString& id) {
 
 void FileShelfBinding::shareAll() {
     view_->shareAll();
+}
+
+void FileShelfBinding::takeKeyboard() const {
+    if (takeKeyboard_)
+        takeKeyboard_();
+}
+
+void FileShelfBinding::paste() {
+    pasting_ = view_->paste();
 }
 
 } // namespace orvelle

@@ -6,6 +6,7 @@
 #include "Views/Qt/MenuValue.h"
 #include "Views/Qt/Values.h"
 
+#include <functional>
 #include <optional>
 
 namespace orvelle {
@@ -69,6 +70,10 @@ public:
     Q_INVOKABLE void drag(const QString& id);
 
     Q_INVOKABLE void shareAll();
+    /// The user wants to work here with keys.
+    Q_INVOKABLE void takeKeyboard() const;
+    /// Puts the files that were copied on the shelf.
+    Q_INVOKABLE void paste();
 
 protected:
     void attach(const ViewEnvironment& environment) override;
@@ -78,6 +83,8 @@ private:
     std::optional<FileShelfView> view_;
     const FileIcons* icons_ = nullptr;
     const NotchState* state_ = nullptr;
+    std::function<void()> takeKeyboard_;
+    Subscription pasting_;
 };
 
 } // namespace orvelle

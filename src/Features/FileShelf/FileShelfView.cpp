@@ -144,4 +144,13 @@ bool FileShelfView::handleDrop(const std::vector<DroppedProvider>& providers) {
     return !providers.empty();
 }
 
+Subscription FileShelfView::paste() {
+    return platform_.pasteboard().readFiles([this](const std::vector<std::string>& urls) {
+        std::vector<DroppedProvider> copied;
+        for (const auto& url : urls)
+            copied.push_back({[url](const auto& loaded) { loaded(DroppedProvider::URL{url}); }});
+        handleDrop(copied);
+    });
+}
+
 } // namespace orvelle

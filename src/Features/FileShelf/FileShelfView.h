@@ -3,6 +3,7 @@
 #include "App/Constants.h"
 #include "Extensions/ColorTheme.h"
 #include "Foundation/Date.h"
+#include "Foundation/Subscription.h"
 #include "Foundation/UUID.h"
 #include "Platform/Platform.h"
 #include "Views/Components/MenuEntry.h"
@@ -105,8 +106,11 @@ public:
     std::optional<ItemProvider> dragItem(UUID id) const;
 
     /// Takes what is dropped on the panel. True when there is anything, whether or not it then
-    /// turns out to be a file.
+    /// turns out to be a file. What other programs drag reaches the shelf by way of the window.
     bool handleDrop(const std::vector<DroppedProvider>& providers);
+    /// The keyboard's way to drop: takes the files that were copied. A handle that dies calls it
+    /// off.
+    [[nodiscard]] Subscription paste();
 
 private:
     const ShelfItem* item(UUID id) const;

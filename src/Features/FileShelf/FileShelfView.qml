@@ -5,6 +5,12 @@ import Orvelle
 FocusScope {
     id: root
 
+    Keys.onPressed: event => {
+        event.accepted = event.matches(StandardKey.Paste)
+        if (event.accepted)
+            shelf.paste()
+    }
+
     FileShelfBinding {
         id: shelf
     }
@@ -18,6 +24,22 @@ FocusScope {
         id: emptyState
 
         Item {
+            id: place
+            objectName: "emptyShelf"
+            focus: true
+            activeFocusOnTab: true
+            Accessible.role: Accessible.List
+            Accessible.name: qsTr("Files")
+            Accessible.description: shelf.emptyText.text
+            Accessible.focusable: true
+            Accessible.focused: activeFocus
+
+            TapHandler {
+                onTapped: {
+                    place.forceActiveFocus()
+                    shelf.takeKeyboard()
+                }
+            }
             DropOutline {
                 objectName: "dropOutline"
                 anchors.verticalCenter: parent.verticalCenter
@@ -27,7 +49,8 @@ FocusScope {
                 radius: shelf.emptyCornerRadius
                 lineWidth: shelf.emptyLineWidth
                 dash: shelf.emptyDash
-                color: shelf.dropOutlineColor
+                color: place.activeFocus && !shelf.isDropAwaited ? Style.focusColor
+                                                                 : shelf.dropOutlineColor
 
                 Column {
                     anchors.centerIn: parent
@@ -50,6 +73,8 @@ FocusScope {
         id: shelfGrid
 
         FocusScope {
+            focus: true
+
             ShelfGrid {
                 id: grid
                 objectName: "shelfGrid"

@@ -44,9 +44,16 @@ GridView {
     }
 
     delegate: ShelfItemCell {
+        required property int index
+
         view: root.view
         width: root.cellWidth - root.view.columnSpacing
         height: root.cellHeight - root.view.gridSpacing
+        onTapped: {
+            root.currentIndex = index
+            root.forceActiveFocus()
+            root.view.takeKeyboard()
+        }
     }
     remove: Transition {
         NumberAnimation {

@@ -7,6 +7,7 @@ Item {
 
     required property var entry
     property FileShelfBinding view
+    signal tapped
 
     function openMenu() {
         menu.openAt(width / 2, view.cellPadding + view.iconSize)
@@ -49,7 +50,7 @@ Item {
         }
     }
     TapHandler {
-        onTapped: root.forceActiveFocus()
+        onTapped: root.tapped()
         onDoubleTapped: root.view.open(root.entry.id)
     }
     DragHandler {

@@ -27,7 +27,6 @@ public:
     explicit HUDManager(std::weak_ptr<NotchState> notchState = {},
                         Platform& platform = Platform::shared());
 
-    Published<bool> isIntercepting{false};
     Published<float> currentVolume{0};     ///< 0 to 1
     Published<float> currentBrightness{0}; ///< 0 to 1
     std::weak_ptr<NotchState> notchState;
@@ -35,7 +34,6 @@ public:
 
     void start() override;
     void stop() override;
-    bool intercepting() const override { return isIntercepting; }
     void startIntercepting() override;
     /// What is shown at this moment stays shown.
     void stopIntercepting() override;

@@ -196,7 +196,7 @@ void MediaManager::updateElapsedTime() {
         return;
     const double reckoned = lastFetchedElapsed_ + (platform_.runLoop().now() - lastFetchTime_);
     currentMedia.update(
-        [&](MediaInfo& media) { media.elapsed = std::min(media.duration, reckoned); });
+        [&](MediaInfo& media) { media.elapsed = std::clamp(reckoned, 0.0, media.duration); });
 }
 
 void MediaManager::playPause() {

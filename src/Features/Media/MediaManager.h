@@ -15,6 +15,7 @@
 
 #include <deque>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -108,6 +109,7 @@ private:
     bool usingAppleScriptFallback_ = false;
     std::optional<std::string> appleScriptSourceBundleID_;
     std::optional<std::string> lastArtworkTrackKey_;
+    std::stop_source artworkReading_; ///< of the last cover that was asked for by script
     BackgroundTasks background_;
     Lifetime lifetime_;
 };

@@ -116,9 +116,11 @@ void MediaManager::fetchAppleScriptArtwork(const AppleScriptMediaInfo& info) {
     if (lastArtworkTrackKey_ == info.trackKey())
         return;
     lastArtworkTrackKey_ = info.trackKey();
+    artworkReading_.request_stop(); // nobody waits for the cover of the track before any more
+    artworkReading_ = {};
     background_.run(
-        [&platform = platform_, info] {
-            const auto bytes = MediaScripts::artwork(platform, info);
+        [&platform = platform_, info, stop = artworkReading_.get_token()] {
+            const auto bytes = MediaScripts::artwork(platform, info, stop);
             return bytes ? platform.imageCodec().decode(*bytes, coverSide) : std::nullopt;
         },
         [this, info](const std::optional<Image>& image) {

@@ -114,7 +114,8 @@ std::optional<AppleScriptMediaInfo> runAppleScript(Platform& platform, const Pla
     return AppleScriptMediaInfo::parse(text, player.bundleID, player.name);
 }
 
-std::optional<SharedBytes> fetchSpotifyArtworkViaAppleScript(Platform& platform) {
+std::optional<SharedBytes> fetchSpotifyArtworkViaAppleScript(Platform& platform,
+                                                             const std::stop_token& stop) {
     const Logger log(platform.log(), category);
     const auto outcome = platform.scriptExecutor().execute(spotifyArtwork);
     if (std::holds_alternative<ScriptNotMade>(outcome)) {
@@ -126,7 +127,7 @@ std::optional<SharedBytes> fetchSpotifyArtworkViaAppleScript(Platform& platform)
         return std::nullopt;
     }
     const auto url = std::get<ScriptResult>(outcome).stringValue.value_or("");
-    return Url::isValid(url) ? platform.urlData().read(url, artworkLimit) : std::nullopt;
+    return Url::isValid(url) ? platform.urlData().read(url, artworkLimit, stop) : std::nullopt;
 }
 
 std::optional<SharedBytes> fetchAppleMusicArtworkData(Platform& platform) {
@@ -165,11 +166,12 @@ std::optional<AppleScriptMediaInfo> readPlayers(Platform& platform) {
     return std::nullopt;
 }
 
-std::optional<SharedBytes> artwork(Platform& platform, const AppleScriptMediaInfo& info) {
+std::optional<SharedBytes> artwork(Platform& platform, const AppleScriptMediaInfo& info,
+                                   const std::stop_token& stop) {
     if (info.bundleID == spotify) {
         if (info.artworkURL && Url::isValid(*info.artworkURL))
-            return platform.urlData().read(*info.artworkURL, artworkLimit);
-        return fetchSpotifyArtworkViaAppleScript(platform);
+            return platform.urlData().read(*info.artworkURL, artworkLimit, stop);
+        return fetchSpotifyArtworkViaAppleScript(platform, stop);
     }
     if (info.bundleID == music)
         return fetchAppleMusicArtworkData(platform);

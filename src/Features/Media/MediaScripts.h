@@ -5,6 +5,7 @@
 #include "Platform/Platform.h"
 
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 
@@ -33,8 +34,9 @@ std::string transport(std::string_view command, const std::string& bundleID);
 
 /// What the players that run have to say, Spotify first.
 std::optional<AppleScriptMediaInfo> readPlayers(Platform& platform);
-/// The bytes of the track's cover.
-std::optional<SharedBytes> artwork(Platform& platform, const AppleScriptMediaInfo& info);
+/// The bytes of the track's cover; none once `stop` is requested.
+std::optional<SharedBytes> artwork(Platform& platform, const AppleScriptMediaInfo& info,
+                                   const std::stop_token& stop);
 /// False on any error.
 bool isLoved(Platform& platform);
 /// False when the script could not be made, and so nothing was said to the player.

@@ -1,11 +1,10 @@
 #include "Features/Media/MediaTime.h"
 
-#include <cmath>
-
 namespace orvelle {
 
 double mediaTime(double seconds) {
-    return std::isfinite(seconds) && seconds > 0 ? seconds : 0;
+    constexpr double longest = 1e9; // some thirty years
+    return seconds > 0 && seconds <= longest ? seconds : 0;
 }
 
 } // namespace orvelle

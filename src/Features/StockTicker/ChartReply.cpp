@@ -1,5 +1,7 @@
 #include "Features/StockTicker/ChartReply.h"
 
+#include "Foundation/JsonRecord.h"
+
 #include <cmath>
 
 namespace orvelle {
@@ -21,7 +23,7 @@ std::optional<double> number(const Json& record, std::string_view key) {
 } // namespace
 
 std::optional<StockQuote> parseQuote(std::string_view body, const std::string& symbol) {
-    const auto document = Json::parse(body);
+    const auto document = JsonReply::parse(body);
     const auto* result = document ? firstResult(*document) : nullptr;
     const auto* meta = result ? result->find("meta") : nullptr;
     if (!meta)

@@ -36,7 +36,7 @@ std::vector<std::int64_t> numbers(std::string_view version) {
 } // namespace
 
 Decoded<VersionManifest> VersionManifest::decode(std::string_view body) {
-    const auto document = Json::parse(body);
+    const auto document = JsonReply::parse(body);
     if (!document || !document->object())
         return {std::nullopt, JsonRecord::isInWrongFormat};
     JsonRecord manifest(&*document);

@@ -11,7 +11,7 @@ std::string GeocodingResult::label() const {
 }
 
 Decoded<GeocodingResponse> GeocodingResponse::decode(std::string_view body) {
-    const auto document = Json::parse(body);
+    const auto document = JsonReply::parse(body);
     if (!document || !document->object())
         return {std::nullopt, JsonRecord::isInWrongFormat};
     GeocodingResponse response;

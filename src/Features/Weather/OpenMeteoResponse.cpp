@@ -3,7 +3,7 @@
 namespace orvelle {
 
 Decoded<OpenMeteoResponse> OpenMeteoResponse::decode(std::string_view body) {
-    const auto document = Json::parse(body);
+    const auto document = JsonReply::parse(body);
     if (!document || !document->object())
         return {std::nullopt, JsonRecord::isInWrongFormat};
     JsonRecord current(document->find("current"));

@@ -35,7 +35,6 @@ public:
     explicit WeatherExpandedView(WeatherManager& manager) : manager_(manager) {}
 
     static constexpr double loadingSpacing = 8;
-    static constexpr double loadingPadding = 16; ///< above and below
     static constexpr double cornerRadius = 10;
     static constexpr double gradientOpacity = 0.35;
     static constexpr double padding = 10;

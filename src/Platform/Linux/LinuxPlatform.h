@@ -12,12 +12,12 @@
 #include "Platform/Linux/LinuxCameraService.h"
 #include "Platform/Linux/LinuxDesktop.h"
 #include "Platform/Linux/LinuxProcessLauncher.h"
+#include "Platform/Linux/LinuxScriptExecutor.h"
 #include "Platform/Linux/LinuxSharePicker.h"
 #include "Platform/Linux/LinuxUserNotifications.h"
 #include "Platform/Linux/LinuxWorkspace.h"
 #include "Platform/Linux/MprisApplications.h"
 #include "Platform/Linux/MprisNowPlayingService.h"
-#include "Platform/Linux/MprisScriptExecutor.h"
 #include "Platform/Linux/PortalAppearance.h"
 #include "Platform/Linux/PosixFileCopier.h"
 #include "Platform/Linux/PosixFileSystem.h"
@@ -99,7 +99,7 @@ private:
     QtImageCodec imageCodec_;
     MprisRunningApplications runningApplications_;
     QtUrlData urlData_;
-    MprisScriptExecutor scriptExecutor_;
+    LinuxScriptExecutor scriptExecutor_;
     QtRunLoop runLoop_;
     InotifyFileWatch fileWatch_;
     FileUserDefaults userDefaults_{fileSystem_, runLoop_, fileWatch_, log_};

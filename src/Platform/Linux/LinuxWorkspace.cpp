@@ -41,7 +41,9 @@ constexpr Counterpart counterparts[] = {
     {locationPage, "Budgie", "budgie-control-center", "location"},
     {calendar, "GNOME", "gnome-calendar", nullptr},
     {calendar, "KDE", "korganizer", nullptr},
+    {calendar, "KDE", "merkuro-calendar", nullptr},
     {calendar, "XFCE", "orage", nullptr},
+    {calendar, "Pantheon", "io.elementary.calendar", nullptr},
     {calendar, "", "evolution", "calendar:"},
     {calendar, "", "thunderbird", "-calendar"},
 };

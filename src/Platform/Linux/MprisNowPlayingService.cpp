@@ -31,6 +31,7 @@ MprisNowPlayingService::load(const std::string&) {
             [this] {
                 following_.reset();
                 watching_.reset();
+                stopReading_.request_stop();
                 reading_.reset();
                 artwork_ = {};
             },
@@ -106,24 +107,38 @@ void MprisNowPlayingService::playersChanged() {
         notification = NowPlayingNotification::isPlayingDidChange;
     currentName_ = name;
     wasPlaying_ = isPlaying;
-    readArtwork(isShown(player) ? player->track : MprisPlayer::Track());
+    wantArtwork(isShown(player) ? player->track : MprisPlayer::Track());
     events_[std::string(notification)]();
 }
 
-void MprisNowPlayingService::readArtwork(const MprisPlayer::Track& track) {
+void MprisNowPlayingService::wantArtwork(const MprisPlayer::Track& track) {
     if (track.artUrl == artwork_.track.artUrl && track.id == artwork_.track.id &&
         track.title == artwork_.track.title)
         return;
     // Players write one cover after another to the same file.
     const bool mayStay = track.artUrl == artwork_.track.artUrl;
     artwork_ = {track, mayStay ? artwork_.bytes : SharedBytes()};
+    stopReading_.request_stop();
+    if (!reading_)
+        readArtwork();
+}
+
+void MprisNowPlayingService::readArtwork() {
     reading_.reset();
-    if (track.artUrl.empty())
+    if (artwork_.track.artUrl.empty())
         return;
+    stopReading_ = {};
     auto bytes = std::make_shared<std::optional<SharedBytes>>();
     reading_ = runLoop_.detach(
-        [bytes, &urls = urls_, url = track.artUrl] { *bytes = urls.read(url, largestArtwork); },
-        [this, bytes] {
+        [bytes, &urls = urls_, url = artwork_.track.artUrl, stop = stopReading_.get_token()] {
+            *bytes = urls.read(url, largestArtwork, stop);
+        },
+        [this, bytes, stop = stopReading_.get_token()] {
+            if (stop.stop_requested()) {
+                readArtwork(); // of the track that has come since
+                return;
+            }
+            reading_.reset();
             auto fresh = bytes->value_or(SharedBytes());
             if (fresh == artwork_.bytes)
                 return;

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <memory>
+#include <stop_token>
 #include <string>
 
 namespace orvelle {
@@ -16,6 +17,7 @@ public:
     static constexpr std::size_t largestArtwork = 16 << 20; ///< bytes of the image file
 
     MprisNowPlayingService(RunLoop& runLoop, MprisPlayers& players, UrlData& urls);
+    ~MprisNowPlayingService() override { stopReading_.request_stop(); }
 
     std::variant<NowPlayingFunctions, LoadFailure> load(const std::string& path) override;
     Subscription observe(std::string_view notification, std::function<void()> handler) override;
@@ -31,7 +33,8 @@ private:
     NowPlayingInfo describe(const MprisPlayer& player) const;
     void sendCommand(std::uint32_t command);
     void playersChanged();
-    void readArtwork(const MprisPlayer::Track& track);
+    void wantArtwork(const MprisPlayer::Track& track);
+    void readArtwork();
 
     RunLoop& runLoop_;
     MprisPlayers& players_;
@@ -42,7 +45,8 @@ private:
     std::map<std::string, Event<>, std::less<>> events_;
     Subscription following_;
     Subscription watching_;
-    Subscription reading_;
+    Subscription reading_;         ///< one cover at a time, however often the track changes
+    std::stop_source stopReading_; ///< of that one
 };
 
 } // namespace orvelle

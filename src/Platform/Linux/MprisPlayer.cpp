@@ -67,8 +67,8 @@ std::optional<double> number(const QVariant& value) {
 }
 
 Seconds time(const QVariant& microseconds) {
-    const double value = number(microseconds).value_or(0);
-    return std::isfinite(value) && value > 0 ? value / microsecondsPerSecond : 0;
+    const Seconds value = number(microseconds).value_or(0) / microsecondsPerSecond;
+    return value > 0 && value <= MprisPlayer::longestTime ? value : 0;
 }
 
 MprisPlayer::Track track(const QVariantMap& metadata) {

@@ -27,12 +27,14 @@ QVariantMap map(const QVariant& value);
 } // namespace Mpris
 
 /// What a media player has told of itself. Players tell what they like: a value of a wrong type is
-/// as good as missing, a text is cut after `longestText` characters, a time that is negative or no
-/// number is 0.
+/// as good as missing, a text is cut after `longestText` characters, a time that is negative,
+/// beyond `longestTime` or no number is 0.
 struct MprisPlayer {
     static constexpr int longestText = 1000;
-    /// Addresses may hold the picture itself; a longer one counts as none.
-    static constexpr int longestArtUrl = 24 << 20;
+    static constexpr Seconds longestTime = 1e9; ///< some thirty years
+    /// Addresses may hold the picture itself; a longer one counts as none, since the main thread
+    /// carries it.
+    static constexpr int longestArtUrl = 4 << 20;
 
     enum class Status { stopped, paused, playing };
     struct Track {

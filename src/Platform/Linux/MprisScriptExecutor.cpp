@@ -109,7 +109,7 @@ ScriptOutcome MprisScriptExecutor::readArtwork(const KnownPlayer& player, bool w
     const auto url = described(player, reply).track.artUrl;
     if (!wantsData)
         return textResult(url);
-    const auto bytes = urls_.read(url, MprisNowPlayingService::largestArtwork);
+    const auto bytes = urls_.read(url, MprisNowPlayingService::largestArtwork, {});
     return ScriptResult{.stringValue = std::nullopt, .data = bytes.value_or(SharedBytes())};
 }
 

@@ -1,5 +1,7 @@
 #include "Platform/Linux/X11Pasteboard.h"
 
+#include "Foundation/FileURL.h"
+#include "Platform/DraggingDestination.h"
 #include "Platform/Linux/X11Connection.h"
 #include "Platform/Qt/FileMimeData.h"
 
@@ -104,6 +106,18 @@ Subscription X11Pasteboard::readString(Reading done) {
         return {};
     }
     return reader_->read(ownedSince_, std::move(done));
+}
+
+Subscription X11Pasteboard::readFiles(FileReading done) {
+    if (!fileReader_)
+        fileReader_ = std::make_unique<X11SelectionReader>();
+    const auto isWanted = std::make_shared<bool>(true);
+    fileReader_->read(X11::atom(selectionName), X11::atom(draggedFileType), XCB_CURRENT_TIME,
+                      [isWanted, done = std::move(done)](const auto& uriList) {
+                          if (*isWanted)
+                              done(uriList ? FileURL::list(*uriList) : std::vector<std::string>());
+                      });
+    return Subscription([isWanted] { *isWanted = false; });
 }
 
 void X11Pasteboard::setString(const std::string& text) {

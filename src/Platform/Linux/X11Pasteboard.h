@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Linux/X11SelectionReader.h"
 #include "Platform/Linux/X11TextReader.h"
 #include "Platform/Pasteboard.h"
 
@@ -22,6 +23,7 @@ public:
 
     std::int64_t changeCount() override;
     Subscription readString(Reading done) override;
+    Subscription readFiles(FileReading done) override;
     void setString(const std::string& text) override;
     void writeFiles(const std::vector<std::string>& urls) override;
 
@@ -40,6 +42,7 @@ private:
     bool isTried_ = false;
     std::unique_ptr<xcb_connection_t, Disconnect> connection_;
     std::unique_ptr<X11TextReader> reader_;
+    std::unique_ptr<X11SelectionReader> fileReader_;
     std::unique_ptr<QSocketNotifier> arrivals_;
     std::uint8_t ownerChange_ = 0; ///< the type of that event
     std::int64_t changeCount_ = 0;

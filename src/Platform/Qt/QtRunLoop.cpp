@@ -5,13 +5,20 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <cstdlib>
 #include <utility>
 
 namespace orvelle {
 
 namespace {
 
-constexpr int backgroundThreads = 2;
+/// One for each work that may take minutes or hang for ever, of which there is one at a time: a
+/// copy of files, the reading of the calendars, the camera. And one for the rest.
+constexpr int backgroundThreads = 4;
+
+/// Above the number of files that are kept, each of which is saved by one work at a time: not even
+/// a save that hangs holds up another.
+constexpr int savingThreads = 8;
 
 /// How far behind the second its ticks come, so that a clock being slewed never shows the second
 /// before.
@@ -27,16 +34,22 @@ Seconds secondsOf(auto duration) {
 
 } // namespace
 
-QtRunLoop::QtRunLoop() {
+QtRunLoop::QtRunLoop(std::chrono::milliseconds patience) : patience_(patience) {
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&timer_, &QTimer::timeout, &mainThread_, [this] { fireDue(); });
     pool_.setMaxThreadCount(backgroundThreads);
+    savingPool_.setMaxThreadCount(savingThreads);
 }
 
 QtRunLoop::~QtRunLoop() {
     pool_.clear();
-    pool_.waitForDone();
+    savingPool_.clear();
+    const auto patience = static_cast<int>(patience_.count());
+    if (pool_.waitForDone(patience) && savingPool_.waitForDone(patience))
+        return;
+    qCritical("Background work does not end, and is left behind");
+    std::_Exit(EXIT_FAILURE);
 }
 
 Date QtRunLoop::now() const {
@@ -113,8 +126,17 @@ void QtRunLoop::post(std::function<void()> work) {
 }
 
 Subscription QtRunLoop::detach(std::function<void()> work, std::function<void()> done) {
+    return runIn(pool_, std::move(work), std::move(done));
+}
+
+Subscription QtRunLoop::detachSaving(std::function<void()> work, std::function<void()> done) {
+    return runIn(savingPool_, std::move(work), std::move(done));
+}
+
+Subscription QtRunLoop::runIn(QThreadPool& pool, std::function<void()> work,
+                              std::function<void()> done) {
     auto wanted = std::make_shared<bool>(true); // read and written on the main thread only
-    pool_.start([this, work = std::move(work), done = std::move(done), wanted]() mutable {
+    pool.start([this, work = std::move(work), done = std::move(done), wanted]() mutable {
         work();
         post([done = std::move(done), wanted = std::move(wanted)] {
             if (*wanted)

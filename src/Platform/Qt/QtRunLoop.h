@@ -6,6 +6,7 @@
 #include <QThreadPool>
 #include <QTimer>
 
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -21,8 +22,12 @@ namespace orvelle {
 /// that timers wake the process together; after the clock was set they find their place again.
 class QtRunLoop : public RunLoop {
 public:
-    QtRunLoop();
+    static constexpr std::chrono::milliseconds defaultPatience{5000};
+
+    explicit QtRunLoop(std::chrono::milliseconds patience = defaultPatience);
     /// Drops what has not begun, and waits for background work under way; its completions are lost.
+    /// Work that does not end within `patience` would use what dies with the program: the process
+    /// ends here and now, with exit code 1.
     ~QtRunLoop() override;
 
     Date now() const override;
@@ -31,6 +36,7 @@ public:
     Timer after(Seconds delay, std::function<void()> fire) override;
     void post(std::function<void()> work) override;
     Subscription detach(std::function<void()> work, std::function<void()> done) override;
+    Subscription detachSaving(std::function<void()> work, std::function<void()> done) override;
 
     /// How long before the first or next tick of a repeating timer, when it is `now`.
     static Seconds delayOfTick(Seconds interval, Date now);
@@ -44,14 +50,18 @@ private:
     using Timers = std::map<Key, Entry>;
 
     Timer schedule(Seconds delay, Seconds interval, std::function<void()> callback);
+    Subscription runIn(QThreadPool& pool, std::function<void()> work, std::function<void()> done);
     void fireDue();
     void arm();
 
-    QObject mainThread_; ///< receives what other threads post
+    const std::chrono::milliseconds patience_; ///< at the end
+    QObject mainThread_;                       ///< receives what other threads post
     QTimer timer_;
     std::uint64_t nextId_ = 0;
     std::shared_ptr<Timers> timers_ = std::make_shared<Timers>();
-    QThreadPool pool_; ///< dies first: its work posts to the main thread
+    // These die first: their work posts to the main thread.
+    QThreadPool pool_;
+    QThreadPool savingPool_;
 };
 
 } // namespace orvelle

@@ -7,6 +7,8 @@
 #include <QNetworkReply>
 #include <QUrl>
 
+#include <utility>
+
 namespace orvelle {
 
 namespace {
@@ -48,16 +50,20 @@ std::optional<SharedBytes> readInline(const std::string& url, std::size_t limit)
 
 } // namespace
 
-std::optional<SharedBytes> QtUrlData::read(const std::string& url, std::size_t limit) {
+std::optional<SharedBytes> QtUrlData::read(const std::string& url, std::size_t limit,
+                                           std::stop_token stop) {
+    if (stop.stop_requested())
+        return std::nullopt;
     if (url.starts_with("data:"))
         return readInline(url, limit);
     if (url.starts_with("http:") || url.starts_with("https:"))
-        return download(url, limit);
+        return download(url, limit, std::move(stop));
     const QUrl address(QString::fromStdString(url));
     return address.isLocalFile() ? readFile(address.toLocalFile(), limit) : std::nullopt;
 }
 
-std::optional<SharedBytes> QtUrlData::download(const std::string& url, std::size_t limit) {
+std::optional<SharedBytes> QtUrlData::download(const std::string& url, std::size_t limit,
+                                               std::stop_token stop) {
     QNetworkRequest request(QUrl(QString::fromStdString(url)));
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::NoLessSafeRedirectPolicy);
@@ -74,6 +80,9 @@ std::optional<SharedBytes> QtUrlData::download(const std::string& url, std::size
                          if (received > most || total > most)
                              reply->abort();
                      });
+    const std::stop_callback stopping(std::move(stop), [&loop] {
+        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    });
     waits_.wait(loop, bound);
     if (!reply->isFinished() || reply->error() != QNetworkReply::NoError ||
         reply->bytesAvailable() > most)

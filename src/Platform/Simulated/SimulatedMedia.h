@@ -91,7 +91,10 @@ public:
     std::map<std::string, SharedBytes> contents;
     std::vector<std::string> reads;
 
-    std::optional<SharedBytes> read(const std::string& url, std::size_t limit) override {
+    std::optional<SharedBytes> read(const std::string& url, std::size_t limit,
+                                    std::stop_token stop) override {
+        if (stop.stop_requested())
+            return std::nullopt;
         reads.push_back(url);
         const auto found = contents.find(url);
         if (found == contents.end() || found->second.view().size() > limit)

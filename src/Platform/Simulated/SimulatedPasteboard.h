@@ -45,6 +45,10 @@ public:
         waiting_ = std::make_shared<Reading>(std::move(done));
         return Subscription([waiting = waiting_] { *waiting = nullptr; });
     }
+    Subscription readFiles(FileReading done) override {
+        done(files);
+        return {};
+    }
     void setString(const std::string& copied) override { copy(copied); }
     void writeFiles(const std::vector<std::string>& urls) override {
         files = urls;

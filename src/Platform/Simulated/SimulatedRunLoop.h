@@ -33,6 +33,9 @@ public:
     void post(std::function<void()> work) override;
     /// Both parts run on the main thread at the next turn.
     Subscription detach(std::function<void()> work, std::function<void()> done) override;
+    Subscription detachSaving(std::function<void()> work, std::function<void()> done) override {
+        return detach(std::move(work), std::move(done));
+    }
 
 private:
     struct Entry {

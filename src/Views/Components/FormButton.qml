@@ -28,7 +28,7 @@ T.Button {
         opacity: root.enabled ? 1 : 0.4
 
         FocusRing {
-            shown: root.visualFocus
+            control: root
         }
     }
     contentItem: Text {

@@ -23,11 +23,15 @@ FocusScope {
     FocusRing {
         shown: field.activeFocus
     }
+    // The room around the text belongs to the field.
+    TapHandler {
+        onTapped: field.forceActiveFocus(Qt.MouseFocusReason)
+    }
     PanelField {
         id: field
-        x: 9
-        width: parent.width - 18
-        anchors.verticalCenter: parent.verticalCenter
+        anchors.fill: parent
+        anchors.leftMargin: 9
+        anchors.rightMargin: 9
         focus: true
         content: FormStyle.fieldText
         promptColor: FormStyle.tertiaryColor

@@ -1,8 +1,7 @@
 import QtQuick
 import Orvelle
 
-// A line of a group: what it is about on the left, its control on the right. The control names
-// itself, so that the label is not told twice.
+// A line of a group: what it is about on the left, its control on the right.
 Item {
     id: root
 
@@ -10,6 +9,8 @@ Item {
     property string label
     property string detail
     property bool isDimmed: false
+    // The control bears the label, so that it is not told twice.
+    property bool isToldByControl: false
     default property alias control: trailing.data
 
     implicitHeight: 40
@@ -40,6 +41,7 @@ Item {
                 color: root.isDimmed ? FormStyle.tertiaryColor : FormStyle.textColor
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text
+                Accessible.ignored: root.isToldByControl || text === ""
             }
             Text {
                 visible: text !== ""

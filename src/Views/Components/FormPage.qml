@@ -42,6 +42,11 @@ Flickable {
         scrollTo(contentY + (event.key === Qt.Key_PageUp ? -1 : 1) * (height - 2 * margin))
     }
 
+    // Without the momentum of a flick, which would take the next press for its end.
+    WheelHandler {
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        onWheel: event => root.scrollTo(root.contentY - event.angleDelta.y / 2)
+    }
     Column {
         id: column
         x: root.margin

@@ -22,14 +22,20 @@ T.ComboBox {
     Accessible.role: Accessible.ComboBox
     Accessible.name: name
     onActivated: index => chosen(choices[index].value)
-    Keys.onReturnPressed: popup.open()
+    // The toolkit takes from an open list at the key's release, so that a closed one opens there.
+    Keys.onReleased: event => {
+        if (popup.visible || event.key !== Qt.Key_Return && event.key !== Qt.Key_Enter)
+            return
+        event.accepted = true
+        popup.open()
+    }
 
     background: Rectangle {
         radius: FormStyle.cornerRadius
         color: root.down ? FormStyle.pressedColor : FormStyle.controlColor
 
         FocusRing {
-            shown: root.visualFocus
+            control: root
         }
     }
     contentItem: Text {

@@ -62,7 +62,7 @@ FocusScope {
                     color: segment.isTaken ? FormStyle.pressedColor : "transparent"
 
                     FocusRing {
-                        shown: segment.visualFocus
+                        control: segment
                     }
                 }
                 contentItem: Text {

@@ -2,21 +2,25 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvelle
 
-// A slider that asks for another value through `slid`. Home and End go to its bounds.
+// A slider that shows `shown` and asks for another value through `slid`. Home and End go to its
+// bounds.
 T.Slider {
     id: root
 
     property string name
+    property real shown
     property color accentColor: FormStyle.controlColor
     signal slid(real value)
 
+    value: shown
+    // The value strays when it is moved, be it by what reads the screen to its user.
+    onValueChanged: if (value !== shown) slid(value)
     implicitWidth: 180
     implicitHeight: 22
     snapMode: T.Slider.SnapAlways
     focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.Slider
     Accessible.name: name
-    onMoved: slid(value)
     Keys.onPressed: event => {
         if (event.key !== Qt.Key_Home && event.key !== Qt.Key_End)
             return
@@ -51,7 +55,7 @@ T.Slider {
 
         FocusRing {
             radius: 11
-            shown: root.visualFocus
+            control: root
         }
     }
 }

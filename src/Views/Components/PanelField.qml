@@ -20,6 +20,7 @@ FocusScope {
         width: parent.width
         anchors.verticalCenter: parent.verticalCenter
         focus: true
+        activeFocusOnTab: true
         clip: true
         selectByMouse: true
         color: root.content.color

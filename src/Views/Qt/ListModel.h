@@ -20,11 +20,12 @@ public:
 
     const std::vector<Record>& rows() const { return rows_; }
 
-    /// Ids are unique within `next`.
+    /// Ids need not be unique: of rows that share one, the first keeps its delegate.
     void show(const std::vector<Record>& next) {
-        removeAllBut(next);
+        removeIf([&](std::size_t row) { return !contains(next, rows_[row]); });
         for (std::size_t position = 0; position < next.size(); ++position)
             place(next[position], position);
+        removeIf([&](std::size_t row) { return row >= next.size(); });
     }
 
     int rowCount(const QModelIndex& parent = {}) const override {
@@ -43,9 +44,10 @@ private:
                            [&](const Record& other) { return other.id == record.id; });
     }
 
-    void removeAllBut(const std::vector<Record>& next) {
+    template <class Condition>
+    void removeIf(Condition condition) {
         for (std::size_t row = rows_.size(); row-- > 0;) {
-            if (contains(next, rows_[row]))
+            if (!condition(row))
                 continue;
             beginRemoveRows({}, static_cast<int>(row), static_cast<int>(row));
             rows_.erase(std::next(rows_.begin(), static_cast<std::ptrdiff_t>(row)));

@@ -83,8 +83,11 @@ bool QtAppWindow::isVisible() const {
 }
 
 void QtAppWindow::makeKeyAndOrderFront() {
-    parts_->window.raise();
-    parts_->window.requestActivate();
+    auto& window = parts_->window;
+    if (window.windowStates() & Qt::WindowMinimized) // not every window manager heeds the flags
+        window.showNormal();
+    window.raise();
+    window.requestActivate();
 }
 
 } // namespace orvelle

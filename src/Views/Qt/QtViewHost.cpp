@@ -25,12 +25,14 @@ void QtViewHost::showNotchContent(PanelWindow& window, const NotchEnvironment& e
     auto* panel = dynamic_cast<QuickPanel*>(&window);
     if (!panel)
         return;
-    const auto* content =
-        showNotchContent(panel->quickWindow(), environment, [&window] { window.makeKey(); });
+    auto& quickWindow = panel->quickWindow();
+    auto* content = showNotchContent(quickWindow, environment, [&window] { window.makeKey(); });
     if (!content)
         return;
     auto* shape = content->property("shape").value<NotchShapeItem*>();
-    QObject::connect(&panel->quickWindow(), &QQuickWindow::afterAnimating, shape, [panel, shape] {
+    QObject::connect(&quickWindow, &QQuickWindow::afterAnimating, shape, [=, &quickWindow] {
+        // Qt tells of a new size when the server has confirmed it; a frame may come before that.
+        content->setSize(QSizeF(quickWindow.size()));
         panel->setShapeMask(shape->region().translated(shape->position().toPoint()));
     });
 }

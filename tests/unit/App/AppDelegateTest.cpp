@@ -260,6 +260,35 @@ TEST_F(AppDelegateTest, AFeatureFollowsItsSettingWhileTheProgramRuns) {
     EXPECT_EQ(app.systemMonitorManager.previousCPUInfo, std::nullopt);
 }
 
+TEST_F(AppDelegateTest, AFeatureThatObeysItsSwitchIsStartedAndStoppedOnceByItsSetting) {
+    app.stockTickerManager.tickers = std::vector{StockTicker{UUID::random(), "AAPL", {}, {}}};
+    defaults().set("mediaEnabled", false);
+    launchNormally();
+    platform.nowPlayingPort.registrations.clear();
+    platform.httpClientPort.requests.clear();
+    defaults().set("mediaEnabled", true);
+    defaults().set("stockTickerEnabled", true);
+    runPosted();
+    EXPECT_EQ(platform.nowPlayingPort.registrations, std::vector<bool>{true});
+    EXPECT_EQ(platform.httpClientPort.requests.size(), 1u);
+    EXPECT_TRUE(app.stockTickerManager.refreshTimer);
+    defaults().set("mediaEnabled", false);
+    defaults().set("stockTickerEnabled", false);
+    runPosted();
+    EXPECT_EQ(platform.nowPlayingPort.registrations, (std::vector<bool>{true, false}));
+    EXPECT_FALSE(app.stockTickerManager.refreshTimer);
+}
+
+TEST_F(AppDelegateTest, WhetherAWidgetNavigatesFollowsItsSettingWhileTheProgramRuns) {
+    launchNormally();
+    defaults().set("clickWidgetNavigatesToPanel", false);
+    runPosted();
+    EXPECT_FALSE(app.notchState.clickWidgetNavigatesToPanel);
+    defaults().remove("clickWidgetNavigatesToPanel");
+    runPosted();
+    EXPECT_TRUE(app.notchState.clickWidgetNavigatesToPanel);
+}
+
 TEST_F(AppDelegateTest, AnotherSettingsChangeLeavesTheFeaturesAlone) {
     launchNormally();
     app.batteryManager.isEnabled = false; // as the program itself may do
@@ -308,10 +337,26 @@ TEST_F(AppDelegateTest, TerminationStopsWhatFeaturesHaveUnderWay) {
 }
 
 TEST_F(AppDelegateTest, TheHudIsWiredWithoutANotchState) {
+    constexpr AudioDeviceID speakers = 7;
+    auto& audio = platform.audioHardwarePort;
+    audio.list = {{.id = speakers, .name = "Speakers", .volume = 0.25F}};
+    audio.defaultOutput = speakers;
+    auto& brightness = platform.displayBrightnessPort;
+    brightness.displays = {{0.5F}};
     launchNormally();
-    app.hudManager.startIntercepting();
-    EXPECT_FALSE(app.notchState.isHUDVisible);
+    EXPECT_EQ(app.hudManager.notchState.lock(), nullptr);
+    bool wasShown = false;
+    const auto watch = app.notchState.isHUDVisible.observe(
+        [&](bool isVisible) { wasShown = wasShown || isVisible; });
+
+    audio.changeVolume(speakers, 0.75F);
+    EXPECT_EQ(app.hudManager.currentVolume, 0.75F);
+    brightness.displays = {{0.9F}};
+    advance(HUDManager::brightnessInterval);
+    EXPECT_EQ(app.hudManager.currentBrightness, 0.9F);
+    EXPECT_FALSE(wasShown);
     EXPECT_EQ(app.notchState.hudType.get(), std::nullopt);
+    EXPECT_EQ(app.notchState.hudValue, 0);
 }
 
 TEST_F(AppDelegateTest, NothingIsRegisteredAsAPluginFromLaunchToTermination) {
@@ -325,10 +370,24 @@ TEST_F(AppDelegateTest, NothingIsRegisteredAsAPluginFromLaunchToTermination) {
     EXPECT_EQ(counts, std::vector<std::size_t>{0}) << "the present count, and no change";
 }
 
-TEST_F(AppDelegateTest, AnotherStartShowsThePanel) {
+TEST_F(AppDelegateTest, AnotherStartShowsThePanelWithTheKeyboardInIt) {
     launchNormally();
     app.showNotch();
     EXPECT_EQ(state(), NotchExpandedState::expanded);
+    EXPECT_FALSE(window().isKey) << "the media panel takes no typing";
+    app.reopen();
+    EXPECT_EQ(state(), NotchExpandedState::expanded);
+    EXPECT_TRUE(window().isKey);
+    setState(NotchExpandedState::collapsed);
+    EXPECT_FALSE(window().isKey);
+}
+
+TEST_F(AppDelegateTest, AnotherStartDuringTheFirstWizardBringsThatToTheFront) {
+    app.applicationDidFinishLaunching();
+    app.reopen();
+    EXPECT_EQ(views.onboarding.madeCount, 1);
+    EXPECT_EQ(views.onboarding.frontCount, 1);
+    EXPECT_EQ(state(), NotchExpandedState::collapsed);
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace orvelle {
 namespace {
 
@@ -73,6 +75,14 @@ TEST_F(HoverLayoutManagerTest, AWidgetMovedToAZoneHolding0And1And5Gets6) {
     setOrder("mirror", Position::rightWing, 5);
     manager.changeZone("media", Position::rightWing);
     EXPECT_EQ(placement("media").sortOrder, 6);
+}
+
+TEST_F(HoverLayoutManagerTest, AWidgetMovedBehindTheHighestSortOrderKeepsTheZoneInOrder) {
+    constexpr auto highest = std::numeric_limits<std::int64_t>::max();
+    setOrder("battery", Position::rightWing, highest);
+    manager.changeZone("time", Position::rightWing);
+    EXPECT_EQ(placement("time").sortOrder, highest);
+    EXPECT_EQ(manager.allWidgetsFor(Position::rightWing).back().id, "time");
 }
 
 TEST_F(HoverLayoutManagerTest, MovingOutClosesTheGapThereAndLeavesGapsInTheTarget) {

@@ -2,6 +2,7 @@
 
 #include "Platform/Simulated/SimulatedPlatform.h"
 #include "Support/GatedFileSystem.h"
+#include "Support/HungRunLoop.h"
 #include "Support/ThreadedRunLoop.h"
 
 #include <gtest/gtest.h>
@@ -111,6 +112,17 @@ TEST_F(ListFileTest, TheEndSavesWhatIsDue) {
     EXPECT_EQ(disk().files.at(path), "[2]");
     runPosted();
     EXPECT_EQ(disk().files.at(path), "[2]");
+}
+
+TEST(ListFile, IsSavedWhileOtherBackgroundWorkHangs) {
+    struct : SimulatedPlatform {
+        HungRunLoop loop;
+        RunLoop& runLoop() override { return loop; }
+    } machine;
+    ListFile file(machine, "numbers.json", [](const std::string& reason) { FAIL() << reason; });
+    file.save(std::vector<std::int64_t>{1}, encode);
+    machine.loop.runPosted();
+    EXPECT_EQ(machine.fileSystemPort.files[path], "[1]");
 }
 
 /// The same file on a disk that takes as long as the test wants.

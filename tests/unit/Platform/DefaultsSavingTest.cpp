@@ -1,5 +1,6 @@
 #include "Platform/FileUserDefaults.h"
 #include "Support/GatedFileSystem.h"
+#include "Support/HungRunLoop.h"
 #include "Support/ThreadedRunLoop.h"
 
 #include <gtest/gtest.h>
@@ -208,6 +209,17 @@ TEST_F(DefaultsSaving, OwnerThatGoesDuringAReadingDoesNotWaitForIt) {
     fileSystem.reading.open();
     runLoop.complete();
     EXPECT_EQ(changeCount, 0);
+}
+
+TEST(FileUserDefaults, AreSavedWhileOtherBackgroundWorkHangs) {
+    SimulatedFileSystem fileSystem;
+    SimulatedFileWatch watch;
+    SimulatedLog log;
+    HungRunLoop runLoop;
+    FileUserDefaults defaults(fileSystem, runLoop, watch, log);
+    defaults.set("a", true);
+    runLoop.advance(FileUserDefaults::saveDelay);
+    EXPECT_EQ(fileSystem.files[path], "{\n  \"a\": true\n}\n");
 }
 
 } // namespace

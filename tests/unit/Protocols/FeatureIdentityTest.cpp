@@ -1,3 +1,5 @@
+#include "Core/HoverLayoutManager.h"
+#include "Core/PanelOrderManager.h"
 #include "Features/Battery/BatteryManager.h"
 #include "Features/Calendar/CalendarManager.h"
 #include "Features/Clipboard/ClipboardManager.h"
@@ -9,17 +11,50 @@
 #include "Features/Pomodoro/PomodoroManager.h"
 #include "Features/StockTicker/StockTickerManager.h"
 #include "Features/SystemMonitor/SystemMonitorManager.h"
+#include "Features/Theme/ThemeManager.h"
 #include "Features/Time/TimeManager.h"
 #include "Features/Todo/TodoManager.h"
+#include "Features/UpdateChecker/UpdateChecker.h"
 #include "Features/Weather/WeatherManager.h"
 #include "Models/NotchState.h"
 #include "Platform/Simulated/SimulatedPlatform.h"
+#include "Plugins/ExamplePlugin.h"
 
 #include <gtest/gtest.h>
+
+#include <concepts>
 
 using namespace orvelle;
 
 namespace {
+
+/// What a type fulfils beside being a feature.
+struct Contracts {
+    bool collapsedView = false;
+    bool expandedView = false;
+    bool drops = false;
+    bool hud = false;
+    bool plugin = false;
+    bool operator==(const Contracts&) const = default;
+};
+
+template <class Content>
+void takeCollapsed(const CollapsedViewProvider<Content>&);
+template <class Content>
+void takeExpanded(const ExpandedViewProvider<Content>&);
+
+template <std::derived_from<FeatureModule> Feature>
+constexpr Contracts contractsOf() {
+    return {.collapsedView = requires(const Feature& feature){takeCollapsed(feature);
+}
+, .expandedView = requires(const Feature& feature) {
+    takeExpanded(feature);
+}
+, .drops = std::derived_from<Feature, DropReceiver>,
+  .hud = std::derived_from<Feature, HUDInterceptor>,
+  .plugin = std::derived_from<Feature, NotchPlugin>
+}; // namespace
+}
 
 class FeatureIdentity : public testing::Test {
 protected:
@@ -91,4 +126,31 @@ TEST_F(FeatureIdentity, Time) {
 
 TEST_F(FeatureIdentity, Mirror) {
     expect(MirrorManager(platform), "mirror", "Mirror", "person.crop.square");
+}
+
+TEST(FeatureContracts, EachTypeFulfilsThoseOfItsRowAndNoOthers) {
+    constexpr Contracts none;
+    constexpr Contracts bothViews{.collapsedView = true, .expandedView = true};
+    EXPECT_EQ(contractsOf<MediaManager>(), bothViews);
+    EXPECT_EQ(contractsOf<FileShelfManager>(), (Contracts{.expandedView = true, .drops = true}));
+    EXPECT_EQ(contractsOf<HUDManager>(), (Contracts{.hud = true}));
+    EXPECT_EQ(contractsOf<CalendarManager>(), bothViews);
+    EXPECT_EQ(contractsOf<BatteryManager>(), none);
+    EXPECT_EQ(contractsOf<ClipboardManager>(), none);
+    EXPECT_EQ(contractsOf<SystemMonitorManager>(), none);
+    EXPECT_EQ(contractsOf<WeatherManager>(), bothViews);
+    EXPECT_EQ(contractsOf<PomodoroManager>(), none);
+    EXPECT_EQ(contractsOf<TodoManager>(), none);
+    EXPECT_EQ(contractsOf<NotesManager>(), none);
+    EXPECT_EQ(contractsOf<StockTickerManager>(), none);
+    EXPECT_EQ(contractsOf<TimeManager>(), none);
+    EXPECT_EQ(contractsOf<MirrorManager>(), none);
+    EXPECT_EQ(contractsOf<ExamplePlugin>(), (Contracts{.expandedView = true, .plugin = true}));
+}
+
+TEST(FeatureContracts, ThemeUpdatesAndLayoutsAreNoFeatures) {
+    EXPECT_FALSE((std::derived_from<ThemeManager, FeatureModule>));
+    EXPECT_FALSE((std::derived_from<UpdateChecker, FeatureModule>));
+    EXPECT_FALSE((std::derived_from<HoverLayoutManager, FeatureModule>));
+    EXPECT_FALSE((std::derived_from<PanelOrderManager, FeatureModule>));
 }

@@ -148,6 +148,19 @@ TEST_F(FileShelfViewTest, ADropTellsWhetherThereWasAnythingNotWhetherItWasAFile)
     EXPECT_TRUE(view.handleDrop({holding(std::monostate{})}));
 }
 
+TEST_F(FileShelfViewTest, PastingTakesTheFilesThatWereCopied) {
+    platform.fileSystemPort.files["/home/c.txt"] = "c";
+    platform.pasteboardPort.files = {"file:///home/c.txt", "file:///home/gone.txt"};
+    auto pasting = view.paste();
+    platform.runLoopPort.runPosted();
+    ASSERT_EQ(shelf.items->size(), 3u);
+    EXPECT_EQ(shelf.items.get()[2].name, "c.txt");
+    platform.pasteboardPort.files.clear();
+    pasting = view.paste();
+    platform.runLoopPort.runPosted();
+    EXPECT_EQ(shelf.items->size(), 3u);
+}
+
 TEST(AirDropHelper, WithoutFilesOrAPlaceDoesNothing) {
     SimulatedPlatform platform;
     AirDropHelper::share({}, Rect{{0, 0}, {10, 10}}, platform);

@@ -105,6 +105,15 @@ TEST_F(MediaManagerTest, ElapsedStopsAtTheDuration) {
     EXPECT_EQ(media().elapsed, 200);
 }
 
+TEST_F(MediaManagerTest, AClockThatIsSetBackLeavesThePositionAtTheBeginning) {
+    service().info = track("Song");
+    service().isPlaying = true;
+    start();
+    platform.runLoopPort.setNow(platform.runLoopPort.now() + -3600);
+    advance(0.5);
+    EXPECT_EQ(media().formattedElapsed(), "0:00");
+}
+
 TEST_F(MediaManagerTest, WithoutADurationElapsedStaysAtTheLastReadValue) {
     service().info = track("Stream");
     service().isPlaying = true;
@@ -241,7 +250,7 @@ TEST_P(UnreckonableTime, BecomesNeutral) {
 }
 
 INSTANTIATE_TEST_SUITE_P(MediaManager, UnreckonableTime,
-                         testing::Values(-1.0, -0.0, std::nan(""),
+                         testing::Values(-1.0, -0.0, 1e300, std::nan(""),
                                          std::numeric_limits<double>::infinity(),
                                          -std::numeric_limits<double>::infinity()));
 

@@ -210,7 +210,7 @@ TEST_F(ScriptFallbackTest, ALineOfFewerThanSixFieldsIsNothing) {
     EXPECT_EQ(info->elapsed, 0) << "a leading blank does not parse";
     EXPECT_FALSE(info->isPlaying);
     EXPECT_EQ(info->artworkURL, "u");
-    for (const char* bad : {"nan", "inf", "-5", "1e999", "12s"})
+    for (const char* bad : {"nan", "inf", "-5", "1e999", "1e300", "12s"})
         EXPECT_EQ(
             AppleScriptMediaInfo::parse(format("a||b||c||%s||0||true", bad), "", "")->duration, 0)
             << bad;
@@ -320,6 +320,21 @@ TEST_F(ScriptArtworkTest, ALateCoverOfThePreviousTrackIsDropped) {
     });
     platform.runLoopPort.runPosted();
     EXPECT_EQ(covered, std::vector<std::string>{"Second"});
+    EXPECT_EQ(platform.urlDataPort.reads.size(), 1u) << "the first is not even read any more";
+}
+
+TEST_F(ScriptArtworkTest, ACoverThatCouldNotBeStoppedAnyMoreIsDroppedAsWell) {
+    runPlayer(music, "First||Band||Disc||240||12||true");
+    scripts().outcomes[MediaScripts::musicArtwork] = bytes("cover");
+    const auto overtaking = manager.currentMedia.observe([&](const MediaInfo& info) {
+        if (info.title == "First")
+            platform.distributedNotificationsPort.post("com.spotify.client.PlaybackStateChanged",
+                                                       spotifyState("Playing", "Second"));
+    });
+    start();
+    EXPECT_EQ(executions(MediaScripts::musicArtwork), 1);
+    EXPECT_EQ(media().title, "Second");
+    EXPECT_FALSE(media().artwork);
 }
 
 // The love mark, and the source application.

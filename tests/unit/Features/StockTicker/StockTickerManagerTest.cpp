@@ -1,5 +1,6 @@
 #include "Features/StockTicker/StockTickerManager.h"
 
+#include "Foundation/JsonRecord.h"
 #include "Platform/Simulated/SimulatedPlatform.h"
 #include "Support/Replies.h"
 
@@ -181,6 +182,8 @@ TEST_F(StockTickerManagerTest, EachFailureHasItsMessage) {
     EXPECT_EQ(lastMessage(), "HTTP 204 for X");
     quoteFor(Replies::ok(""));
     EXPECT_EQ(lastMessage(), "Failed to parse quote for X");
+    quoteFor(Replies::ok(Replies::chart(2, 1) + std::string(JsonReply::longest, ' ')));
+    EXPECT_EQ(lastMessage(), "Failed to parse quote for X") << "nobody says so much of a stock";
 }
 
 TEST_F(StockTickerManagerTest, OnlyTheFirstResultCounts) {

@@ -1,6 +1,7 @@
 #include "Features/Weather/WeatherManager.h"
 
 #include "Features/Weather/WeatherExpandedView.h"
+#include "Foundation/JsonRecord.h"
 #include "Platform/Simulated/SimulatedPlatform.h"
 #include "Support/Replies.h"
 
@@ -561,7 +562,8 @@ TEST_F(WeatherManagerTest, BodiesThatAreNoDocumentAreRefused) {
     const std::string whole = Replies::forecast();
     for (const auto& body :
          {std::string(), std::string("<html>"), std::string("NaN"), std::string("[1"),
-          std::string(100000, '['), whole.substr(0, whole.size() / 2), whole + "x",
+          std::string(100000, '['), whole + std::string(JsonReply::longest, ' '),
+          whole.substr(0, whole.size() / 2), whole + "x",
           std::string("{\"current\":{\"temperature_2m\":NaN}}"),
           std::string("{\"current\":{\"temperature_2m\":1e999}}"), std::string("\0", 1) + whole,
           "\xFF\xFE" + whole}) {

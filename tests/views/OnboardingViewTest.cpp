@@ -1,0 +1,60 @@
+#include "Features/Onboarding/OnboardingView.h"
+
+#include "views/KeyboardWalk.h"
+#include "views/ViewFixture.h"
+
+#include <QQmlComponent>
+
+namespace orvelle {
+namespace {
+
+class OnboardingPictureTest : public ViewFixture {
+protected:
+    OnboardingPictureTest() {
+        platform.eventStorePort.status = EventAuthorizationStatus::notDetermined;
+        platform.cameraPort.status = CameraAuthorizationStatus::notDetermined;
+        QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Orvelle/OnboardingView.qml")));
+        wizard.reset(qobject_cast<QQuickItem*>(component.create()));
+        EXPECT_NE(wizard, nullptr) << component.errorString().toStdString();
+        if (!wizard)
+            return;
+        shell.resize(480, 380);
+        wizard->setParentItem(shell.contentItem());
+        wizard->setSize({480, 380});
+        wizard->setFocus(true);
+        shell.show();
+        shell.requestActivate();
+    }
+    bool isAtRest() {
+        const auto* step = item(wizard.get(), QStringLiteral("step"));
+        return step->x() == 0 && step->opacity() == 1;
+    }
+
+    int completions = 0;
+    ViewEngine engine{ViewEnvironment{environment, platform, {}, {}, [this] { ++completions; }}};
+    QQuickWindow shell;
+    KeyboardWalk keyboard{shell};
+    std::unique_ptr<QQuickItem> wizard;
+};
+
+TEST_F(OnboardingPictureTest, TheKeyboardReachesEveryControlOfEveryStepAndIsSeenThere) {
+    const std::size_t expected[] = {1, 4, 4, 4, 4, 4, 1};
+    for (std::size_t step = 0; step < std::size(expected); ++step) {
+        ASSERT_TRUE(eventually([this] { return isAtRest(); })) << step;
+        const auto controls = KeyboardWalk::controlsBelow(wizard.get());
+        EXPECT_EQ(controls.size(), expected[step]) << step;
+        for (auto* each : controls) {
+            const auto name = KeyboardWalk::name(each).toStdString();
+            EXPECT_FALSE(name.empty()) << step;
+            EXPECT_TRUE(keyboard.leadsTo(each)) << name << " of step " << step;
+            EXPECT_TRUE(keyboard.canBeSeenOn(each)) << name << " of step " << step;
+        }
+        picture("wizard-" + std::to_string(step), shell);
+        ASSERT_TRUE(keyboard.leadsTo(item(wizard.get(), QStringLiteral("forward"))));
+        keyboard.press(Qt::Key_Return);
+    }
+    EXPECT_EQ(completions, 1);
+}
+
+} // namespace
+} // namespace orvelle
