@@ -6,6 +6,7 @@
 #include "App/Tour.h"
 #include "Platform/Linux/LinuxPlatform.h"
 #include "Platform/Linux/ProcessInstance.h"
+#include "Platform/Linux/StandardStreams.h"
 #include "Views/Qt/SymbolImages.h"
 
 #include <QApplication>
@@ -65,6 +66,7 @@ int runDefaults(const CommandLine& line) {
 }
 
 int run(const CommandLine& line, const std::string& program) {
+    secureStandardStreams();
     ProcessInstance instance(line.isDemo ? "orvelle-demo" : "orvelle");
     if (!line.tourDirectory && instance.claim() == ProcessInstance::Claim::handedOver)
         return EXIT_SUCCESS;

@@ -63,7 +63,8 @@ public:
     Outcome open() const;
     /// A file that is of no use stays where it is.
     Outcome read() const;
-    /// `patience` is how long to wait for another process. A file that is of no use counts as
+    /// `patience` is how long to wait for another process, and again while others are seen to
+    /// write, at most ten times. A file that is of no use counts as
     /// half-written by another process; with `Insist::yes` it is put aside.
     Outcome save(const DefaultsCopy& own, Seconds patience, Insist insist) const;
 
@@ -75,6 +76,7 @@ private:
         bool hasContent = true;
     };
 
+    Subscription lock(Seconds patience) const;
     Reading readFile() const;
     /// Puts a file without use aside; false when it stays in the way.
     bool makeWay(const Reading& unusable, std::vector<std::string>& troubles) const;

@@ -8,6 +8,8 @@ namespace {
 /// left half a file behind is not going to finish it.
 constexpr int patientTries = 20;
 constexpr Seconds shutdownPatience = 1;
+/// Of a save that insists, in the background; shorter than what the shutdown waits for it.
+constexpr Seconds insistentPatience = 0.5;
 
 } // namespace
 
@@ -86,7 +88,7 @@ void FileUserDefaults::proceed() {
         using Insist = DefaultsStorage::Insist;
         const auto insist = busyCount_ < patientTries ? Insist::no : Insist::yes;
         start([storage = file_.storage(), own = file_.copy(), insist] {
-            return storage.save(own, 0, insist);
+            return storage.save(own, insist == Insist::yes ? insistentPatience : 0, insist);
         });
     }
 }

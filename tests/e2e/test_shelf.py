@@ -8,8 +8,9 @@ import time
 
 import pytest
 from Xlib import X
+from Xlib.ext import xtest
 
-from accessible import accessible_nodes, open_panel
+from accessible import accessible_nodes, open_panel, resting_place
 from desktop import HEIGHT, WIDTH, wait_until
 
 EXPANDED = (566, 220)
@@ -300,3 +301,20 @@ def test_a_source_that_never_answers_stops_nothing(openbox, start, shelf):
     wait_until(lambda: program.size() != COLLAPSED, "hover bar", program.describe)
     assert time.monotonic() - began < 2
     assert program.size() != EXPANDED
+
+
+def test_a_flick_too_quick_for_a_drag_leaves_nothing_behind(desktop, start, accessibility_bus):
+    program = start("--demo")
+    open_panel(program, "Files")
+    x, y = resting_place(desktop, "Minutes.odt", "list item")
+    for _ in range(10):
+        # In one go, as they reach a program that is busy for a moment.
+        xtest.fake_input(desktop.display, X.MotionNotify, x=x, y=y)
+        xtest.fake_input(desktop.display, X.ButtonPress, 1)
+        xtest.fake_input(desktop.display, X.MotionNotify, x=x + 60, y=y + 30)
+        xtest.fake_input(desktop.display, X.ButtonRelease, 1)
+        desktop.display.sync()
+        wait_until(lambda: [desktop.geometry(window)[2:]
+                            for window in desktop.windows_of_class("orvelle")
+                            if desktop.is_mapped(window)] == [EXPANDED],
+                   "panel without a dragged picture", program.describe)

@@ -55,7 +55,12 @@ Item {
     }
     DragHandler {
         target: null
-        onActiveChanged: if (active) Qt.callLater(root.view.drag, root.entry.id)
+        // A quick flick is over before the drag begins, which would then wait for a release.
+        function dragOut() {
+            if (active)
+                root.view.drag(root.entry.id);
+        }
+        onActiveChanged: if (active) Qt.callLater(dragOut)
     }
     ContextMenu {
         id: menu

@@ -1,7 +1,5 @@
 #include "Features/Weather/LocationDelegate.h"
 
-#include "Foundation/StandardOutput.h"
-
 namespace orvelle {
 
 void LocationDelegate::didUpdateLocations(LocationManager& manager,
@@ -19,7 +17,7 @@ void LocationDelegate::didChangeAuthorization(LocationManager& manager) {
 }
 
 void LocationDelegate::didFailWithError(LocationManager&, const std::string& description) {
-    printLine("LocationDelegate: " + description);
+    console_.print("LocationDelegate: " + description);
 }
 
 } // namespace orvelle

@@ -5,7 +5,6 @@
 #include "Features/Weather/WeatherExpandedView.h"
 #include "Features/Weather/WeatherRequests.h"
 #include "Features/Weather/WeatherStore.h"
-#include "Foundation/StandardOutput.h"
 #include "Foundation/Url.h"
 #include "Models/Symbol.h"
 #include "Platform/Geocoder.h"
@@ -65,7 +64,7 @@ void WeatherManager::restartTimer() {
 void WeatherManager::setupLocationManager() {
     if (locationManager)
         return;
-    locationDelegate = std::make_unique<LocationDelegate>();
+    locationDelegate = std::make_unique<LocationDelegate>(platform_.console());
     locationDelegate->onLocationUpdate = [this](Coordinate fix) { locationUpdated(fix); };
     locationManager = platform_.locationService().makeLocationManager(*locationDelegate,
                                                                       LocationAccuracy::kilometer);
@@ -114,7 +113,7 @@ void WeatherManager::received(const HttpReply& reply, Coordinate coordinate) {
     const auto response = reply.error ? Decoded<OpenMeteoResponse>{std::nullopt, *reply.error}
                                       : OpenMeteoResponse::decode(reply.body);
     if (!response.record) {
-        printLine("WeatherManager: Fetch failed: " + response.error);
+        platform_.console().print("WeatherManager: Fetch failed: " + response.error);
         isLoading = false;
         return;
     }

@@ -2,18 +2,19 @@
 
 #include "Platform/Console.h"
 
-#include <cstdio>
-#include <string>
+#include <unistd.h>
 
 namespace orvelle {
 
+/// Writes each line at once. Control characters become blanks, so that a text from elsewhere stays
+/// on its line; what nobody reads is lost.
 class StandardConsole : public Console {
 public:
-    void print(std::string_view line) override {
-        const auto text = std::string(line) + '\n';
-        std::fwrite(text.data(), 1, text.size(), stdout); // at once, so that no line is torn
-        std::fflush(stdout);
-    }
+    explicit StandardConsole(int descriptor = STDOUT_FILENO) : descriptor_(descriptor) {}
+    void print(std::string_view line) override;
+
+private:
+    const int descriptor_;
 };
 
 } // namespace orvelle

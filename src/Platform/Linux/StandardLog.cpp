@@ -1,11 +1,11 @@
 #include "Platform/Linux/StandardLog.h"
 
 #include "Foundation/Format.h"
+#include "Platform/Linux/StandardStreams.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdlib>
 
 namespace orvelle {
@@ -86,8 +86,7 @@ void StandardLog::write(std::string_view subsystem, std::string_view category, L
     line += '\n';
 
     const std::lock_guard guard(writing_); // long lines to a pipe could mix otherwise
-    while (::write(descriptor_, line.data(), line.size()) < 0 && errno == EINTR) {
-    }
+    writeOrLose(descriptor_, line);
 }
 
 } // namespace orvelle

@@ -32,9 +32,7 @@ TEST_F(WeatherExpandedViewTest, TheFirstFetchShowsTheSpinnerAndItsFailureTheZero
     manager.refreshWeather();
     EXPECT_TRUE(view.showsLoadingView());
     EXPECT_EQ(view.loadingText().text, "Loading weather...");
-    testing::internal::CaptureStdout();
     platform.httpClientPort.answer(SimulatedHttpClient::failure("No route"));
-    testing::internal::GetCapturedStdout();
     EXPECT_FALSE(view.showsLoadingView());
     EXPECT_EQ(view.temperature().text + view.degreeSign().text, "0°");
     EXPECT_EQ(view.icon().name, "sun.max.fill");
@@ -85,9 +83,7 @@ TEST_F(WeatherExpandedViewTest, ACachedRecordReadsItsStoredAgeAndAFailureLeavesI
     cached.lastLocation = Coordinate{1, 1};
     cached.refreshWeather();
     platform.runLoopPort.advance(120);
-    testing::internal::CaptureStdout();
     platform.httpClientPort.answer(SimulatedHttpClient::failure("No route"));
-    testing::internal::GetCapturedStdout();
     EXPECT_EQ(shown.updatedAgoString(), "Updated 12 min ago");
 }
 

