@@ -282,6 +282,12 @@ class Running:
         self.output.seek(0)
         return "Its words: " + self.output.read()
 
+    def megabytes(self, figure):
+        """A figure of its memory, by the kernel's name: VmRSS for now, VmHWM for the most so far."""
+        status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
+        return next(int(line.split()[1]) / 1024 for line in status.splitlines()
+                    if line.startswith(f"{figure}:"))
+
     def stop(self):
         end_process(self.process)
         self.output.close()

@@ -227,18 +227,12 @@ def test_a_bad_answer_is_told_and_the_old_figures_stay(start_weather, web, name)
     web.answers["/v1/forecast"] = BAD_ANSWERS[name]
     program = start_weather(weather_temperature=55.0, weather_locationName="Lima",
                             weather_cachedLatitude=-12.0)
-    before = megabytes(program, "VmRSS")
+    before = program.megabytes("VmRSS")
     wait_until(lambda: said(program, "WeatherManager: Fetch failed: "), "failure",
                program.describe)
     open_panel(program, "Weather")
     wait_for_label(program, "55")
-    assert megabytes(program, "VmHWM") < before + ENDLESS_MEGABYTES / 2
-
-
-def megabytes(program, what):
-    status = pathlib.Path(f"/proc/{program.process.pid}/status").read_text()
-    return next(int(line.split()[1]) / 1024 for line in status.splitlines()
-                if line.startswith(f"{what}:"))
+    assert program.megabytes("VmHWM") < before + ENDLESS_MEGABYTES / 2
 
 
 # Stocks
