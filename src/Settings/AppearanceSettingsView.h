@@ -12,7 +12,6 @@ public:
 
     /// The id of the row with the button.
     static constexpr std::string_view reset = "resetDefaults";
-    static constexpr double swatchDiameter = 18;
 
     /// Writes every value, so that the keys exist afterwards.
     void resetDefaults();

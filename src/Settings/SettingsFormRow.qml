@@ -126,9 +126,9 @@ Item {
 
             Rectangle {
                 anchors.verticalCenter: parent.verticalCenter
-                width: 18
-                height: 18
-                radius: 9
+                width: FormStyle.swatchDiameter
+                height: width
+                radius: width / 2
                 color: root.entry.color
                 Accessible.role: Accessible.Graphic
                 Accessible.name: root.entry.label

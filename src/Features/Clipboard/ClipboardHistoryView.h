@@ -53,7 +53,6 @@ public:
     static constexpr TextStyle searchStyle{12, FontWeight::regular, colors::white};
     static constexpr Color promptColor = notchTertiary;
     static constexpr std::string_view searchPrompt = "Search clipboard...";
-    static constexpr double emptyStateMinHeight = 80;
     static constexpr Seconds deletionDuration = 0.2; ///< eased out
 
     std::string searchText;

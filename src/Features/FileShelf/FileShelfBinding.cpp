@@ -64,10 +64,6 @@ void FileShelfBinding::refresh() {
     cells_.show(cells);
 }
 
-int FileShelfBinding::columnCount(double width) const {
-    return FileShelfView::columns.count(width);
-}
-
 double FileShelfBinding::columnWidth(double width) const {
     return FileShelfView::columns.columnWidth(width);
 }

@@ -57,7 +57,6 @@ class FileShelfBinding : public Binding {
 
 public:
     double columnSpacing() const { return FileShelfView::columns.spacing; }
-    Q_INVOKABLE int columnCount(double width) const;
     Q_INVOKABLE double columnWidth(double width) const;
 
     // What can be done with the file of this id.

@@ -7,8 +7,6 @@ namespace orvelle {
 /// What the licence of the weather's data asks to be said where the program tells about itself.
 struct WeatherCredit {
     static constexpr std::string_view text = "Weather data by Open-Meteo.com, CC BY 4.0";
-    static constexpr std::string_view url = "https://open-meteo.com/";
-    static constexpr std::string_view licenseUrl = "https://creativecommons.org/licenses/by/4.0/";
 };
 
 } // namespace orvelle

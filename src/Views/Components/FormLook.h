@@ -25,6 +25,7 @@ struct FormLook {
     static constexpr double noteSize = 11;
     static constexpr double cornerRadius = 6;
     static constexpr double groupRadius = 10;
+    static constexpr double swatchDiameter = 18; ///< of the preview of a colour
     static constexpr TextStyle fieldText{12, FontWeight::regular, textColor};
 };
 

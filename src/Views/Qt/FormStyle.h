@@ -30,6 +30,7 @@ class FormStyle : public QObject {
     ORVELLE_CONSTANT(double, noteSize, FormLook)
     ORVELLE_CONSTANT(double, cornerRadius, FormLook)
     ORVELLE_CONSTANT(double, groupRadius, FormLook)
+    ORVELLE_CONSTANT(double, swatchDiameter, FormLook)
     ORVELLE_CONSTANT(orvelle::TextValue, fieldText, FormLook)
 };
 
