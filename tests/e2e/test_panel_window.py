@@ -60,6 +60,21 @@ def test_growing_under_a_resting_pointer_is_no_entry(stage, probe):
     probe.wait_for("entered")
 
 
+def test_a_pointer_that_comes_while_the_panel_appears_enters_it(stage, probe):
+    probe.order("lead 756 16")
+    show(probe)
+    probe.wait_for("entered")
+
+
+def test_appearing_under_a_resting_pointer_is_no_entry(stage, probe):
+    stage.move_pointer(756, 16)
+    show(probe)
+    probe.order("pointer")
+    assert "entered" not in probe.told()
+    stage.move_pointer(757, 16)
+    probe.wait_for("entered")
+
+
 def test_the_mask_follows_the_shape_only_without_a_compositor(openbox, probe):
     show(probe)
     probe.order("shape 8 0 164 32")

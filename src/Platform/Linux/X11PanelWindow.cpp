@@ -116,13 +116,15 @@ void X11PanelWindow::setFrame(const Rect& frame) {
     frame_ = frame;
     const QRect before = window_->geometry();
     const QRect after = ScreenCoordinates::toQt(frame);
+    Point pointer;
     {
         const X11::ServerGrab grab;
+        pointer = ScreenCoordinates::pointer();
         window_->setGeometry(after);
         shape_.translate(before.topLeft() - after.topLeft());
         applyMask();
     }
-    frameSettled();
+    frameSettled(pointer);
 }
 
 void X11PanelWindow::setShapeMask(const QRegion& shape) {
@@ -150,8 +152,9 @@ bool X11PanelWindow::isVisible() const {
 
 void X11PanelWindow::orderFront() {
     if (!window_->isVisible()) {
+        const Point pointer = ScreenCoordinates::pointer();
         window_->show();
-        frameSettled();
+        frameSettled(pointer);
     }
     raise();
 }
@@ -159,7 +162,7 @@ void X11PanelWindow::orderFront() {
 void X11PanelWindow::orderOut() {
     resignKey();
     window_->hide();
-    frameSettled();
+    frameSettled(ScreenCoordinates::pointer());
 }
 
 void X11PanelWindow::makeKey() {
@@ -208,11 +211,11 @@ void X11PanelWindow::report(PointerTracker::Crossing crossing) {
         events.exited();
 }
 
-void X11PanelWindow::frameSettled() {
+void X11PanelWindow::frameSettled(Point pointer) {
     const auto frame = isVisible()
                            ? std::optional(ScreenCoordinates::fromQt(QRectF(window_->geometry())))
                            : std::nullopt;
-    pointer_.frameChanged(frame, ScreenCoordinates::pointer());
+    pointer_.frameChanged(frame, pointer);
 }
 
 void X11PanelWindow::followRivals(bool wanted) {

@@ -53,7 +53,8 @@ private:
     void pointerOutside();
     void answerDrag(QDropEvent& event) const;
     void report(PointerTracker::Crossing crossing);
-    void frameSettled();
+    /// `pointer` is where it was just before the change: it may already be on its way in.
+    void frameSettled(Point pointer);
     void followRivals(bool wanted);
     void handle(const xcb_generic_event_t& event);
     void raise();

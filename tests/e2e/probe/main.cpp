@@ -8,6 +8,7 @@
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QSocketNotifier>
 
 #include <unistd.h>
@@ -97,6 +98,15 @@ private:
          }},
         {"front", [this](auto&) { panel_->orderFront(); }},
         {"out", [this](auto&) { panel_->orderOut(); }},
+        {"lead",
+         [this](auto& words) {
+             int x = 0;
+             int y = 0;
+             words >> x >> y;
+             QObject::connect(
+                 &panel_->quickWindow(), &QWindow::visibilityChanged, &panel_->quickWindow(),
+                 [x, y] { QCursor::setPos(x, y); }, Qt::SingleShotConnection);
+         }},
         {"key", [this](auto&) { panel_->makeKey(); }},
         {"resign", [this](auto&) { panel_->resignKey(); }},
         {"screens", [this](auto&) { tellScreens(); }},
