@@ -46,6 +46,15 @@ TEST_F(ContextMenuTest, thePanelOffersTheSettings) {
     EXPECT_EQ(openMenu(), nullptr);
 }
 
+TEST_F(ContextMenuTest, aTitleKeepsOffTheEdgeOfItsLine) {
+    show(ActivePanel::time);
+    rightPress({283, 100});
+    ASSERT_NE(openMenu(), nullptr);
+    const auto* caption = item(openMenu()->contentItem(), "caption");
+    ASSERT_NE(caption, nullptr);
+    EXPECT_EQ(caption->x(), 10);
+}
+
 TEST_F(ContextMenuTest, thePanelsOwnMenuComesBeforeThePanels) {
     show(ActivePanel::battery);
     rightPress({283, 140});

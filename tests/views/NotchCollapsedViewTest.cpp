@@ -97,6 +97,7 @@ TEST_F(NotchCollapsedViewTest, widgetsOfARowDoNotOverlap) {
 TEST_F(NotchCollapsedViewTest, separatorsStandBetweenWidgetsOnly) {
     hideAll();
     place("time", HoverWidgetPosition::bottomRow);
+    place("weather", HoverWidgetPosition::bottomRow); // has no place name, so shows nothing
     show(NotchExpandedState::hovering);
     EXPECT_EQ(item("separator"), nullptr);
     place("battery", HoverWidgetPosition::bottomRow);
@@ -105,6 +106,17 @@ TEST_F(NotchCollapsedViewTest, separatorsStandBetweenWidgetsOnly) {
     ASSERT_NE(separator, nullptr);
     EXPECT_EQ(separator->size(), QSizeF(1, 10));
     EXPECT_EQ(separator->property("color").value<QColor>().rgba(), qRgba(255, 255, 255, 38));
+}
+
+TEST_F(NotchCollapsedViewTest, aWingWidgetWithoutContentLeavesNoGap) {
+    hideAll();
+    place("battery", HoverWidgetPosition::rightWing);
+    show(NotchExpandedState::hovering);
+    const auto alone = frameOf("widget.battery");
+    place("weather", HoverWidgetPosition::rightWing); // before it, and without content
+    settle();
+    EXPECT_EQ(item("widget.weather"), nullptr);
+    EXPECT_EQ(frameOf("widget.battery"), alone);
 }
 
 TEST_F(NotchCollapsedViewTest, noBottomRowWithoutItsContent) {

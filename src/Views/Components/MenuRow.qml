@@ -6,7 +6,6 @@ Rectangle {
     id: root
 
     property string title
-    property string symbol
     property bool isChecked
     property bool isHighlighted
     property bool isDestructive
@@ -23,19 +22,10 @@ Rectangle {
     Accessible.checked: isChecked
     Accessible.onPressAction: picked()
 
-    Loader {
-        x: 8
-        active: root.symbol !== ""
-        anchors.verticalCenter: parent.verticalCenter
-        sourceComponent: Symbol {
-            name: root.symbol
-            size: 11
-            color: Style.textColor
-        }
-    }
     Text {
         id: caption
-        x: 10 + root.indent
+        objectName: "caption"
+        x: 10
         anchors.verticalCenter: parent.verticalCenter
         text: root.title
         textFormat: Text.PlainText

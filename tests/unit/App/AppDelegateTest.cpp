@@ -58,8 +58,11 @@ TEST_F(AppDelegateTest, AFirstLaunchBringsUpNothingButStatusItemUpdateCheckerAnd
     EXPECT_EQ(views.onboarding.description.contentSize, (Size{480, 380}));
     EXPECT_EQ(platform.applicationPort.policies, (Policies{accessory, regular}));
     EXPECT_EQ(app.notchWindowController, nullptr);
-    EXPECT_FALSE(app.batteryManager.updateTimer);
-    EXPECT_FALSE(app.timeManager.timer);
+    EXPECT_EQ(platform.httpClientPort.requests.size(), 1u) << "the update checker's";
+    EXPECT_TRUE(app.updateChecker.timer);
+    EXPECT_EQ(featureTimers(), 0u);
+    EXPECT_TRUE(platform.nowPlayingPort.registrations.empty());
+    EXPECT_EQ(platform.userNotificationsPort.authorizationRequests, 0);
     EXPECT_EQ(defaults().storedBoolean("hasCompletedOnboarding"), std::nullopt);
 }
 
