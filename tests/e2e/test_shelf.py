@@ -2,6 +2,7 @@
 
 import json
 import pathlib
+import socket
 import subprocess
 import threading
 import time
@@ -270,7 +271,10 @@ def test_copied_files_are_pasted_onto_the_shelf(openbox, start, files, shelf, ac
     copier = openbox.spawn(["xclip", "-selection", "clipboard", "-t", "text/uri-list"],
                            stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
                            stderr=subprocess.DEVNULL)
-    copier.stdin.write("".join(file.as_uri() + "\r\n" for file in files).encode())
+    # Old programs write the machine's name into the address.
+    machine = "file://" + socket.gethostname()
+    copied = [files[0].as_uri().replace("file://", machine), *(file.as_uri() for file in files[1:])]
+    copier.stdin.write("".join(address + "\r\n" for address in copied).encode())
     copier.stdin.close()
     open_panel(program, "Files")
     program.wait_until_still()

@@ -1,8 +1,6 @@
 #include "Platform/Linux/X11FileDrag.h"
 
-#include "Foundation/FileURL.h"
-
-#include <unistd.h>
+#include "Platform/Linux/UriList.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,11 +10,6 @@ namespace orvelle {
 namespace {
 
 constexpr const char* selectionName = "XdndSelection";
-
-std::string hostName() {
-    char name[256] = {};
-    return gethostname(name, sizeof name - 1) == 0 ? name : "";
-}
 
 /// Whether the drag that the message announces offers the type of file lists. Three types fit into
 /// the message; where there are more, a property of the source holds them all.
@@ -79,7 +72,7 @@ void X11FileDrag::entered(const xcb_client_message_event_t& message) {
 void X11FileDrag::moved(xcb_timestamp_t time) {
     if (isAnnounced_)
         destination_->draggingUpdated();
-    else if (mayBeTaken && !isReading_)
+    else if (mayBeTaken && !reader_.isReading())
         read(time);
 }
 
@@ -101,17 +94,15 @@ void X11FileDrag::dropped(xcb_timestamp_t time) {
 }
 
 void X11FileDrag::read(xcb_timestamp_t time) {
-    isReading_ = true;
     reader_.read(X11::atom(selectionName), X11::atom(draggedFileType), time,
                  [this](const std::optional<std::string>& uriList) { adopt(uriList); });
 }
 
 void X11FileDrag::adopt(const std::optional<std::string>& uriList) {
-    isReading_ = false;
     if (!uriList && !isDropped_)
         return; // asked again with the next move
     if (uriList)
-        files_ = FileURL::list(*uriList, hostName());
+        files_ = filesOf(*uriList);
     setMayBeTaken(files_ && !files_->empty());
     if (mayBeTaken && !isAnnounced_) {
         isAnnounced_ = true;
@@ -132,7 +123,7 @@ void X11FileDrag::perform() {
 void X11FileDrag::reset() {
     reader_.cancel();
     source_ = XCB_WINDOW_NONE;
-    isReading_ = isDropped_ = isAnnounced_ = false;
+    isDropped_ = isAnnounced_ = false;
     files_.reset();
     setMayBeTaken(false);
 }

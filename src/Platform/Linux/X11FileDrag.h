@@ -39,7 +39,6 @@ private:
     DraggingDestination* destination_ = nullptr;
     X11SelectionReader reader_;
     xcb_window_t source_ = XCB_WINDOW_NONE;
-    bool isReading_ = false;   ///< the source was asked and has not answered
     bool isDropped_ = false;   ///< the answer is all that is missing
     bool isAnnounced_ = false; ///< the destination was told of the drag
     std::optional<std::vector<std::string>> files_;

@@ -1,7 +1,7 @@
 #include "Platform/Linux/X11Pasteboard.h"
 
-#include "Foundation/FileURL.h"
 #include "Platform/DraggingDestination.h"
+#include "Platform/Linux/UriList.h"
 #include "Platform/Linux/X11Connection.h"
 #include "Platform/Qt/FileMimeData.h"
 
@@ -115,7 +115,7 @@ Subscription X11Pasteboard::readFiles(FileReading done) {
     fileReader_->read(X11::atom(selectionName), X11::atom(draggedFileType), XCB_CURRENT_TIME,
                       [isWanted, done = std::move(done)](const auto& uriList) {
                           if (*isWanted)
-                              done(uriList ? FileURL::list(*uriList) : std::vector<std::string>());
+                              done(uriList ? filesOf(*uriList) : std::vector<std::string>());
                       });
     return Subscription([isWanted] { *isWanted = false; });
 }

@@ -29,6 +29,8 @@ public:
     /// `time` is that of the event that is the reason to ask. `done` is called after this returns.
     void read(xcb_atom_t selection, xcb_atom_t target, xcb_timestamp_t time, Done done);
     void cancel();
+    /// From `read` until just before `done` is called.
+    bool isReading() const { return done_ != nullptr; }
 
 private:
     void handle(const xcb_generic_event_t& event);
