@@ -143,6 +143,17 @@ TEST_F(IcalEventStoreTest, FoldersThatMayNotBeReadAreARefusal) {
     std::filesystem::permissions(home / ".calendars", std::filesystem::perms::owner_all);
 }
 
+TEST_F(IcalEventStoreTest, WithoutAccessWhatWasReadBeforeIsNotTold) {
+    if (geteuid() == 0)
+        GTEST_SKIP() << "root may read everything";
+    home.write(".calendars/a/a.ics", presentEvent("A"));
+    observe();
+    ASSERT_TRUE(comeToShow({"A"}));
+    std::filesystem::permissions(home / ".calendars", std::filesystem::perms::none);
+    EXPECT_EQ(titles(), Titles{});
+    std::filesystem::permissions(home / ".calendars", std::filesystem::perms::owner_all);
+}
+
 TEST_F(IcalEventStoreTest, ARequestIsAnsweredLater) {
     std::optional<bool> granted;
     const auto request = store.requestFullAccess([&](bool answer) { granted = answer; });

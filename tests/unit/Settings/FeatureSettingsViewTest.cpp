@@ -105,6 +105,22 @@ TEST_F(FeatureSettingsViewTest, ASwitchStopsAndStartsItsFeature) {
     EXPECT_TRUE(app.batteryManager.isEnabled);
 }
 
+TEST_F(FeatureSettingsViewTest, NoFeatureThatIsOffHasIndentedRows) {
+    switchEverythingOn();
+    page.slide("clipboardMaxItems", 31);
+    page.slide("pomodoroWorkMinutes", 40);
+    page.flip("sysMonCPU", false);
+    const auto shown = page.rows.get();
+    for (const auto& each : shown)
+        if (each.kind == Kind::toggle && each.indent == 0)
+            page.flip(each.id, false);
+    for (const auto& each : page.rows.get())
+        EXPECT_EQ(each.indent, 0) << each.id;
+    EXPECT_EQ(defaults().integer("clipboardMaxItems"), 31);
+    EXPECT_EQ(defaults().integer("pomodoroWorkMinutes"), 40);
+    EXPECT_FALSE(defaults().boolean("sysMonCPU"));
+}
+
 TEST_F(FeatureSettingsViewTest, ValuesThatDoNotFitShowTheNearestOrTheDefault) {
     switchEverythingOn();
     defaults().set("clipboardMaxItems", 1000000.0);

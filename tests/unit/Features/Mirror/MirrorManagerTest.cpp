@@ -78,6 +78,22 @@ TEST_F(MirrorManagerTest, ARefusalShowsThePermissionView) {
     EXPECT_EQ(camera.accessRequests, 0);
 }
 
+TEST_F(MirrorManagerTest, ARefusalAfterAGrantShowsThePermissionView) {
+    for (const auto status : {Status::denied, Status::restricted}) {
+        camera.status = Status::authorized;
+        manager.startSession();
+        manager.stopSession();
+        runPosted();
+        EXPECT_TRUE(manager.hasPermission);
+        camera.status = status;
+        manager.startSession();
+        runPosted();
+        EXPECT_FALSE(manager.hasPermission);
+        EXPECT_FALSE(manager.isSessionRunning);
+        EXPECT_FALSE(view.showsPreview());
+    }
+}
+
 TEST_F(MirrorManagerTest, AccessGrantedByThePromptStartsTheSession) {
     camera.status = Status::notDetermined;
     manager.startSession();

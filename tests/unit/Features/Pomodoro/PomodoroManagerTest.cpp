@@ -49,9 +49,9 @@ TEST_F(PomodoroManagerTest, APauseAt12Minutes30AndAResumeAnHourLaterEnds12Minute
 TEST_F(PomodoroManagerTest, AfterFourSessionsTheNextPhaseIsALongBreakAfterTheFifthAShortOne) {
     for (int session = 1; session <= 3; ++session) {
         completePhase();
-        EXPECT_EQ(state().phase, session == 1 ? Phase::shortBreak : state().phase);
-        if (state().phase != Phase::work)
-            completePhase();
+        expectPhase(Phase::shortBreak, 5, false);
+        completePhase();
+        expectPhase(Phase::work, 25, false);
     }
     EXPECT_EQ(state().sessionsCompleted, 3);
     completePhase();

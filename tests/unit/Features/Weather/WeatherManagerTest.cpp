@@ -87,6 +87,7 @@ TEST_F(WeatherManagerTest, WithTwoSavedPlacesPreviousFrom0Gives2) {
 TEST_F(WeatherManagerTest, RemovingTheOnlySavedPlaceWhileItIsShownGoesTo0WithoutARefresh) {
     save(1);
     manager().cycleToNextLocation();
+    manager().lastLocation = paris; // a refresh would ask for it
     const auto requests = http.requests.size();
     manager().removeLocation(0);
     EXPECT_EQ(manager().currentLocationIndex, 0u);
