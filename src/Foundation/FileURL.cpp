@@ -1,5 +1,7 @@
 #include "Foundation/FileURL.h"
 
+#include "Foundation/PercentEncoding.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -8,7 +10,6 @@ namespace orvelle::FileURL {
 namespace {
 
 constexpr std::string_view scheme = "file:";
-constexpr std::string_view digits = "0123456789ABCDEF";
 
 char lowered(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
@@ -18,14 +19,8 @@ bool equalIgnoringCase(std::string_view left, std::string_view right) {
     return std::ranges::equal(left, right, {}, lowered, lowered);
 }
 
-/// What stands for itself in a path: the unreserved characters of RFC 3986 and the separator.
-bool standsForItself(char letter) {
-    constexpr std::string_view others = "-._~/";
-    return (lowered(letter) >= 'a' && lowered(letter) <= 'z') || (letter >= '0' && letter <= '9') ||
-           others.find(letter) != others.npos;
-}
-
 std::optional<int> hexadecimal(char digit) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
     const auto value =
         digits.find(digit >= 'a' && digit <= 'f' ? static_cast<char>(digit - 32) : digit);
     return value == digits.npos ? std::nullopt : std::optional(static_cast<int>(value));
@@ -53,16 +48,7 @@ std::optional<std::string> unescaped(std::string_view text) {
 } // namespace
 
 std::string ofPath(std::string_view path) {
-    std::string url = "file://";
-    for (const char letter : path) {
-        if (standsForItself(letter)) {
-            url += letter;
-            continue;
-        }
-        const auto byte = static_cast<unsigned char>(letter);
-        url += {'%', digits[byte >> 4], digits[byte & 15]};
-    }
-    return url;
+    return "file://" + percentEncoded(path, "/");
 }
 
 std::optional<std::string> path(std::string_view url, std::string_view hostName) {

@@ -53,18 +53,4 @@ std::string statusText(CameraAuthorizationStatus status) {
     return unknown;
 }
 
-bool isDenied(LocationAuthorization status) {
-    return status == LocationAuthorization::denied || status == LocationAuthorization::restricted;
-}
-
-bool isDenied(EventAuthorizationStatus status) {
-    return status == EventAuthorizationStatus::denied ||
-           status == EventAuthorizationStatus::restricted;
-}
-
-bool isDenied(CameraAuthorizationStatus status) {
-    return status == CameraAuthorizationStatus::denied ||
-           status == CameraAuthorizationStatus::restricted;
-}
-
 } // namespace orvelle

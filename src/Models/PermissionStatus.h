@@ -15,9 +15,10 @@ std::string statusText(CameraAuthorizationStatus status);
 
 inline const std::string grantedStatusText = "Granted";
 
-// Whether only the desktop's own settings can still give it.
-bool isDenied(LocationAuthorization status);
-bool isDenied(EventAuthorizationStatus status);
-bool isDenied(CameraAuthorizationStatus status);
+/// Whether only the desktop's own settings can still give it.
+template <class Status>
+bool isDenied(Status status) {
+    return status == Status::denied || status == Status::restricted;
+}
 
 } // namespace orvelle

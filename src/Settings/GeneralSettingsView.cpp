@@ -5,8 +5,8 @@
 #include "Foundation/Format.h"
 #include "Models/NotchState.h"
 #include "Models/Symbol.h"
-#include "Platform/LoginItem.h"
 #include "Platform/Workspace.h"
+#include "Settings/LaunchAtLogin.h"
 
 #include <utility>
 
@@ -122,9 +122,7 @@ void GeneralSettingsView::setOn(std::string_view id, bool on) {
 }
 
 void GeneralSettingsView::updateLaunchAtLogin(bool enabled) {
-    auto& item = platform_.loginItem();
-    if (enabled ? item.enroll() : item.withdraw())
-        defaults_.set(Settings::launchAtLogin.name, enabled);
+    setLaunchAtLogin(platform_, enabled);
     refresh(); // also when nothing changed, so that the switch goes back
 }
 

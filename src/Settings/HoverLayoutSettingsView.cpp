@@ -27,19 +27,12 @@ std::string_view HoverLayoutSettingsView::zoneName(HoverWidgetPosition zone) {
     return "Bottom Row";
 }
 
-std::vector<HoverLayoutSettingsView::ZoneSection> HoverLayoutSettingsView::sections() const {
-    std::vector<ZoneSection> sections;
-    for (const auto zone : allHoverWidgetPositions)
-        sections.push_back(zoneSection(zone));
-    return sections;
-}
-
-HoverLayoutSettingsView::ZoneSection
-HoverLayoutSettingsView::zoneSection(HoverWidgetPosition zone) const {
-    ZoneSection section{zone, zoneName(zone), {}};
+std::vector<HoverLayoutSettingsView::WidgetRow>
+HoverLayoutSettingsView::rows(HoverWidgetPosition zone) const {
+    std::vector<WidgetRow> rows;
     for (const auto& placement : manager_.allWidgetsFor(zone))
-        section.rows.push_back(widgetRow(placement));
-    return section;
+        rows.push_back(widgetRow(placement));
+    return rows;
 }
 
 HoverLayoutSettingsView::WidgetRow

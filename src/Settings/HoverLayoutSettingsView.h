@@ -24,11 +24,6 @@ public:
         bool isVisible = true;
         bool operator==(const WidgetRow&) const = default;
     };
-    struct ZoneSection {
-        HoverWidgetPosition zone = HoverWidgetPosition::leftWing;
-        std::string_view name;
-        std::vector<WidgetRow> rows; ///< when empty, `emptyText` stands instead
-    };
 
     static constexpr std::string_view title = "Hover Bar Widgets";
     static constexpr std::string_view explanation =
@@ -45,8 +40,8 @@ public:
 
     static std::string_view zoneName(HoverWidgetPosition zone);
 
-    std::vector<ZoneSection> sections() const;
-    ZoneSection zoneSection(HoverWidgetPosition zone) const;
+    /// When empty, `emptyText` stands instead.
+    std::vector<WidgetRow> rows(HoverWidgetPosition zone) const;
 
     /// Moves a row of a zone so that it stands at the position `to` among the zone's rows.
     void move(HoverWidgetPosition zone, std::size_t from, std::size_t to);

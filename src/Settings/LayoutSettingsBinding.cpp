@@ -28,7 +28,7 @@ void HoverLayoutSettingsBinding::refresh() {
     show_accentColor(toQt(theme_->accentColor()));
     const auto values = [this](HoverWidgetPosition zone) {
         std::vector<WidgetRowValue> shown;
-        for (const auto& row : view_->zoneSection(zone).rows)
+        for (const auto& row : view_->rows(zone))
             shown.push_back({QString::fromStdString(row.id), toQt(row.symbol), toQt(row.name),
                              toQt(rawValue(row.zone)), row.isVisible});
         return shown;

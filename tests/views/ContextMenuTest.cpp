@@ -59,7 +59,7 @@ TEST_F(ContextMenuTest, thePanelsOwnMenuComesBeforeThePanels) {
     show(ActivePanel::battery);
     rightPress({283, 140});
     ASSERT_NE(openMenu(), nullptr);
-    EXPECT_EQ(openMenu()->property("entries").value<MenuValue>().titles(),
+    EXPECT_EQ(titlesOf(openMenu()->property("entries").value<MenuValue>()),
               QStringList({"Lock Screen", "Sleep Display", "Energy Settings..."}));
     turn();
     press(Qt::Key_Down);
@@ -76,7 +76,7 @@ TEST_F(ContextMenuTest, theMenuKeyOpensThePanelsMenu) {
     show(ActivePanel::battery);
     KeyboardWalk(window).press(Qt::Key_Menu);
     ASSERT_NE(openMenu(), nullptr);
-    EXPECT_EQ(openMenu()->property("entries").value<MenuValue>().titles().first(), "Lock Screen");
+    EXPECT_EQ(titlesOf(openMenu()->property("entries").value<MenuValue>()).first(), "Lock Screen");
     press(Qt::Key_Escape);
     media.currentMedia.update([](MediaInfo& info) {
         info.title = "A Tone";
@@ -86,7 +86,7 @@ TEST_F(ContextMenuTest, theMenuKeyOpensThePanelsMenu) {
     show(ActivePanel::media);
     KeyboardWalk(window).press(Qt::Key_F10, Qt::ShiftModifier);
     ASSERT_NE(openMenu(), nullptr);
-    EXPECT_EQ(openMenu()->property("entries").value<MenuValue>().titles(),
+    EXPECT_EQ(titlesOf(openMenu()->property("entries").value<MenuValue>()),
               QStringList("Open in Music"));
 }
 

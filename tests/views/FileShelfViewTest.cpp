@@ -124,7 +124,7 @@ TEST_F(FileShelfPanelTest, theContextMenuComesWithTheRightButton) {
     mouse(QEvent::MouseButtonRelease, at, Qt::RightButton);
     turn();
     ASSERT_NE(openMenu(), nullptr);
-    EXPECT_EQ(openMenu()->property("entries").value<MenuValue>().titles(),
+    EXPECT_EQ(titlesOf(openMenu()->property("entries").value<MenuValue>()),
               QStringList({"Open", "Show in Finder", "Copy", "Share...", "Remove"}));
     picture("shelf-menu", *openMenu());
     openMenu()->property("entries").value<MenuValue>().perform(4);

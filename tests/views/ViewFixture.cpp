@@ -69,6 +69,13 @@ QString ViewFixture::textOf(QQuickItem* top, const QString& objectName) {
     return found ? found->property("text").toString() : QStringLiteral("<no item>");
 }
 
+QStringList ViewFixture::titlesOf(const MenuValue& menu) {
+    QStringList titles;
+    for (const auto& entry : menu.entries)
+        titles.append(QString::fromStdString(entry.title));
+    return titles;
+}
+
 QRectF ViewFixture::frameOf(const QString& objectName) const {
     const auto* found = item(objectName);
     return found ? found->mapRectToScene(found->boundingRect()) : QRectF();

@@ -20,10 +20,12 @@
 #include "Features/Weather/WeatherManager.h"
 #include "Models/NotchState.h"
 #include "Platform/Simulated/SimulatedPlatform.h"
+#include "Views/Qt/MenuValue.h"
 #include "Views/Qt/QtViewHost.h"
 
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QStringList>
 
 #include <gtest/gtest.h>
 
@@ -55,6 +57,7 @@ protected:
     static QQuickItem* item(QQuickItem* top, const QString& objectName);
     QString textOf(const QString& objectName) const { return textOf(root, objectName); }
     static QString textOf(QQuickItem* top, const QString& objectName);
+    static QStringList titlesOf(const MenuValue& menu);
     QRectF frameOf(const QString& objectName) const;
     void click(const QString& objectName);
     /// The left button, at a point of the window.

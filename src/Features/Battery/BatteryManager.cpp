@@ -1,6 +1,7 @@
 #include "Features/Battery/BatteryManager.h"
 
 #include "Foundation/Format.h"
+#include "Foundation/KeyedValue.h"
 #include "Models/Symbol.h"
 #include "Platform/PowerSources.h"
 
@@ -11,19 +12,10 @@ namespace orvelle {
 
 namespace {
 
-/// None for a missing key and for a value of another type.
-template <class T>
-std::optional<T> read(const PowerSourceDescription& source, std::string_view key) {
-    if (const auto found = source.find(key); found != source.end())
-        if (const auto* value = std::get_if<T>(&found->second))
-            return *value;
-    return std::nullopt;
-}
-
 /// 0 while neither time is known.
 std::int64_t minutesRemaining(const PowerSourceDescription& source) {
     for (const auto* key : {"Time to Empty", "Time to Full Charge"})
-        if (const auto minutes = read<std::int64_t>(source, key); minutes && *minutes > 0)
+        if (const auto minutes = keyedValue<std::int64_t>(source, key); minutes && *minutes > 0)
             return *minutes;
     return 0;
 }
@@ -43,16 +35,16 @@ void BatteryManager::start() {
 void BatteryManager::updateBatteryInfo() {
     const auto sources = platform_.powerSources().snapshot();
     const auto source = sources && !sources->empty() ? sources->front() : std::nullopt;
-    hasBattery = source && read<std::string>(*source, "Type") == "InternalBattery";
+    hasBattery = source && keyedValue<std::string>(*source, "Type") == "InternalBattery";
     if (!hasBattery) {
         isPluggedIn = true;
         return;
     }
-    if (const auto percent = read<std::int64_t>(*source, "Current Capacity"))
+    if (const auto percent = keyedValue<std::int64_t>(*source, "Current Capacity"))
         batteryLevel = *percent;
-    if (const auto charging = read<bool>(*source, "Is Charging"))
+    if (const auto charging = keyedValue<bool>(*source, "Is Charging"))
         isCharging = *charging;
-    if (const auto state = read<std::string>(*source, "Power Source State"))
+    if (const auto state = keyedValue<std::string>(*source, "Power Source State"))
         isPluggedIn = *state == "AC Power";
     timeRemaining = minutesRemaining(*source);
 }

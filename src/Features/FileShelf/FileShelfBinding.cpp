@@ -31,9 +31,7 @@ std::unique_ptr<QMimeData> mimeData(const FileShelfView::ItemProvider& item) {
 }
 
 QPixmap pixmapFrom(const Image& picture, double devicePixelRatio) {
-    const QImage pixels(picture.pixels(), picture.width(), picture.height(),
-                        QImage::Format_RGBA8888);
-    auto pixmap = QPixmap::fromImage(pixels);
+    auto pixmap = QPixmap::fromImage(sharedImage(picture));
     pixmap.setDevicePixelRatio(devicePixelRatio);
     return pixmap;
 }

@@ -83,17 +83,12 @@ void MediaManager::setupNotificationObservers() {
         [this](const auto& userInfo) { spotifyDistributedNotification(userInfo); }));
 }
 
-void MediaManager::startTimer(Timer& timer, Seconds interval, void (MediaManager::*tick)()) {
-    timer.reset();
-    timer = platform_.runLoop().every(interval, [this, tick] { (this->*tick)(); });
-}
-
 void MediaManager::startPollingTimer() {
-    startTimer(pollingTimer_, pollingInterval, &MediaManager::fetchNowPlayingInfo);
+    pollingTimer_ = platform_.runLoop().every(pollingInterval, [this] { fetchNowPlayingInfo(); });
 }
 
 void MediaManager::startElapsedTimer() {
-    startTimer(elapsedTimer_, elapsedInterval, &MediaManager::updateElapsedTime);
+    elapsedTimer_ = platform_.runLoop().every(elapsedInterval, [this] { updateElapsedTime(); });
 }
 
 void MediaManager::followPosition(bool isPlaying) {

@@ -65,7 +65,6 @@ private:
 
     void loadMediaRemoteFramework();
     void setupNotificationObservers();
-    void startTimer(Timer& timer, Seconds interval, void (MediaManager::*tick)());
     void startPollingTimer();
     void startElapsedTimer();
     /// Runs the elapsed timer anew while something plays, and ends it otherwise.

@@ -2,31 +2,18 @@
 #include "Features/Media/MediaScripts.h"
 #include "Features/Media/MediaTime.h"
 #include "Foundation/Format.h"
+#include "Foundation/KeyedValue.h"
 #include "Platform/ImageCodec.h"
 #include "Platform/RunningApplications.h"
 #include "Platform/ScriptExecutor.h"
 #include "Platform/Workspace.h"
-
-#include <utility>
 
 namespace orvelle {
 
 namespace {
 
 std::string textOf(const NotificationUserInfo& info, std::string_view key) {
-    const auto found = info.find(key);
-    const auto* text = found == info.end() ? nullptr : std::get_if<std::string>(&found->second);
-    return text ? *text : std::string();
-}
-
-double numberOf(const NotificationUserInfo& info, std::string_view key) {
-    const auto found = info.find(key);
-    if (found == info.end())
-        return 0;
-    if (const auto* whole = std::get_if<std::int64_t>(&found->second))
-        return static_cast<double>(*whole);
-    const auto* real = std::get_if<double>(&found->second);
-    return real ? *real : 0;
+    return keyedValue<std::string>(info, key).value_or("");
 }
 
 AppleScriptMediaInfo spotifyInfo(const NotificationUserInfo& info, const std::string& state) {
@@ -34,8 +21,8 @@ AppleScriptMediaInfo spotifyInfo(const NotificationUserInfo& info, const std::st
     return {.title = textOf(info, "Name"),
             .artist = textOf(info, "Artist"),
             .album = textOf(info, "Album"),
-            .duration = mediaTime(numberOf(info, "Duration") / millisecondsPerSecond),
-            .elapsed = mediaTime(numberOf(info, "Playback Position")),
+            .duration = mediaTime(keyedNumber(info, "Duration") / millisecondsPerSecond),
+            .elapsed = mediaTime(keyedNumber(info, "Playback Position")),
             .isPlaying = state == "Playing",
             .bundleID = std::string(MediaScripts::spotify),
             .appName = "Spotify",

@@ -100,31 +100,10 @@ Item {
                     width: 140
                     anchors.verticalCenter: parent.verticalCenter
                 }
-                Row {
+                TransportButtons {
                     anchors.centerIn: parent
                     spacing: view.transportSpacing
-
-                    SymbolButton {
-                        objectName: "previousButton"
-                        anchors.verticalCenter: parent.verticalCenter
-                        name: qsTr("Previous Track")
-                        content: view.previousButton
-                        onClicked: view.previousTrack()
-                    }
-                    SymbolButton {
-                        objectName: "playButton"
-                        anchors.verticalCenter: parent.verticalCenter
-                        name: view.playName
-                        content: view.playButton
-                        onClicked: view.playPause()
-                    }
-                    SymbolButton {
-                        objectName: "nextButton"
-                        anchors.verticalCenter: parent.verticalCenter
-                        name: qsTr("Next Track")
-                        content: view.nextButton
-                        onClicked: view.nextTrack()
-                    }
+                    buttons: view
                 }
                 AudioOutputPicker {
                     objectName: "outputPicker"

@@ -7,8 +7,6 @@
 #include "Platform/ScriptExecutor.h"
 #include "Platform/UrlData.h"
 
-#include <utility>
-
 namespace orvelle::MediaScripts {
 
 const std::string spotifyRead = R"(tell application "System Events"

@@ -101,26 +101,10 @@ Item {
                         enabled: view.loveButton.isEnabled
                         onClicked: view.toggleLove()
                     }
-                    SymbolButton {
-                        objectName: "previousButton"
+                    TransportButtons {
                         anchors.verticalCenter: parent.verticalCenter
-                        name: qsTr("Previous Track")
-                        content: view.previousButton
-                        onClicked: view.previousTrack()
-                    }
-                    SymbolButton {
-                        objectName: "playButton"
-                        anchors.verticalCenter: parent.verticalCenter
-                        name: view.playName
-                        content: view.playButton
-                        onClicked: view.playPause()
-                    }
-                    SymbolButton {
-                        objectName: "nextButton"
-                        anchors.verticalCenter: parent.verticalCenter
-                        name: qsTr("Next Track")
-                        content: view.nextButton
-                        onClicked: view.nextTrack()
+                        spacing: parent.spacing
+                        buttons: view
                     }
                     AudioOutputPicker {
                         objectName: "outputPicker"

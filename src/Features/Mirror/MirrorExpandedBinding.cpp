@@ -4,20 +4,6 @@
 
 namespace orvelle {
 
-namespace {
-
-/// Shares the pixels.
-QImage toQt(const std::optional<Image>& image) {
-    if (!image || !image->pixels())
-        return {};
-    return QImage(
-        image->pixels(), image->width(), image->height(), image->width() * 4,
-        QImage::Format_RGBA8888, [](void* owner) { delete static_cast<Image*>(owner); },
-        new Image(*image));
-}
-
-} // namespace
-
 MirrorExpandedBinding::~MirrorExpandedBinding() {
     setOnScreen(false);
 }
@@ -31,15 +17,15 @@ void MirrorExpandedBinding::attach(const ViewEnvironment& environment) {
 
 void MirrorExpandedBinding::refresh() {
     show_showsPreview(view_->showsPreview());
-    show_frame(toQt(manager_->latestFrame.get()));
+    show_frame(sharedImage(manager_->latestFrame->value_or(Image())));
     show_horizontalScale(view_->horizontalScale());
-    show_startingText(orvelle::toQt(view_->startingText()));
-    show_toggleSymbol(orvelle::toQt(view_->toggleSymbol()));
-    show_toggleHelp(orvelle::toQt(view_->toggleHelp()));
-    show_permissionSymbol(orvelle::toQt(view_->permissionSymbol()));
-    show_permissionTitle(orvelle::toQt(view_->permissionTitle()));
-    show_permissionText(orvelle::toQt(view_->permissionText()));
-    show_settingsButton(orvelle::toQt(view_->settingsButton()));
+    show_startingText(toQt(view_->startingText()));
+    show_toggleSymbol(toQt(view_->toggleSymbol()));
+    show_toggleHelp(toQt(view_->toggleHelp()));
+    show_permissionSymbol(toQt(view_->permissionSymbol()));
+    show_permissionTitle(toQt(view_->permissionTitle()));
+    show_permissionText(toQt(view_->permissionText()));
+    show_settingsButton(toQt(view_->settingsButton()));
 }
 
 void MirrorExpandedBinding::setOnScreen(bool isOnScreen) {

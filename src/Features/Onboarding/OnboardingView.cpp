@@ -3,10 +3,9 @@
 #include "Features/Theme/ThemeManager.h"
 #include "Models/PermissionStatus.h"
 #include "Models/Symbol.h"
-#include "Platform/LoginItem.h"
 #include "Platform/UserDefaults.h"
 #include "Platform/Workspace.h"
-#include "Settings/SettingsKeys.h"
+#include "Settings/LaunchAtLogin.h"
 
 #include <utility>
 
@@ -238,11 +237,7 @@ void OnboardingView::openAutomationSettings() {
 }
 
 void OnboardingView::updateLaunchAtLogin(bool enabled) {
-    auto& item = platform_.loginItem();
-    const bool isDone = enabled ? item.enroll() : item.withdraw();
-    if (isDone)
-        platform_.userDefaults().set(Settings::launchAtLogin.name, enabled);
-    launchAtLogin = isDone ? enabled : !enabled;
+    launchAtLogin = setLaunchAtLogin(platform_, enabled) ? enabled : !enabled;
 }
 
 } // namespace orvelle

@@ -1,12 +1,11 @@
 #include "Platform/Linux/CalendarFolders.h"
 
+#include "Platform/Linux/BaseFolders.h"
 #include "Platform/Linux/SmallFile.h"
 
-#include <pwd.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string_view>
@@ -16,18 +15,6 @@ namespace orvelle {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string home() {
-    if (const char* folder = std::getenv("HOME"); folder && folder[0] == '/')
-        return folder;
-    const auto* user = getpwuid(getuid());
-    return user ? user->pw_dir : "/";
-}
-
-std::string baseFolder(const char* variable, const char* fallback) {
-    const char* folder = std::getenv(variable);
-    return folder && folder[0] == '/' ? std::string(folder) : home() + fallback;
-}
 
 bool exists(const std::string& folder) {
     return access(folder.c_str(), F_OK) == 0;
@@ -150,19 +137,19 @@ private:
 } // namespace
 
 CalendarPlaces CalendarPlaces::ofUser(const std::string& further) {
-    const auto data = baseFolder("XDG_DATA_HOME", "/.local/share");
+    const auto data = baseFolder("XDG_DATA_HOME", ".local/share");
     CalendarPlaces places{
-        {data + "/calendars", data + "/khal/calendars", home() + "/.local/share/khal/calendars",
-         home() + "/.calendars"},
+        {data + "/calendars", data + "/khal/calendars",
+         homeFolder() + "/.local/share/khal/calendars", homeFolder() + "/.calendars"},
         data + "/evolution/calendar",
-        baseFolder("XDG_CONFIG_HOME", "/.config") + "/evolution/sources",
+        baseFolder("XDG_CONFIG_HOME", ".config") + "/evolution/sources",
     };
     std::string_view rest = further;
     while (!rest.empty()) {
         const auto folder = rest.substr(0, rest.find(':'));
         rest.remove_prefix(std::min(folder.size() + 1, rest.size()));
         if (folder.starts_with("~/"))
-            places.roots.push_back(home() + std::string(folder.substr(1)));
+            places.roots.push_back(homeFolder() + std::string(folder.substr(1)));
         else if (folder.starts_with('/'))
             places.roots.emplace_back(folder);
     }

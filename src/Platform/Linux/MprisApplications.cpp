@@ -1,6 +1,5 @@
 #include "Platform/Linux/MprisApplications.h"
 
-#include <cmath>
 #include <memory>
 #include <utility>
 

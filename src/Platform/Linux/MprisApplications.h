@@ -4,7 +4,6 @@
 #include "Platform/Linux/MprisPlayers.h"
 #include "Platform/RunningApplications.h"
 
-#include <map>
 #include <mutex>
 #include <set>
 #include <string>

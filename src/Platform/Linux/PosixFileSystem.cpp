@@ -1,9 +1,9 @@
 #include "Platform/Linux/PosixFileSystem.h"
 
+#include "Platform/Linux/BaseFolders.h"
 #include "Platform/Linux/Descriptor.h"
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 
@@ -20,24 +20,6 @@ namespace orvelle {
 namespace {
 
 constexpr mode_t folderMode = 0700;
-
-std::string absoluteVariable(const char* name) {
-    const char* value = std::getenv(name);
-    return value && value[0] == '/' ? value : "";
-}
-
-std::string homeDirectory() {
-    if (auto home = absoluteVariable("HOME"); !home.empty())
-        return home;
-    const auto* entry = getpwuid(getuid());
-    return entry && entry->pw_dir && entry->pw_dir[0] == '/' ? entry->pw_dir : "/";
-}
-
-std::string baseDirectory(const char* variable, const char* underHome) {
-    if (auto folder = absoluteVariable(variable); !folder.empty())
-        return folder;
-    return (std::filesystem::path(homeDirectory()) / underHome).string();
-}
 
 std::string parentOf(const std::string& path) {
     return std::filesystem::path(path).parent_path().string();
@@ -98,8 +80,8 @@ void syncFolder(const std::string& folder) {
 } // namespace
 
 PosixFileSystem::PosixFileSystem()
-    : dataHome_(baseDirectory("XDG_DATA_HOME", ".local/share")),
-      configHome_(baseDirectory("XDG_CONFIG_HOME", ".config")) {}
+    : dataHome_(baseFolder("XDG_DATA_HOME", ".local/share")),
+      configHome_(baseFolder("XDG_CONFIG_HOME", ".config")) {}
 
 FileSystem::Contents PosixFileSystem::read(const std::string& path, std::size_t limit) const {
     struct stat status {};

@@ -29,12 +29,10 @@ void ArtworkItem::setRadius(double radius) {
 }
 
 QImage ArtworkItem::picture(double devicePixelRatio) const {
-    const auto& image = image_.image;
+    const QImage source = sharedImage(image_.image);
     const QSize size = (QSizeF(width(), height()) * devicePixelRatio).toSize();
-    if (!image.pixels() || size.isEmpty())
+    if (source.isNull() || size.isEmpty())
         return {};
-    const QImage source(image.pixels(), image.width(), image.height(), image.width() * 4,
-                        QImage::Format_RGBA8888);
     const auto filling =
         source.scaled(size, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
     QImage picture(size, QImage::Format_ARGB32_Premultiplied);

@@ -1,6 +1,7 @@
 #include "Views/Qt/FileIconItem.h"
 
 #include "Platform/FileIcons.h"
+#include "Views/Qt/Values.h"
 #include "Views/Qt/ViewEngine.h"
 
 #include <algorithm>
@@ -22,11 +23,8 @@ QImage FileIconItem::picture(double devicePixelRatio) const {
     if (!engine)
         return {};
     const int side = qRound(std::min(width(), height()) * devicePixelRatio);
-    const auto picture =
-        engine->environment().platform.fileIcons().picture(icon_.toStdString(), side);
-    if (!picture.pixels())
-        return {};
-    return QImage(picture.pixels(), picture.width(), picture.height(), QImage::Format_RGBA8888)
+    return sharedImage(
+               engine->environment().platform.fileIcons().picture(icon_.toStdString(), side))
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 

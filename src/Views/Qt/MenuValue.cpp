@@ -11,13 +11,6 @@ QVariantList MenuValue::lines() const {
     return lines;
 }
 
-QStringList MenuValue::titles() const {
-    QStringList titles;
-    for (const auto& entry : entries)
-        titles.append(QString::fromStdString(entry.title));
-    return titles;
-}
-
 void MenuValue::perform(int row) const {
     if (row >= 0 && row < static_cast<int>(entries.size()))
         entries[static_cast<std::size_t>(row)].perform();

@@ -3,7 +3,6 @@
 #include "Views/Components/MenuEntry.h"
 
 #include <QObject>
-#include <QStringList>
 #include <QVariant>
 
 #include <vector>
@@ -34,7 +33,6 @@ public:
     std::vector<MenuEntry> entries;
 
     QVariantList lines() const; ///< of `MenuLineValue`
-    QStringList titles() const;
     /// Nothing for a row that does not exist.
     Q_INVOKABLE void perform(int row) const;
 };

@@ -91,6 +91,14 @@ SpinnerValue toQt(const ProgressSpinner& spinner) {
     return {spinner};
 }
 
+QImage sharedImage(const Image& image) {
+    if (!image.pixels())
+        return {};
+    return QImage(
+        image.pixels(), image.width(), image.height(), image.width() * 4, QImage::Format_RGBA8888,
+        [](void* owner) { delete static_cast<Image*>(owner); }, new Image(image));
+}
+
 QString toQt(ActivePanel panel) {
     return toQt(rawValue(panel));
 }

@@ -2,6 +2,7 @@
 
 #include "Foundation/Color.h"
 #include "Foundation/Geometry.h"
+#include "Foundation/Image.h"
 #include "Models/NotchState.h"
 #include "Views/Components/AnimatedSlider.h"
 #include "Views/Components/FilePlaceholder.h"
@@ -13,6 +14,7 @@
 #include "Views/Components/TextStyle.h"
 
 #include <QColor>
+#include <QImage>
 #include <QObject>
 #include <QSizeF>
 #include <QString>
@@ -191,6 +193,9 @@ template <class T>
 QVariant toQt(const std::optional<T>& value) {
     return value ? QVariant::fromValue(toQt(*value)) : QVariant();
 }
+
+/// Shares the pixels; null when there are none.
+QImage sharedImage(const Image& image);
 
 /// Panels travel by their raw value.
 QString toQt(ActivePanel panel);

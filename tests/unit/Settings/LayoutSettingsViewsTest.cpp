@@ -22,7 +22,7 @@ protected:
             ids.push_back(row.id);
         return ids;
     }
-    Ids in(Zone zone) { return ids(widgets.zoneSection(zone).rows); }
+    Ids in(Zone zone) { return ids(widgets.rows(zone)); }
 };
 
 TEST_F(LayoutSettingsViewsTest, TheWindowHasFiveTabs) {
@@ -38,17 +38,16 @@ TEST_F(LayoutSettingsViewsTest, TheWindowHasFiveTabs) {
 }
 
 TEST_F(LayoutSettingsViewsTest, TheZonesStandInOrderWithAllTheirWidgets) {
-    const auto sections = widgets.sections();
-    ASSERT_EQ(sections.size(), 3u);
-    EXPECT_EQ(sections[0].name, "Left Wing");
-    EXPECT_EQ(sections[1].name, "Right Wing");
-    EXPECT_EQ(sections[2].name, "Bottom Row");
-    EXPECT_EQ(ids(sections[1].rows), (Ids{"weather", "battery"}));
-    EXPECT_EQ(sections[2].rows.size(), 8u) << "hidden ones included";
+    std::vector<std::string_view> names;
+    for (const auto zone : allHoverWidgetPositions)
+        names.push_back(HoverLayoutSettingsView::zoneName(zone));
+    EXPECT_EQ(names, (std::vector<std::string_view>{"Left Wing", "Right Wing", "Bottom Row"}));
+    EXPECT_EQ(in(Zone::rightWing), (Ids{"weather", "battery"}));
+    EXPECT_EQ(in(Zone::bottomRow).size(), 8u) << "hidden ones included";
 }
 
 TEST_F(LayoutSettingsViewsTest, AHiddenWidgetIsDrawnSecondary) {
-    const auto rows = widgets.zoneSection(Zone::bottomRow).rows;
+    const auto rows = widgets.rows(Zone::bottomRow);
     EXPECT_FALSE(rows[0].isVisible);
     EXPECT_EQ(rows[0].symbol, (StyledSymbol{"tray.fill", 12, FormLook::secondaryColor}));
     EXPECT_EQ(rows[0].name.style.color, FormLook::secondaryColor);
@@ -61,7 +60,7 @@ TEST_F(LayoutSettingsViewsTest, AnUnknownWidgetAndAnUnknownPanelHaveAQuestionMar
         list.push_back({"sundial", Zone::leftWing, 9, true});
     });
     app.panelOrderManager.panelOrder.update([](auto& list) { list.push_back({"tea", 99, true}); });
-    EXPECT_EQ(widgets.zoneSection(Zone::leftWing).rows.back().symbol.name, "questionmark");
+    EXPECT_EQ(widgets.rows(Zone::leftWing).back().symbol.name, "questionmark");
     EXPECT_EQ(panels.rows().back().symbol.name, "questionmark");
 }
 
@@ -88,9 +87,9 @@ TEST_F(LayoutSettingsViewsTest, ADraggedWidgetStandsWhereItWasLetGo) {
 TEST_F(LayoutSettingsViewsTest, AWidgetsSwitchSetsWhetherItIsShown) {
     widgets.setVisible("media", false);
     widgets.setVisible("media", false);
-    EXPECT_FALSE(widgets.zoneSection(Zone::leftWing).rows[0].isVisible);
+    EXPECT_FALSE(widgets.rows(Zone::leftWing)[0].isVisible);
     widgets.setVisible("media", true);
-    EXPECT_TRUE(widgets.zoneSection(Zone::leftWing).rows[0].isVisible);
+    EXPECT_TRUE(widgets.rows(Zone::leftWing)[0].isVisible);
     widgets.setVisible("nobody", true);
 }
 
@@ -114,10 +113,10 @@ TEST_F(LayoutSettingsViewsTest, ResettingOneLayoutDoesNotTouchTheOther) {
     panels.toggleVisibility("media");
     panels.reset();
     EXPECT_TRUE(panels.rows()[0].isVisible);
-    EXPECT_FALSE(widgets.zoneSection(Zone::leftWing).rows[0].isVisible);
+    EXPECT_FALSE(widgets.rows(Zone::leftWing)[0].isVisible);
     panels.toggleVisibility("media");
     widgets.reset();
-    EXPECT_TRUE(widgets.zoneSection(Zone::leftWing).rows[0].isVisible);
+    EXPECT_TRUE(widgets.rows(Zone::leftWing)[0].isVisible);
     EXPECT_FALSE(panels.rows()[0].isVisible);
 }
 
