@@ -148,6 +148,7 @@ TEST_F(ListFileOnASlowDisk, SavingDoesNotWaitAndOnlyTheLatestListFollows) {
     file->save(std::vector<std::int64_t>{2}, encode);
     file->save(std::vector<std::int64_t>{3}, encode);
     machine.disk.writing.open();
+    machine.loop.isBusy = true; // so that the next save waits for this look at the file
     machine.loop.complete();
     EXPECT_EQ(machine.disk.files.at(path), "[1]");
     machine.loop.complete();
