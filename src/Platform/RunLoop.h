@@ -31,7 +31,8 @@ public:
     /// Runs `work` on the main thread after the present event, in order of posting. Any thread.
     virtual void post(std::function<void()> work) = 0;
     /// Runs `work` on a background thread, then `done` on the main thread unless the handle was
-    /// reset before. `work` itself is never interrupted.
+    /// reset before. `work` itself is never interrupted. What each of them holds dies on the thread
+    /// that it is for.
     [[nodiscard]] virtual Subscription detach(std::function<void()> work,
                                               std::function<void()> done) = 0;
     /// The same for work that keeps the user's data. It waits for no other work, which may hang on

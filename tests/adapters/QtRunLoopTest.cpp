@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <cmath>
+#include <memory>
 #include <optional>
 #include <semaphore>
 #include <thread>
@@ -143,6 +144,27 @@ TEST_F(QtRunLoopTest, DetachedWorkRunsElsewhereAndCompletesOnTheMainThread) {
                                       });
     EXPECT_TRUE(waitUntil([&] { return isDone; }));
     EXPECT_NE(worker.load(), QCoreApplication::instance()->thread());
+}
+
+TEST_F(QtRunLoopTest, WhatACompletionHoldsDiesOnTheMainThread) {
+    struct Witness {
+        std::atomic<int>& strays;
+        std::atomic<int>& deaths;
+        ~Witness() {
+            if (QThread::currentThread() != QCoreApplication::instance()->thread())
+                ++strays;
+            ++deaths;
+        }
+    };
+    std::atomic<int> strays = 0;
+    std::atomic<int> deaths = 0;
+    // Each time the main thread is as fast as can be, and may be done before the other is.
+    for (int number = 1; number <= 2000 && strays == 0; ++number) {
+        const auto handle =
+            loop().detach([] {}, [witness = std::make_shared<Witness>(strays, deaths)] {});
+        ASSERT_TRUE(waitUntil([&] { return deaths == number; }));
+    }
+    EXPECT_EQ(strays, 0);
 }
 
 TEST_F(QtRunLoopTest, ACompletionIsDroppedWithItsHandle) {

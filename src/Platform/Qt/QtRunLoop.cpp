@@ -122,7 +122,14 @@ void QtRunLoop::arm() {
 }
 
 void QtRunLoop::post(std::function<void()> work) {
-    QMetaObject::invokeMethod(&mainThread_, std::move(work), Qt::QueuedConnection);
+    // Taken out before it runs: Qt may destroy the callable on the thread that posted it.
+    QMetaObject::invokeMethod(
+        &mainThread_,
+        [work = std::move(work)]() mutable {
+            const auto taken = std::exchange(work, nullptr);
+            taken();
+        },
+        Qt::QueuedConnection);
 }
 
 Subscription QtRunLoop::detach(std::function<void()> work, std::function<void()> done) {
