@@ -26,6 +26,15 @@ protected:
     /// As the camera does, on whatever thread.
     void deliver(const Image& frame) { camera.configuration.onFrame(frame); }
 
+    void expectRefused(Status status) {
+        camera.status = status;
+        manager.startSession();
+        runPosted();
+        EXPECT_FALSE(manager.hasPermission);
+        EXPECT_FALSE(manager.isSessionRunning);
+        EXPECT_FALSE(view.showsPreview());
+    }
+
     SimulatedPlatform platform;
     SimulatedCameraService& camera = platform.cameraPort;
     MirrorManager manager{platform};
@@ -67,12 +76,7 @@ TEST_F(MirrorManagerTest, AFrameThatArrivesAfterTheStopIsReplacedAtTheNextAppear
 
 TEST_F(MirrorManagerTest, ARefusalShowsThePermissionView) {
     for (const auto status : {Status::denied, Status::restricted}) {
-        camera.status = status;
-        manager.startSession();
-        runPosted();
-        EXPECT_FALSE(manager.hasPermission);
-        EXPECT_FALSE(manager.isSessionRunning);
-        EXPECT_FALSE(view.showsPreview());
+        expectRefused(status);
         EXPECT_EQ(camera.steps, Steps{});
     }
     EXPECT_EQ(camera.accessRequests, 0);
@@ -85,12 +89,7 @@ TEST_F(MirrorManagerTest, ARefusalAfterAGrantShowsThePermissionView) {
         manager.stopSession();
         runPosted();
         EXPECT_TRUE(manager.hasPermission);
-        camera.status = status;
-        manager.startSession();
-        runPosted();
-        EXPECT_FALSE(manager.hasPermission);
-        EXPECT_FALSE(manager.isSessionRunning);
-        EXPECT_FALSE(view.showsPreview());
+        expectRefused(status);
     }
 }
 
