@@ -2,6 +2,12 @@
 add_library(orvelle_flags INTERFACE)
 target_compile_options(orvelle_flags INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)
 
+# Many files as one: g++ takes a fixture in an unnamed namespace for one that other files may see.
+if(ORVELLE_UNITY)
+    target_compile_options(orvelle_flags INTERFACE
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
+
 # Generated QML code shadows names; the views' own code is still checked for everything else.
 add_library(orvelle_qml_flags INTERFACE)
 target_compile_options(orvelle_qml_flags INTERFACE -Wall -Wextra -Werror)
@@ -32,9 +38,14 @@ if(ORVELLE_COVERAGE)
     add_link_options(--coverage)
 endif()
 
+# Many files compiled as one share their names, those in unnamed namespaces too. Each still includes
+# what it uses: the preset "single" compiles them one at a time, without precompiled headers.
+set(CMAKE_UNITY_BUILD ${ORVELLE_UNITY})
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 16)
+
 # orvelle_precompile(NAME HEADERS...): compiles the standard library's and these headers once for the
-# target. They save time and nothing else: every file includes what it uses, as the preset "release",
-# which goes without, proves. Headers of the layer itself stay out, since they would lose warnings.
+# target. They save time and nothing else. Headers of the layer itself stay out, since they would
+# lose warnings.
 function(orvelle_precompile name)
     target_precompile_headers(${name} PRIVATE <algorithm> <chrono> <functional> <map> <memory>
         <optional> <set> <string> <string_view> <utility> <variant> <vector> ${ARGN})

@@ -10,7 +10,7 @@ namespace orvelle {
 namespace {
 
 constexpr int success = 0;
-constexpr int failure = 1;
+constexpr int failureCode = 1;
 constexpr int usageError = 2;
 
 /// For another process that is writing at the same moment.
@@ -95,7 +95,7 @@ private:
         const auto value = file_.value(key);
         if (!value) {
             errors_ << "orvelle defaults: " << key << " is not set\n";
-            return failure;
+            return failureCode;
         }
         const auto* text = std::get_if<std::string>(&*value);
         output_ << (text ? *text : jsonText(*value)) << '\n';
@@ -125,7 +125,7 @@ private:
         if (file_.save(patience))
             return success;
         errors_ << "orvelle defaults: the settings cannot be written\n";
-        return failure;
+        return failureCode;
     }
 
     int refuse(const std::string& reason) {

@@ -16,7 +16,7 @@ namespace {
 
 using Position = HoverWidgetPosition;
 
-std::optional<HoverWidgetPlacement> decode(const Json& element) {
+std::optional<HoverWidgetPlacement> decodePlacement(const Json& element) {
     const auto id = element.member("id").string();
     const auto zoneText = element.member("zone").string();
     const auto zone = zoneText ? hoverWidgetPositionFrom(*zoneText) : std::nullopt;
@@ -27,7 +27,7 @@ std::optional<HoverWidgetPlacement> decode(const Json& element) {
     return HoverWidgetPlacement{*id, *zone, *sortOrder, *isVisible};
 }
 
-Json encode(const HoverWidgetPlacement& placement) {
+Json encodePlacement(const HoverWidgetPlacement& placement) {
     return Json::Object{{"id", placement.id},
                         {"zone", std::string(rawValue(placement.zone))},
                         {"sortOrder", placement.sortOrder},
@@ -164,8 +164,8 @@ void HoverLayoutManager::resetToDefaults() {
 }
 
 void HoverLayoutManager::loadPlacements() {
-    auto stored = loadStoredList<HoverWidgetPlacement>(platform_.userDefaults(),
-                                                       Settings::hoverWidgetPlacements, decode);
+    auto stored = loadStoredList<HoverWidgetPlacement>(
+        platform_.userDefaults(), Settings::hoverWidgetPlacements, decodePlacement);
     if (!stored) {
         placements = defaultPlacements();
         return;
@@ -176,7 +176,7 @@ void HoverLayoutManager::loadPlacements() {
 
 void HoverLayoutManager::savePlacements() {
     saveStoredList(platform_.userDefaults(), Settings::hoverWidgetPlacements, placements.get(),
-                   encode);
+                   encodePlacement);
 }
 
 void HoverLayoutManager::renumberZone(std::vector<HoverWidgetPlacement>& list, Position zone) {

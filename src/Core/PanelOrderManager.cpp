@@ -10,7 +10,7 @@ namespace {
 
 using PanelEntry = PanelOrderManager::PanelEntry;
 
-std::optional<PanelEntry> decode(const Json& element) {
+std::optional<PanelEntry> decodeEntry(const Json& element) {
     const auto id = element.member("id").string();
     const auto sortOrder = element.member("sortOrder").integer();
     const auto isVisible = element.member("isVisible").boolean();
@@ -19,7 +19,7 @@ std::optional<PanelEntry> decode(const Json& element) {
     return PanelEntry{*id, *sortOrder, *isVisible};
 }
 
-Json encode(const PanelEntry& entry) {
+Json encodeEntry(const PanelEntry& entry) {
     return Json::Object{
         {"id", entry.id}, {"sortOrder", entry.sortOrder}, {"isVisible", entry.isVisible}};
 }
@@ -75,8 +75,8 @@ void PanelOrderManager::resetToDefaults() {
 }
 
 void PanelOrderManager::loadOrder() {
-    auto stored =
-        loadStoredList<PanelEntry>(platform_.userDefaults(), Settings::panelTabBarOrder, decode);
+    auto stored = loadStoredList<PanelEntry>(platform_.userDefaults(), Settings::panelTabBarOrder,
+                                             decodeEntry);
     if (!stored) {
         panelOrder = defaultOrder();
         return;
@@ -86,7 +86,8 @@ void PanelOrderManager::loadOrder() {
 }
 
 void PanelOrderManager::saveOrder() {
-    saveStoredList(platform_.userDefaults(), Settings::panelTabBarOrder, panelOrder.get(), encode);
+    saveStoredList(platform_.userDefaults(), Settings::panelTabBarOrder, panelOrder.get(),
+                   encodeEntry);
 }
 
 } // namespace orvelle

@@ -11,7 +11,7 @@ namespace orvelle {
 
 namespace {
 
-struct Condition {
+struct WeatherCondition {
     std::initializer_list<std::int64_t> codes;
     std::string_view dayIcon;
     std::string_view nightIcon;
@@ -19,7 +19,7 @@ struct Condition {
 };
 
 // The freezing drizzle codes 56 and 57 are left out on purpose: they read "Unknown".
-const Condition conditions[] = {
+const WeatherCondition weatherConditions[] = {
     {{0}, "sun.max.fill"_symbol, "moon.stars.fill"_symbol, "Clear Sky"},
     {{1}, "sun.min.fill"_symbol, "moon.fill"_symbol, "Mainly Clear"},
     {{2}, "cloud.sun.fill"_symbol, "cloud.moon.fill"_symbol, "Partly Cloudy"},
@@ -39,11 +39,11 @@ const Condition conditions[] = {
      "Thunderstorm with Hail"},
 };
 
-const Condition unknownCondition{
+const WeatherCondition unknownCondition{
     {}, "questionmark.circle"_symbol, "questionmark.circle"_symbol, "Unknown"};
 
-const Condition& condition(std::int64_t code) {
-    for (const auto& candidate : conditions)
+const WeatherCondition& condition(std::int64_t code) {
+    for (const auto& candidate : weatherConditions)
         if (std::find(candidate.codes.begin(), candidate.codes.end(), code) !=
             candidate.codes.end())
             return candidate;

@@ -28,6 +28,8 @@ struct HttpRequest {
 };
 
 struct HttpReply {
+    static constexpr int statusOK = 200;
+
     /// Why there is no whole answer, for people; then the other fields mean nothing. Any HTTP
     /// status is an answer.
     std::optional<std::string> error;

@@ -9,12 +9,6 @@
 
 namespace orvelle {
 
-namespace {
-
-constexpr double rowTextSize = 12;
-
-} // namespace
-
 std::string_view HoverLayoutSettingsView::zoneName(HoverWidgetPosition zone) {
     switch (zone) {
     case HoverWidgetPosition::leftWing:
@@ -40,10 +34,10 @@ HoverLayoutSettingsView::widgetRow(const HoverWidgetPlacement& placement) const 
     const auto* definition = HoverLayoutManager::definition(placement.id);
     const bool isVisible = placement.isVisible;
     return {placement.id,
-            {definition ? definition->icon : "questionmark"_symbol, rowTextSize,
+            {definition ? definition->icon : "questionmark"_symbol, FormLook::listTextSize,
              isVisible ? theme_.accentColor() : FormLook::secondaryColor},
             {std::string(definition ? definition->name : placement.id),
-             {rowTextSize, FontWeight::regular,
+             {FormLook::listTextSize, FontWeight::regular,
               isVisible ? FormLook::textColor : FormLook::secondaryColor}},
             placement.zone,
             isVisible};

@@ -10,7 +10,6 @@ namespace orvelle {
 
 namespace {
 
-constexpr double rowTextSize = 12;
 constexpr double eyeSize = 13;
 
 } // namespace
@@ -27,14 +26,14 @@ PanelOrderSettingsView::panelRow(const PanelOrderManager::PanelEntry& entry) con
     const auto panel = activePanelFrom(entry.id);
     const bool isVisible = entry.isVisible;
     const auto color = isVisible ? FormLook::textColor : FormLook::secondaryColor;
-    return {
-        entry.id,
-        {panel ? icon(*panel) : "questionmark"_symbol, rowTextSize,
-         isVisible ? theme_.accentColor() : FormLook::secondaryColor},
-        {panel ? std::string(label(*panel)) : entry.id, {rowTextSize, FontWeight::regular, color}},
-        {isVisible ? "eye"_symbol : "eye.slash"_symbol, eyeSize, color},
-        isVisible ? "Hide panel" : "Show panel",
-        isVisible};
+    return {entry.id,
+            {panel ? icon(*panel) : "questionmark"_symbol, FormLook::listTextSize,
+             isVisible ? theme_.accentColor() : FormLook::secondaryColor},
+            {panel ? std::string(label(*panel)) : entry.id,
+             {FormLook::listTextSize, FontWeight::regular, color}},
+            {isVisible ? "eye"_symbol : "eye.slash"_symbol, eyeSize, color},
+            isVisible ? "Hide panel" : "Show panel",
+            isVisible};
 }
 
 void PanelOrderSettingsView::move(std::size_t from, std::size_t to) {

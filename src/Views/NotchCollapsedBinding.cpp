@@ -46,26 +46,27 @@ QUrl widgetView(const HoverWidget& widget) {
     return QUrl(QStringLiteral("qrc:/Orvelle/%1.qml").arg(QLatin1String(name)));
 }
 
-QVariant toQt(const std::optional<HoverMediaIndicator>& media) {
+} // namespace
+
+static QVariant toQt(const std::optional<HoverMediaIndicator>& media) {
     if (!media)
         return {};
-    return QVariant::fromValue(
-        HoverMediaValue{orvelle::toQt(media->cover), orvelle::toQt(media->playButton),
-                        orvelle::toQt(media->playButtonName), orvelle::toQt(media->title),
-                        media->hasArtwork, media->isPlaying});
+    return QVariant::fromValue(HoverMediaValue{toQt(media->cover), toQt(media->playButton),
+                                               toQt(media->playButtonName), toQt(media->title),
+                                               media->hasArtwork, media->isPlaying});
 }
 
-HoverWidgetValue toQt(const HoverWidget& widget) {
+static HoverWidgetValue toQt(const HoverWidget& widget) {
     QVariantList texts;
     for (const auto& text : widget.texts)
-        texts.append(QVariant::fromValue(orvelle::toQt(text)));
+        texts.append(QVariant::fromValue(toQt(text)));
     const auto* definition = HoverLayoutManager::definition(widget.id);
     return {
-        .id = orvelle::toQt(std::string_view(widget.id)),
-        .panel = orvelle::toQt(widget.panel),
-        .name = definition ? orvelle::toQt(definition->name) : QString(),
+        .id = toQt(std::string_view(widget.id)),
+        .panel = toQt(widget.panel),
+        .name = definition ? toQt(definition->name) : QString(),
         .source = widgetView(widget),
-        .icon = orvelle::toQt(widget.icon),
+        .icon = toQt(widget.icon),
         .texts = texts,
         .media = toQt(widget.media),
         .spacing = widget.spacing,
@@ -74,14 +75,12 @@ HoverWidgetValue toQt(const HoverWidget& widget) {
     };
 }
 
-std::vector<HoverWidgetValue> toQt(const std::vector<HoverWidget>& widgets) {
+static std::vector<HoverWidgetValue> toQt(const std::vector<HoverWidget>& widgets) {
     std::vector<HoverWidgetValue> values;
     for (const auto& widget : widgets)
         values.push_back(toQt(widget));
     return values;
 }
-
-} // namespace
 
 void NotchCollapsedBinding::attach(const ViewEnvironment& environment) {
     const auto& notch = environment.notch;

@@ -45,20 +45,19 @@ QUrl panelView(ActivePanel panel) {
     return QUrl(QStringLiteral("qrc:/Orvelle/%1.qml").arg(QLatin1String(name)));
 }
 
-HUDValue toQt(const NotchContentView::HUDOverlay& hud) {
-    return {orvelle::toQt(hud.symbol), orvelle::toQt(hud.slider), orvelle::toQt(hud.shape)};
+} // namespace
+
+static HUDValue toQt(const NotchContentView::HUDOverlay& hud) {
+    return {toQt(hud.symbol), toQt(hud.slider), toQt(hud.shape)};
 }
 
-std::vector<TabValue> toQt(const std::vector<NotchContentView::TabButton>& buttons) {
+static std::vector<TabValue> toQt(const std::vector<NotchContentView::TabButton>& buttons) {
     std::vector<TabValue> tabs;
     for (const auto& button : buttons)
-        tabs.push_back({orvelle::toQt(button.panel), orvelle::toQt(button.label),
-                        orvelle::toQt(button.symbol), button.isActive,
-                        orvelle::toQt(button.background)});
+        tabs.push_back({toQt(button.panel), toQt(button.label), toQt(button.symbol),
+                        button.isActive, toQt(button.background)});
     return tabs;
 }
-
-} // namespace
 
 void NotchContentBinding::attach(const ViewEnvironment& environment) {
     const auto& notch = environment.notch;

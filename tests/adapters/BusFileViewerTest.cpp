@@ -10,8 +10,8 @@
 namespace orvelle {
 namespace {
 
-const QString service = QStringLiteral("org.freedesktop.FileManager1");
-const QString path = QStringLiteral("/org/freedesktop/FileManager1");
+const QString fileViewer = QStringLiteral("org.freedesktop.FileManager1");
+const QString fileViewerPath = QStringLiteral("/org/freedesktop/FileManager1");
 
 class BusFileViewerTest : public testing::Test {
 protected:
@@ -24,8 +24,9 @@ protected:
 };
 
 TEST_F(BusFileViewerTest, AsksTheFileManagerToSelect) {
-    MockService manager(bus, service, path, MockService::empty(service, path, service));
-    manager.addMethod(service, "ShowItems", "ass", "", "");
+    MockService manager(bus, fileViewer, fileViewerPath,
+                        MockService::empty(fileViewer, fileViewerPath, fileViewer));
+    manager.addMethod(fileViewer, "ShowItems", "ass", "", "");
     viewer.select(urls);
     EXPECT_TRUE(waitUntil([&] { return manager.callCount("ShowItems") == 1; }));
     EXPECT_TRUE(workspace.opened.empty());

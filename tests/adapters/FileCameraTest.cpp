@@ -32,7 +32,7 @@ std::string y4m(const std::vector<std::array<unsigned char, 3>>& colors,
 }
 constexpr std::array<unsigned char, 3> white{235, 128, 128};
 constexpr std::array<unsigned char, 3> black{16, 128, 128};
-constexpr std::array<unsigned char, 3> red{81, 90, 240};
+constexpr std::array<unsigned char, 3> redPixel{81, 90, 240};
 
 std::string jpeg(Qt::GlobalColor color) {
     QImage picture(16, 8, QImage::Format_RGB32);
@@ -80,7 +80,7 @@ protected:
 };
 
 TEST_F(FileCameraTest, ShowsTheFramesOfAY4mFileOverAndOver) {
-    const auto camera = open(y4m({white, black, red}));
+    const auto camera = open(y4m({white, black, redPixel}));
     ASSERT_TRUE(camera);
     camera->startRunning();
     ASSERT_TRUE(waitForFrames(7));

@@ -13,13 +13,11 @@
 namespace orvelle {
 namespace {
 
-const QString serviceName = QStringLiteral("org.freedesktop.GeoClue2");
+const QString geoClueName = QStringLiteral("org.freedesktop.GeoClue2");
 const QString managerPath = QStringLiteral("/org/freedesktop/GeoClue2/Manager");
 const QString managerInterface = QStringLiteral("org.freedesktop.GeoClue2.Manager");
 const QString clientPath = QStringLiteral("/org/freedesktop/GeoClue2/Client/1");
 const QString clientInterface = QStringLiteral("org.freedesktop.GeoClue2.Client");
-const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
-const QString mockInterface = QStringLiteral("org.freedesktop.DBus.Mock");
 
 /// Makes the client object; `%1` is what its start does.
 const QString createClient = QStringLiteral(R"(
@@ -72,8 +70,8 @@ class GeoClueLocationServiceTest : public testing::Test {
 protected:
     void startGeoClue(const QString& atStart) {
         geoclue = std::make_unique<MockService>(
-            bus, serviceName, managerPath,
-            MockService::empty(serviceName, managerPath, managerInterface));
+            bus, geoClueName, managerPath,
+            MockService::empty(geoClueName, managerPath, managerInterface));
         geoclue->addMethod(managerInterface, QStringLiteral("CreateClient"), QString(),
                            QStringLiteral("o"), createClient.arg(atStart));
         geoclue->addMethod(managerInterface, QStringLiteral("DeleteClient"), QStringLiteral("o"),
@@ -87,14 +85,14 @@ protected:
     }
     QVariant clientProperty(const QString& name) {
         return bus
-            .call(serviceName, clientPath, properties, QStringLiteral("Get"),
+            .call(geoClueName, clientPath, busPropertiesInterface, QStringLiteral("Get"),
                   {clientInterface, name})
             .value(0)
             .value<QDBusVariant>()
             .variant();
     }
     qsizetype clientCalls(const QString& method) {
-        const auto answer = bus.call(serviceName, clientPath, mockInterface,
+        const auto answer = bus.call(geoClueName, clientPath, mockInterface,
                                      QStringLiteral("GetMethodCalls"), {method});
         const auto calls = answer.value(0).value<QDBusArgument>();
         qsizetype count = 0;

@@ -9,13 +9,13 @@
 namespace orvelle {
 namespace {
 
-const QString service = QStringLiteral("org.freedesktop.Notifications");
-const QString path = QStringLiteral("/org/freedesktop/Notifications");
+const QString notificationService = QStringLiteral("org.freedesktop.Notifications");
+const QString notificationPath = QStringLiteral("/org/freedesktop/Notifications");
 
 class LinuxUserNotificationsTest : public testing::Test {
 protected:
     PrivateBus bus;
-    MockService daemon{bus, service, path,
+    MockService daemon{bus, notificationService, notificationPath,
                        MockService::fromTemplate(QStringLiteral("notification_daemon"))};
     QtRunLoop runLoop;
     LinuxUserNotifications notifications{runLoop, bus.provider()};

@@ -16,7 +16,7 @@
 namespace orvelle {
 namespace {
 
-constexpr std::size_t limit = 1000;
+constexpr std::size_t readLimit = 1000;
 
 mode_t modeOf(const std::string& path) {
     struct stat status {};
@@ -65,7 +65,7 @@ TEST(PosixFileSystemFolders, WithoutHomeTheUsersEntryServes) {
 TEST_F(PosixFileSystemTest, WriteMakesPrivateFoldersAndFiles) {
     const auto path = folder / "one/two/file";
     ASSERT_TRUE(files.write(path, "text"));
-    EXPECT_EQ(files.read(path, limit).bytes, "text");
+    EXPECT_EQ(files.read(path, readLimit).bytes, "text");
     EXPECT_EQ(modeOf(path), 0600u);
     EXPECT_EQ(modeOf(folder / "one"), 0700u);
     EXPECT_EQ(modeOf(folder / "one/two"), 0700u);
@@ -89,27 +89,30 @@ TEST_F(PosixFileSystemTest, OpenReaderKeepsTheOldFileWhole) {
 }
 
 TEST_F(PosixFileSystemTest, MissingFileIsToldApart) {
-    EXPECT_EQ(files.read(folder / "none", limit).failure, FileSystem::ReadFailure::missing);
-    EXPECT_EQ(files.read(folder / "none/deeper", limit).failure, FileSystem::ReadFailure::missing);
+    EXPECT_EQ(files.read(folder / "none", readLimit).failure, FileSystem::ReadFailure::missing);
+    EXPECT_EQ(files.read(folder / "none/deeper", readLimit).failure,
+              FileSystem::ReadFailure::missing);
     writeFile(folder / "file", "");
-    EXPECT_EQ(files.read(folder / "file/deeper", limit).failure, FileSystem::ReadFailure::missing);
-    EXPECT_EQ(files.read(folder / "file", limit).failure, std::nullopt);
+    EXPECT_EQ(files.read(folder / "file/deeper", readLimit).failure,
+              FileSystem::ReadFailure::missing);
+    EXPECT_EQ(files.read(folder / "file", readLimit).failure, std::nullopt);
 }
 
 TEST_F(PosixFileSystemTest, FileAboveTheLimitIsNotRead) {
-    writeFile(folder / "file", std::string(limit, 'x'));
-    EXPECT_EQ(files.read(folder / "file", limit).bytes.size(), limit);
-    EXPECT_EQ(files.read(folder / "file", limit - 1).failure, FileSystem::ReadFailure::tooLarge);
+    writeFile(folder / "file", std::string(readLimit, 'x'));
+    EXPECT_EQ(files.read(folder / "file", readLimit).bytes.size(), readLimit);
+    EXPECT_EQ(files.read(folder / "file", readLimit - 1).failure,
+              FileSystem::ReadFailure::tooLarge);
 }
 
 TEST_F(PosixFileSystemTest, WhatIsNoRegularFileIsNeitherReadNorReplaced) {
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     std::filesystem::create_directory(folder / "folder");
     for (const auto& path : {folder / "pipe", folder / "folder"}) {
-        EXPECT_EQ(files.read(path, limit).failure, FileSystem::ReadFailure::unreadable);
+        EXPECT_EQ(files.read(path, readLimit).failure, FileSystem::ReadFailure::unreadable);
         EXPECT_FALSE(files.write(path, "text"));
     }
-    EXPECT_EQ(files.read("/dev/zero", limit).failure, FileSystem::ReadFailure::unreadable);
+    EXPECT_EQ(files.read("/dev/zero", readLimit).failure, FileSystem::ReadFailure::unreadable);
     EXPECT_FALSE(files.write("/dev/full", "text"));
 }
 
@@ -134,14 +137,14 @@ TEST_F(PosixFileSystemTest, LinksThatGoRoundAreRefused) {
     std::filesystem::create_symlink("b", folder / "a");
     std::filesystem::create_symlink("a", folder / "b");
     EXPECT_FALSE(files.write(folder / "a", "text"));
-    EXPECT_EQ(files.read(folder / "a", limit).failure, FileSystem::ReadFailure::unreadable);
+    EXPECT_EQ(files.read(folder / "a", readLimit).failure, FileSystem::ReadFailure::unreadable);
 }
 
 TEST_F(PosixFileSystemTest, ReadOnlyFileIsRespected) {
     writeFile(folder / "file", "old");
     ASSERT_EQ(chmod((folder / "file").c_str(), 0400), 0);
     EXPECT_FALSE(files.write(folder / "file", "new"));
-    EXPECT_EQ(files.read(folder / "file", limit).bytes, "old");
+    EXPECT_EQ(files.read(folder / "file", readLimit).bytes, "old");
 }
 
 TEST_F(PosixFileSystemTest, ReadOnlyFolderRefusesWritesAndMoves) {
@@ -155,7 +158,7 @@ TEST_F(PosixFileSystemTest, ReadOnlyFolderRefusesWritesAndMoves) {
     chmod(folder.path().c_str(), 0700);
 }
 
-/// No file may grow beyond a limit, which fails the writing as a full disk does.
+/// No file may grow beyond a readLimit, which fails the writing as a full disk does.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t bytes) {

@@ -12,7 +12,6 @@
 namespace orvelle {
 
 namespace {
-const QString mockInterface = QStringLiteral("org.freedesktop.DBus.Mock");
 constexpr int startBound = 10000; // milliseconds
 } // namespace
 

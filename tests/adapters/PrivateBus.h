@@ -34,6 +34,8 @@ private:
     int connectionCount_ = 0;
 };
 
+inline const QString mockInterface = QStringLiteral("org.freedesktop.DBus.Mock");
+
 /// A service of python3-dbusmock on a private bus; leaves the bus when destroyed.
 class MockService {
 public:

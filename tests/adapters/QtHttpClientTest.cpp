@@ -85,7 +85,7 @@ ScriptedServer::Answer dripping(QByteArray head) {
 const QByteArray okHead = "HTTP/1.1 200 OK\r\n";
 const QByteArray chunked = okHead + "Transfer-Encoding: chunked\r\n\r\n";
 const QByteArray gzipHead = okHead + "Content-Encoding: gzip\r\n";
-const auto limit = static_cast<qsizetype>(HttpClient::bodyLimit);
+const auto bodyLimit = static_cast<qsizetype>(HttpClient::bodyLimit);
 
 QByteArray withLength(const QByteArray& head, const QByteArray& body) {
     return head + "Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body;
@@ -114,11 +114,11 @@ std::vector<Case> cases() {
          200, "{}"},
         {"ABodyOfNULs", ScriptedServer::replying(200, QByteArray(3, '\0')), 200,
          std::string(3, '\0')},
-        {"ABodyAtTheLimit", ScriptedServer::replying(200, QByteArray(limit, 'a')), 200,
+        {"ABodyAtTheLimit", ScriptedServer::replying(200, QByteArray(bodyLimit, 'a')), 200,
          std::string(HttpClient::bodyLimit, 'a')},
-        {"ABodyOneBeyondTheLimit", ScriptedServer::replying(200, QByteArray(limit + 1, 'a')), 0,
+        {"ABodyOneBeyondTheLimit", ScriptedServer::replying(200, QByteArray(bodyLimit + 1, 'a')), 0,
          tooLong},
-        {"AnErrorWithAHugeBody", ScriptedServer::replying(500, QByteArray(limit + 1, 'a')), 0,
+        {"AnErrorWithAHugeBody", ScriptedServer::replying(500, QByteArray(bodyLimit + 1, 'a')), 0,
          tooLong},
         {"AnEndlessBody", endless(okHead + "\r\n", QByteArray(1 << 16, 'a')), 0, tooLong},
         {"EndlessPieces", endless(chunked, "1000\r\n" + QByteArray(0x1000, 'a') + "\r\n"), 0,
@@ -126,10 +126,10 @@ std::vector<Case> cases() {
         {"ACompressedBody", ScriptedServer::writing(withLength(gzipHead, gzip("{\"a\":1}"))), 200,
          "{\"a\":1}"},
         {"ACompressedBodyAtTheLimit",
-         ScriptedServer::writing(withLength(gzipHead, gzip(QByteArray(limit, 'a')))), 200,
+         ScriptedServer::writing(withLength(gzipHead, gzip(QByteArray(bodyLimit, 'a')))), 200,
          std::string(HttpClient::bodyLimit, 'a')},
         {"ASmallBomb",
-         ScriptedServer::writing(withLength(gzipHead, gzip(QByteArray(limit + 1, 'a')))), 0,
+         ScriptedServer::writing(withLength(gzipHead, gzip(QByteArray(bodyLimit + 1, 'a')))), 0,
          tooLong},
         {"ABomb", bombing([](const QByteArray& bomb) { return withLength(gzipHead, bomb); }), 0,
          ""},

@@ -13,7 +13,7 @@
 namespace orvelle {
 namespace {
 
-constexpr std::size_t limit = 1000;
+constexpr std::size_t byteLimit = 1000;
 
 /// Answers every request with the same words, or never.
 class WebServer {
@@ -53,7 +53,7 @@ protected:
         std::optional<SharedBytes> bytes;
         bool done = false;
         const auto reading =
-            loop.detach([&] { bytes = urls.read(url, limit, {}); }, [&] { done = true; });
+            loop.detach([&] { bytes = urls.read(url, byteLimit, {}); }, [&] { done = true; });
         EXPECT_TRUE(waitUntil([&] { return done; })) << url;
         return bytes ? std::optional(std::string(bytes->view())) : std::nullopt;
     }
@@ -65,11 +65,11 @@ protected:
 
 TEST_F(QtUrlDataTest, FilesAreReadUpToTheLimit) {
     files.write("cover 1.png", "picture");
-    files.write("full", std::string(limit, 'x'));
-    files.write("large", std::string(limit + 1, 'x'));
+    files.write("full", std::string(byteLimit, 'x'));
+    files.write("large", std::string(byteLimit + 1, 'x'));
     files.write("empty", "");
     EXPECT_EQ(read("file://" + files.path("cover%201.png")), "picture");
-    EXPECT_EQ(read("file://" + files.path("full")), std::string(limit, 'x'));
+    EXPECT_EQ(read("file://" + files.path("full")), std::string(byteLimit, 'x'));
     EXPECT_EQ(read("file://" + files.path("large")), std::nullopt);
     EXPECT_EQ(read("file://" + files.path("empty")), "");
     EXPECT_EQ(read("file://" + files.path("missing")), std::nullopt);
@@ -87,7 +87,7 @@ TEST_F(QtUrlDataTest, AnAddressMayHoldTheBytesItself) {
     EXPECT_EQ(read("data:,a%20text"), "a text");
     EXPECT_EQ(read("data:image/png;base64,no~base64"), std::nullopt);
     EXPECT_EQ(read("data:image/png"), std::nullopt);
-    EXPECT_EQ(read("data:," + std::string(limit + 1, 'x')), std::nullopt);
+    EXPECT_EQ(read("data:," + std::string(byteLimit + 1, 'x')), std::nullopt);
 }
 
 TEST_F(QtUrlDataTest, OtherAddressesGiveNothing) {
@@ -99,9 +99,9 @@ TEST_F(QtUrlDataTest, OtherAddressesGiveNothing) {
 TEST_F(QtUrlDataTest, TheWebIsReadUpToTheLimit) {
     WebServer server(WebServer::page("picture"));
     EXPECT_EQ(read(server.url()), "picture");
-    WebServer tooMuch(WebServer::page(QByteArray(limit + 1, 'x')));
+    WebServer tooMuch(WebServer::page(QByteArray(byteLimit + 1, 'x')));
     EXPECT_EQ(read(tooMuch.url()), std::nullopt);
-    WebServer silentAboutIt("HTTP/1.1 200 OK\r\n\r\n" + QByteArray(100 * limit, 'x'));
+    WebServer silentAboutIt("HTTP/1.1 200 OK\r\n\r\n" + QByteArray(100 * byteLimit, 'x'));
     EXPECT_EQ(read(silentAboutIt.url()), std::nullopt);
     WebServer missing("HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\nnone");
     EXPECT_EQ(read(missing.url()), std::nullopt);
@@ -114,9 +114,9 @@ TEST_F(QtUrlDataTest, ARedirectionIsFollowed) {
     WebServer server("HTTP/1.1 302 Found\r\nLocation: " + QByteArray::fromStdString(target.url()) +
                      "\r\nContent-Length: 0\r\n\r\n");
     EXPECT_EQ(read(server.url()), "picture");
-    WebServer elsewhere("HTTP/1.1 302 Found\r\nLocation: file:///etc/hostname\r\n"
-                        "Content-Length: 0\r\n\r\n");
-    EXPECT_EQ(read(elsewhere.url()), std::nullopt);
+    WebServer redirecting("HTTP/1.1 302 Found\r\nLocation: file:///etc/hostname\r\n"
+                          "Content-Length: 0\r\n\r\n");
+    EXPECT_EQ(read(redirecting.url()), std::nullopt);
 }
 
 TEST_F(QtUrlDataTest, AServerWithoutAValidCertificateIsNotBelieved) {
@@ -129,8 +129,9 @@ TEST_F(QtUrlDataTest, AStopEndsTheWaitForAServerThatNeverAnswers) {
     std::stop_source stop;
     std::optional<SharedBytes> bytes;
     bool done = false;
-    const auto reading = loop.detach(
-        [&] { bytes = urls.read(server.url(), limit, stop.get_token()); }, [&] { done = true; });
+    const auto reading =
+        loop.detach([&] { bytes = urls.read(server.url(), byteLimit, stop.get_token()); },
+                    [&] { done = true; });
     ASSERT_TRUE(waitUntil([&] { return server.requests == 1; }));
     QElapsedTimer elapsed;
     elapsed.start();
@@ -138,7 +139,8 @@ TEST_F(QtUrlDataTest, AStopEndsTheWaitForAServerThatNeverAnswers) {
     EXPECT_TRUE(waitUntil([&] { return done; }));
     EXPECT_LT(elapsed.elapsed(), 3000);
     EXPECT_FALSE(bytes);
-    EXPECT_FALSE(urls.read("data:,text", limit, stop.get_token())) << "and nothing begins any more";
+    EXPECT_FALSE(urls.read("data:,text", byteLimit, stop.get_token()))
+        << "and nothing begins any more";
     WebServer other(WebServer::page("picture"));
     EXPECT_EQ(read(other.url()), "picture");
 }
@@ -148,7 +150,7 @@ TEST_F(QtUrlDataTest, TheEndOfTheProgramDoesNotWaitForAServerThatNeverAnswers) {
     std::optional<SharedBytes> bytes;
     bool done = false;
     const auto reading =
-        loop.detach([&] { bytes = urls.read(server.url(), limit, {}); }, [&] { done = true; });
+        loop.detach([&] { bytes = urls.read(server.url(), byteLimit, {}); }, [&] { done = true; });
     ASSERT_TRUE(waitUntil([&] { return server.requests == 1; }));
     QElapsedTimer elapsed;
     elapsed.start();

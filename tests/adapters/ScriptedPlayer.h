@@ -53,7 +53,7 @@ public:
     }
     void seek(qlonglong position) {
         tell({{QStringLiteral("Position"), position}});
-        mock_.call(mockInterface(), QStringLiteral("EmitSignal"),
+        mock_.call(mockInterface, QStringLiteral("EmitSignal"),
                    {Mpris::playerInterface, QStringLiteral("Seeked"), QStringLiteral("x"),
                     QVariantList{position}});
     }
@@ -62,14 +62,13 @@ public:
     void wakeUp() { mock_.wakeUp(); }
 
 private:
-    static QString mockInterface() { return QStringLiteral("org.freedesktop.DBus.Mock"); }
     void add(const QString& interface, const QVariantMap& properties) {
-        mock_.call(mockInterface(), QStringLiteral("AddProperties"), {interface, properties});
+        mock_.call(mockInterface, QStringLiteral("AddProperties"), {interface, properties});
     }
     void update(const QString& interface, const QVariantMap& properties) {
         for (auto property = properties.begin(); property != properties.end(); ++property)
             mock_.call(
-                Mpris::propertiesInterface, QStringLiteral("Set"),
+                busPropertiesInterface, QStringLiteral("Set"),
                 {interface, property.key(), QVariant::fromValue(QDBusVariant(property.value()))});
     }
 

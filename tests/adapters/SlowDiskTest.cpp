@@ -1,6 +1,7 @@
 #include "Platform/FileUserDefaults.h"
 #include "Platform/Qt/QtRunLoop.h"
 #include "Support/GatedFileSystem.h"
+#include "Support/StoredFiles.h"
 #include "adapters/EventLoopWait.h"
 
 #include <gtest/gtest.h>
@@ -8,12 +9,10 @@
 namespace orvelle {
 namespace {
 
-const std::string path = "/simulated/config/defaults.json";
-
 class SlowDisk : public testing::Test {
 protected:
     SlowDisk() {
-        fileSystem.files[path] = R"({"a": 1})";
+        fileSystem.files[settingsPath] = R"({"a": 1})";
         defaults = std::make_unique<FileUserDefaults>(fileSystem, runLoop, watch, log);
     }
     /// Whether the main thread serves its timers and the settings while a thread stands at `gate`.
@@ -44,12 +43,12 @@ TEST_F(SlowDisk, SavingDoesNotStopTheMainThread) {
         gate->open();
         defaults->flush();
     }
-    EXPECT_EQ(fileSystem.files.at(path), "{\n  \"a\": 4,\n  \"tick\": 10\n}\n");
+    EXPECT_EQ(fileSystem.files.at(settingsPath), "{\n  \"a\": 4,\n  \"tick\": 10\n}\n");
     EXPECT_TRUE(log.lines.empty());
 }
 
 TEST_F(SlowDisk, ReadingAnOutsideEditDoesNotStopTheMainThread) {
-    fileSystem.files[path] = R"({"a": 2})";
+    fileSystem.files[settingsPath] = R"({"a": 2})";
     bool isTold = false;
     const auto changes =
         defaults->observeChanges([&] { isTold = isTold || defaults->integer("a") == 2; });

@@ -17,7 +17,6 @@ namespace {
 
 const QString upowerName = QStringLiteral("org.freedesktop.UPower");
 const QString upowerPath = QStringLiteral("/org/freedesktop/UPower");
-const QString mockInterface = QStringLiteral("org.freedesktop.DBus.Mock");
 
 enum State : uint { charging = 1, discharging = 2, full = 4, pendingCharge = 5 };
 

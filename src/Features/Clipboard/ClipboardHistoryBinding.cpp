@@ -4,23 +4,19 @@
 
 namespace orvelle {
 
-namespace {
-
-ClipboardRowValue toQt(const ClipboardHistoryView::ClipboardItemRow& row) {
+static ClipboardRowValue toQt(const ClipboardHistoryView::ClipboardItemRow& row) {
     QVariantList details;
     for (const auto& text : row.details)
-        details.append(QVariant::fromValue(orvelle::toQt(text)));
+        details.append(QVariant::fromValue(toQt(text)));
     return {
-        .id = orvelle::toQt(std::string_view(row.id.text())),
-        .type = orvelle::toQt(row.type),
-        .preview = orvelle::toQt(row.preview),
+        .id = toQt(std::string_view(row.id.text())),
+        .type = toQt(row.type),
+        .preview = toQt(row.preview),
         .details = details,
-        .copyButton = orvelle::toQt(row.copyButton),
-        .deleteButton = orvelle::toQt(row.deleteButton),
+        .copyButton = toQt(row.copyButton),
+        .deleteButton = toQt(row.deleteButton),
     };
 }
-
-} // namespace
 
 void ClipboardHistoryBinding::attach(const ViewEnvironment& environment) {
     auto& manager = environment.notch.clipboardManager;

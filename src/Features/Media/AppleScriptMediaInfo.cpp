@@ -10,17 +10,17 @@ namespace orvelle {
 
 namespace {
 
-constexpr std::string_view separator = "||";
+constexpr std::string_view fieldSeparator = "||";
 constexpr std::size_t leastFields = 6;
 
 std::vector<std::string_view> split(std::string_view line) {
     std::vector<std::string_view> fields;
     for (;;) {
-        const auto end = line.find(separator);
+        const auto end = line.find(fieldSeparator);
         fields.push_back(line.substr(0, end));
         if (end == std::string_view::npos)
             return fields;
-        line.remove_prefix(end + separator.size());
+        line.remove_prefix(end + fieldSeparator.size());
     }
 }
 

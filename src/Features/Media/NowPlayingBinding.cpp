@@ -5,18 +5,13 @@
 
 namespace orvelle {
 
-namespace {
-
-LoveButtonValue toQt(const NowPlayingView::LoveButton& button) {
-    return {orvelle::toQt(button.symbol), button.opacity, orvelle::toQt(button.help),
-            button.isEnabled};
+static LoveButtonValue toQt(const NowPlayingView::LoveButton& button) {
+    return {toQt(button.symbol), button.opacity, toQt(button.help), button.isEnabled};
 }
 
-ProgressBarValue toQt(const NowPlayingView::ProgressBar& bar) {
-    return {bar.fraction, orvelle::toQt(bar.fillColor)};
+static ProgressBarValue toQt(const NowPlayingView::ProgressBar& bar) {
+    return {bar.fraction, toQt(bar.fillColor)};
 }
-
-} // namespace
 
 void NowPlayingBinding::attach(const ViewEnvironment& environment) {
     manager_ = &environment.notch.mediaManager;

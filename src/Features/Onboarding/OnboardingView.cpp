@@ -19,12 +19,12 @@ constexpr Color secondary = Color::white(1, 0.6);
 constexpr Color inactiveDot = colors::gray.withAlpha(0.3);
 constexpr Color pink{1, 0.216, 0.373, 1};
 
-constexpr double symbolSize = 36;
+constexpr double stepSymbolSize = 36;
 constexpr double wideText = 360;
 constexpr double narrowText = 320;
 const std::string automationStatus = "Grant when prompted";
 
-StyledText headline(std::string text) {
+StyledText pageTitle(std::string text) {
     return {std::move(text), {22, FontWeight::bold, primary}};
 }
 
@@ -67,23 +67,23 @@ OnboardingView::Content OnboardingView::stepContent(Step step) const {
         return welcomeStep();
     case Step::location:
         return permissionStep(
-            {"location.fill"_symbol, symbolSize, colors::blue}, "Location Access",
+            {"location.fill"_symbol, stepSymbolSize, colors::blue}, "Location Access",
             "Orvelle uses your location to show local weather conditions in the notch bar.",
             "Allow Location", locationStatusText);
     case Step::calendar:
-        return permissionStep({"calendar"_symbol, symbolSize, colors::red}, "Calendar Access",
+        return permissionStep({"calendar"_symbol, stepSymbolSize, colors::red}, "Calendar Access",
                               "See your upcoming events at a glance right from the notch. Orvelle "
                               "reads your calendar to display the next event.",
                               "Allow Calendar", calendarStatusText);
     case Step::camera:
         return permissionStep(
-            {"camera.fill"_symbol, symbolSize, colors::green}, "Camera Access",
+            {"camera.fill"_symbol, stepSymbolSize, colors::green}, "Camera Access",
             "The Mirror widget lets you use your webcam as a quick mirror. Camera access is only "
             "used when the Mirror feature is enabled.",
             "Allow Camera", cameraStatusText);
     case Step::automation:
         return permissionStep(
-            {"music.note"_symbol, symbolSize, pink}, "Automation Access",
+            {"music.note"_symbol, stepSymbolSize, pink}, "Automation Access",
             "Orvelle reads now-playing info from Spotify and Apple Music via AppleScript. You may "
             "see a prompt when media is first detected.",
             "Open System Settings", automationStatus);
@@ -97,8 +97,8 @@ OnboardingView::Content OnboardingView::stepContent(Step step) const {
 
 OnboardingView::Content OnboardingView::welcomeStep() {
     Content content;
-    content.symbol = {"rectangle.topthird.inset.filled"_symbol, symbolSize, primary};
-    content.title = headline("Welcome to Orvelle");
+    content.symbol = {"rectangle.topthird.inset.filled"_symbol, stepSymbolSize, primary};
+    content.title = pageTitle("Welcome to Orvelle");
     content.paragraphs = {
         paragraph("Transform your MacBook's notch into a powerful control center with media "
                   "controls, weather, calendar, file shelf, and more.",
@@ -114,9 +114,9 @@ OnboardingView::Content OnboardingView::permissionStep(StyledSymbol symbol, std:
                                                        const std::string& status) {
     const bool isGranted = status == grantedStatusText;
     Content content;
-    content.symbol = isGranted
-                         ? StyledSymbol{"checkmark.circle.fill"_symbol, symbolSize, colors::green}
-                         : symbol;
+    content.symbol =
+        isGranted ? StyledSymbol{"checkmark.circle.fill"_symbol, stepSymbolSize, colors::green}
+                  : symbol;
     content.title = stepTitle(std::move(title));
     content.paragraphs = {paragraph(std::move(description), wideText)};
     if (!isGranted)
@@ -127,7 +127,7 @@ OnboardingView::Content OnboardingView::permissionStep(StyledSymbol symbol, std:
 
 OnboardingView::Content OnboardingView::launchAtLoginStep() const {
     Content content;
-    content.symbol = {"power"_symbol, symbolSize, theme_.accentColor()};
+    content.symbol = {"power"_symbol, stepSymbolSize, theme_.accentColor()};
     content.title = stepTitle("Launch at Login");
     content.paragraphs = {
         paragraph("Orvelle is a productivity tool that works best when it's always available. "
@@ -141,8 +141,8 @@ OnboardingView::Content OnboardingView::launchAtLoginStep() const {
 
 OnboardingView::Content OnboardingView::doneStep() const {
     Content content;
-    content.symbol = {"checkmark.circle.fill"_symbol, symbolSize, colors::green};
-    content.title = headline("You're All Set!");
+    content.symbol = {"checkmark.circle.fill"_symbol, stepSymbolSize, colors::green};
+    content.title = pageTitle("You're All Set!");
     content.paragraphs = {paragraph("Orvelle is ready to use. Hover over the notch to see your "
                                     "widgets, or pull down to expand the full panel.",
                                     wideText)};

@@ -25,7 +25,9 @@ QUrl viewOf(PomodoroTimerStyle style) {
     return QUrl(QStringLiteral("qrc:/Orvelle/%1.qml").arg(QLatin1String(name)));
 }
 
-QVariantList toQt(const std::vector<PomodoroExpandedView::Tick>& ticks) {
+} // namespace
+
+static QVariantList toQt(const std::vector<PomodoroExpandedView::Tick>& ticks) {
     QVariantList values;
     for (const auto& tick : ticks)
         values.append(QVariantMap{{QStringLiteral("angle"), tick.angle},
@@ -33,14 +35,12 @@ QVariantList toQt(const std::vector<PomodoroExpandedView::Tick>& ticks) {
     return values;
 }
 
-QVariantList toQt(const std::vector<Color>& colors) {
+static QVariantList toQt(const std::vector<Color>& colors) {
     QVariantList values;
     for (const auto& color : colors)
-        values.append(orvelle::toQt(color));
+        values.append(toQt(color));
     return values;
 }
-
-} // namespace
 
 void PomodoroExpandedBinding::attach(const ViewEnvironment& environment) {
     auto& manager = environment.notch.pomodoroManager;

@@ -4,20 +4,15 @@
 
 namespace orvelle {
 
-namespace {
-
-QVariant toQt(const std::optional<StockTickerCycleView::Content>& content) {
+static QVariant toQt(const std::optional<StockTickerCycleView::Content>& content) {
     if (!content)
         return {};
-    CycleContentValue value{orvelle::toQt(content->symbol), {}};
+    CycleContentValue value{toQt(content->symbol), {}};
     if (const auto& figures = content->figures)
-        value.figures = QVariant::fromValue(CycleFiguresValue{orvelle::toQt(figures->price),
-                                                              orvelle::toQt(figures->arrow),
-                                                              orvelle::toQt(figures->percent)});
+        value.figures = QVariant::fromValue(
+            CycleFiguresValue{toQt(figures->price), toQt(figures->arrow), toQt(figures->percent)});
     return QVariant::fromValue(value);
 }
-
-} // namespace
 
 void StockTickerCycleBinding::attach(const ViewEnvironment& environment) {
     const auto& manager = environment.notch.stockTickerManager;

@@ -4,20 +4,16 @@
 
 namespace orvelle {
 
-namespace {
-
-StockRowValue toQt(const StockTickerRowContent& row) {
-    StockRowValue value{.id = orvelle::toQt(std::string_view(row.id)),
-                        .symbol = orvelle::toQt(row.symbol),
-                        .name = orvelle::toQt(row.name),
+static StockRowValue toQt(const StockTickerRowContent& row) {
+    StockRowValue value{.id = toQt(std::string_view(row.id)),
+                        .symbol = toQt(row.symbol),
+                        .name = toQt(row.name),
                         .figures = {}};
     if (row.figures)
-        value.figures = QVariant::fromValue(StockFiguresValue{orvelle::toQt(row.figures->price),
-                                                              orvelle::toQt(row.figures->change)});
+        value.figures = QVariant::fromValue(
+            StockFiguresValue{toQt(row.figures->price), toQt(row.figures->change)});
     return value;
 }
-
-} // namespace
 
 void StockTickerExpandedBinding::attach(const ViewEnvironment& environment) {
     auto& manager = environment.notch.stockTickerManager;

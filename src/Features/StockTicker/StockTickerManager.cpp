@@ -13,8 +13,7 @@ namespace orvelle {
 
 namespace {
 
-constexpr Seconds requestTimeout = 10;
-constexpr int statusOK = 200;
+constexpr Seconds quoteTimeout = 10;
 /// The service refuses programs that do not call themselves a browser.
 constexpr const char* userAgent = "Mozilla/5.0 (Macintosh; Intel Mac OS X 10_15_7)";
 
@@ -86,7 +85,7 @@ void StockTickerManager::fetchQuote(const std::string& symbol) {
     HttpRequest request{.url =
                             roots_.chart + "/v8/finance/chart/" + symbol + "?range=1d&interval=1d",
                         .headers = {{"User-Agent", userAgent}},
-                        .timeout = requestTimeout};
+                        .timeout = quoteTimeout};
     if (!Url::isValid(request.url))
         return;
     requests_.start([&](auto finished) {
@@ -103,7 +102,7 @@ void StockTickerManager::received(const HttpReply& reply, const std::string& sym
         log_.error("Failed to fetch quote for " + symbol + ": " + *reply.error);
         return;
     }
-    if (reply.status != statusOK) {
+    if (reply.status != HttpReply::statusOK) {
         log_.error(format("HTTP %d for %s", reply.status, symbol.c_str()));
         return;
     }

@@ -13,8 +13,7 @@ namespace orvelle {
 
 namespace {
 
-constexpr Seconds requestTimeout = 15;
-constexpr int statusOK = 200;
+constexpr Seconds manifestTimeout = 15;
 
 bool isAbsolute(const std::string& url) {
     constexpr std::string_view scheme = "http";
@@ -44,7 +43,7 @@ void UpdateChecker::check(std::function<void()> done) {
             done();
     };
     HttpRequest request{.url = roots_.site + "/orvelle.json",
-                        .timeout = requestTimeout,
+                        .timeout = manifestTimeout,
                         .cachePolicy = HttpCachePolicy::reloadIgnoringLocalCache};
     if (!Url::isValid(request.url)) {
         log_.error("Invalid manifest URL");
@@ -66,7 +65,7 @@ void UpdateChecker::received(const HttpReply& reply) {
         log_.error("Update check failed: " + *reply.error);
         return;
     }
-    if (reply.status != statusOK) {
+    if (reply.status != HttpReply::statusOK) {
         log_.error("Manifest fetch failed with non-200 status");
         return;
     }

@@ -4,19 +4,15 @@
 
 namespace orvelle {
 
-namespace {
-
-QVariant toQt(const std::optional<WeatherExpandedView::LocationControl>& control) {
+static QVariant toQt(const std::optional<WeatherExpandedView::LocationControl>& control) {
     if (!control)
         return {};
     QVariantList dots;
     for (const auto& dot : control->dots)
-        dots.append(orvelle::toQt(dot));
+        dots.append(toQt(dot));
     return QVariant::fromValue(
-        LocationControlValue{orvelle::toQt(control->previous), dots, orvelle::toQt(control->next)});
+        LocationControlValue{toQt(control->previous), dots, toQt(control->next)});
 }
-
-} // namespace
 
 void WeatherExpandedBinding::attach(const ViewEnvironment& environment) {
     auto& manager = environment.notch.weatherManager;

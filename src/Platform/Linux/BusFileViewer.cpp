@@ -9,7 +9,7 @@ namespace orvelle {
 namespace {
 
 constexpr auto service = "org.freedesktop.FileManager1";
-constexpr auto path = "/org/freedesktop/FileManager1";
+constexpr auto servicePath = "/org/freedesktop/FileManager1";
 
 } // namespace
 
@@ -29,7 +29,7 @@ void BusFileViewer::ask(const QDBusConnection& connection, const std::vector<std
     QStringList addresses;
     for (const auto& url : urls)
         addresses += QString::fromStdString(url);
-    auto call = QDBusMessage::createMethodCall(QLatin1String(service), QLatin1String(path),
+    auto call = QDBusMessage::createMethodCall(QLatin1String(service), QLatin1String(servicePath),
                                                QLatin1String(service), QStringLiteral("ShowItems"));
     call << addresses << QString(); // no startup notification
     const auto folder = urls.front().substr(0, urls.front().rfind('/'));

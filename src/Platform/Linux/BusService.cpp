@@ -6,10 +6,6 @@
 
 namespace orvelle {
 
-namespace {
-const QString busName = QStringLiteral("org.freedesktop.DBus"); // the bus itself, and its interface
-}
-
 Subscription withBus(RunLoop& runLoop, BusProvider bus,
                      std::function<void(QDBusConnection)> ready) {
     auto connection = std::make_shared<std::optional<QDBusConnection>>();
@@ -41,9 +37,8 @@ void BusService::start() {
 void BusService::attach(QDBusConnection connection) {
     connection_ = connection;
     // Without a service name in the matches: with one, the library would wait for the owner's name.
-    connection_->connect({}, QStringLiteral("/org/freedesktop/DBus"), busName,
-                         QStringLiteral("NameOwnerChanged"), QStringList{name_}, QString(), this,
-                         SLOT(ownerChanged(QDBusMessage)));
+    connection_->connect({}, messageBusPath, messageBusName, QStringLiteral("NameOwnerChanged"),
+                         QStringList{name_}, QString(), this, SLOT(ownerChanged(QDBusMessage)));
     connection_->connect({}, signal_.path, signal_.interface, signal_.member, this,
                          SLOT(signalArrived(QDBusMessage)));
     handlers_.ask();
@@ -66,7 +61,7 @@ void BusService::call(const QString& path, const QString& interface, const QStri
 
 void BusService::ownerChanged(const QDBusMessage& message) {
     const auto newOwner = message.arguments().value(2).toString();
-    if (message.service() != busName || newOwner == owner_)
+    if (message.service() != messageBusName || newOwner == owner_)
         return;
     ++generation_;
     owner_ = newOwner;

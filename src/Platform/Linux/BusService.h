@@ -12,6 +12,12 @@
 
 namespace orvelle {
 
+/// The bus itself: its name, which is also its interface, and its only object.
+inline const QString messageBusName = QStringLiteral("org.freedesktop.DBus");
+inline const QString messageBusPath = QStringLiteral("/org/freedesktop/DBus");
+
+inline const QString busPropertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+
 /// Gives a connection to a bus. It may wait while it connects, so it is called in the background.
 using BusProvider = std::function<QDBusConnection()>;
 

@@ -8,14 +8,6 @@
 
 namespace orvelle {
 
-namespace {
-
-/// A file may be made complete, by a link: its making counts as well as its closing.
-constexpr std::uint32_t folderEvents = IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM |
-                                       IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
-
-} // namespace
-
 FolderWatch::FolderWatch(std::function<void()> changed)
     : changed_(std::move(changed)), inotify_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
     if (!inotify_)

@@ -11,12 +11,11 @@ namespace orvelle {
 
 namespace {
 
-const QString service = QStringLiteral("org.freedesktop.GeoClue2");
+const QString geoClue = QStringLiteral("org.freedesktop.GeoClue2");
 const QString managerPath = QStringLiteral("/org/freedesktop/GeoClue2/Manager");
-const QString managerInterface = service + QStringLiteral(".Manager");
-const QString clientInterface = service + QStringLiteral(".Client");
-const QString locationInterface = service + QStringLiteral(".Location");
-const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+const QString managerInterface = geoClue + QStringLiteral(".Manager");
+const QString clientInterface = geoClue + QStringLiteral(".Client");
+const QString locationInterface = geoClue + QStringLiteral(".Location");
 const QString accessDenied = QStringLiteral("org.freedesktop.DBus.Error.AccessDenied");
 
 const QString desktopId = QStringLiteral("orvelle");
@@ -47,7 +46,7 @@ GeoClueLocationManager::GeoClueLocationManager(RunLoop& runLoop, BusProvider sys
                                                LocationManagerDelegate& delegate,
                                                LocationAccuracy accuracy)
     : delegate_(delegate), accuracyLevel_(level(accuracy)),
-      geoclue_(runLoop, std::move(systemBus), service,
+      geoclue_(runLoop, std::move(systemBus), geoClue,
                {{}, clientInterface, QStringLiteral("LocationUpdated")},
                {.ask =
                     [this] {
@@ -102,7 +101,7 @@ void GeoClueLocationManager::startClient() {
     stage_ = Stage::preparing;
     const auto set = [this](const char* property, const QVariant& value) {
         geoclue_.call(
-            client_, propertiesInterface, QStringLiteral("Set"),
+            client_, busPropertiesInterface, QStringLiteral("Set"),
             {clientInterface, QLatin1String(property), QVariant::fromValue(QDBusVariant(value))},
             [](const QDBusMessage&) {});
     };
@@ -140,7 +139,7 @@ void GeoClueLocationManager::hear(const QDBusMessage& signal) {
 
 void GeoClueLocationManager::read(const QString& location) {
     geoclue_.call(
-        location, propertiesInterface, QStringLiteral("GetAll"), {locationInterface},
+        location, busPropertiesInterface, QStringLiteral("GetAll"), {locationInterface},
         [this](const QDBusMessage& reply) {
             const auto values = qdbus_cast<QVariantMap>(reply.arguments().value(0));
             const Coordinate place{degrees(values, "Latitude"), degrees(values, "Longitude")};

@@ -3,10 +3,17 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
 namespace orvelle {
+
+/// What can change what a folder holds. A file may be made complete, by a link: its making counts
+/// as well as its closing.
+inline constexpr std::uint32_t folderEvents = IN_CLOSE_WRITE | IN_CREATE | IN_DELETE |
+                                              IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE_SELF |
+                                              IN_MOVE_SELF | IN_ONLYDIR;
 
 /// Reads what waits at the non-blocking descriptor: calls `handle(const inotify_event&, name)` for
 /// each event, with the name of the file within the watched folder, or an empty one.

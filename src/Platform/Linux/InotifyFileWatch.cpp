@@ -16,9 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Folders are watched, not files: a file that is replaced takes its watch with it.
-constexpr std::uint32_t folderEvents = IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM |
-                                       IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
 /// The file is complete, or gone. Its making is not: its writer will close it.
 constexpr std::uint32_t fileEvents = IN_CLOSE_WRITE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
 

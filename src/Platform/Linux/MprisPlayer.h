@@ -17,7 +17,6 @@ inline const QString namePrefix = QStringLiteral("org.mpris.MediaPlayer2.");
 inline const QString path = QStringLiteral("/org/mpris/MediaPlayer2");
 inline const QString rootInterface = QStringLiteral("org.mpris.MediaPlayer2");
 inline const QString playerInterface = QStringLiteral("org.mpris.MediaPlayer2.Player");
-inline const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 /// A call that never starts a player that does not run.
 QDBusMessage call(const QString& busName, const QString& interface, const QString& method,

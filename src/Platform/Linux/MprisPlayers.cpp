@@ -11,8 +11,6 @@ namespace orvelle {
 
 namespace {
 
-const QString busName = QStringLiteral("org.freedesktop.DBus");
-const QString busPath = QStringLiteral("/org/freedesktop/DBus");
 const QString ownerSignal = QStringLiteral("NameOwnerChanged");
 const QString propertiesSignal = QStringLiteral("PropertiesChanged");
 const QString seekedSignal = QStringLiteral("Seeked");
@@ -24,7 +22,8 @@ bool isPlayer(const QString& name) {
 }
 
 QDBusMessage toBus(const QString& method, const QVariantList& arguments = {}) {
-    auto message = QDBusMessage::createMethodCall(busName, busPath, busName, method);
+    auto message =
+        QDBusMessage::createMethodCall(messageBusName, messageBusPath, messageBusName, method);
     message.setArguments(arguments);
     return message;
 }
@@ -47,8 +46,9 @@ Subscription MprisPlayers::follow() {
 void MprisPlayers::attach(QDBusConnection connection) {
     connection_ = connection;
     // Without a service name in the matches: with one, the library would wait for the owner's name.
-    connection_->connect({}, busPath, busName, ownerSignal, this, SLOT(ownerChanged(QDBusMessage)));
-    connection_->connect({}, Mpris::path, Mpris::propertiesInterface, propertiesSignal, this,
+    connection_->connect({}, messageBusPath, messageBusName, ownerSignal, this,
+                         SLOT(ownerChanged(QDBusMessage)));
+    connection_->connect({}, Mpris::path, busPropertiesInterface, propertiesSignal, this,
                          SLOT(propertiesChanged(QDBusMessage)));
     connection_->connect({}, Mpris::path, Mpris::playerInterface, seekedSignal, this,
                          SLOT(seeked(QDBusMessage)));
@@ -71,9 +71,9 @@ void MprisPlayers::detach() {
     players_.clear();
     if (!connection_)
         return;
-    connection_->disconnect({}, busPath, busName, ownerSignal, this,
+    connection_->disconnect({}, messageBusPath, messageBusName, ownerSignal, this,
                             SLOT(ownerChanged(QDBusMessage)));
-    connection_->disconnect({}, Mpris::path, Mpris::propertiesInterface, propertiesSignal, this,
+    connection_->disconnect({}, Mpris::path, busPropertiesInterface, propertiesSignal, this,
                             SLOT(propertiesChanged(QDBusMessage)));
     connection_->disconnect({}, Mpris::path, Mpris::playerInterface, seekedSignal, this,
                             SLOT(seeked(QDBusMessage)));
@@ -96,9 +96,8 @@ Subscription MprisPlayers::observeChanges(std::function<void()> changed) {
 }
 
 void MprisPlayers::askPosition(const MprisPlayer& player, std::function<void()> done) {
-    const auto question =
-        Mpris::call(player.owner, Mpris::propertiesInterface, QStringLiteral("Get"),
-                    {Mpris::playerInterface, QStringLiteral("Position")});
+    const auto question = Mpris::call(player.owner, busPropertiesInterface, QStringLiteral("Get"),
+                                      {Mpris::playerInterface, QStringLiteral("Position")});
     callBus(
         *connection_, question, this,
         [this, owner = player.owner, done = std::move(done)](const QDBusMessage& reply) {
@@ -119,7 +118,7 @@ void MprisPlayers::send(const MprisPlayer& player, const QString& method) {
 void MprisPlayers::ownerChanged(const QDBusMessage& message) {
     const auto name = message.arguments().value(0).toString();
     const auto newOwner = message.arguments().value(2).toString();
-    if (message.service() != busName || !isPlayer(name))
+    if (message.service() != messageBusName || !isPlayer(name))
         return;
     if (std::erase_if(players_, [&](const auto& player) { return player.busName == name; }) > 0)
         tellSoon();
@@ -143,7 +142,7 @@ void MprisPlayers::ask(MprisPlayer& player) {
 
 void MprisPlayers::askInterface(const QString& owner, const QString& interface) {
     const auto question =
-        Mpris::call(owner, Mpris::propertiesInterface, QStringLiteral("GetAll"), {interface});
+        Mpris::call(owner, busPropertiesInterface, QStringLiteral("GetAll"), {interface});
     callBus(*connection_, question, this, [this, owner, interface](const QDBusMessage& reply) {
         if (reply.type() != QDBusMessage::ReplyMessage)
             return;

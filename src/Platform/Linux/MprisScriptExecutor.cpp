@@ -47,7 +47,7 @@ QString busName(const KnownPlayer& player) {
 }
 
 QDBusMessage allProperties(const KnownPlayer& player) {
-    return Mpris::call(busName(player), Mpris::propertiesInterface, QStringLiteral("GetAll"),
+    return Mpris::call(busName(player), busPropertiesInterface, QStringLiteral("GetAll"),
                        {Mpris::playerInterface});
 }
 

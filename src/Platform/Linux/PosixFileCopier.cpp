@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/Descriptor.h"
 #include "Platform/Linux/FileData.h"
+#include "Platform/Linux/PrivateFolder.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -20,7 +21,6 @@ namespace orvelle {
 
 namespace {
 
-constexpr mode_t folderMode = 0700;
 constexpr int deepestFolder = 100; // of a copied folder; deeper ones are hostile, not files
 
 struct CloseFolder {
@@ -85,7 +85,7 @@ private:
         const bool isShelf = status.st_dev == shelf_.st_dev && status.st_ino == shelf_.st_ino;
         if (isShelf || depth > deepestFolder)
             return ELOOP;
-        if (mkdirat(into, name, folderMode) != 0)
+        if (mkdirat(into, name, privateFolderMode) != 0)
             return errno;
         const Descriptor copied(
             openat(into, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
@@ -157,13 +157,7 @@ FileCopier::Outcome failed(const std::string& reason) {
 } // namespace
 
 bool PosixFileCopier::makeFolder(const std::string& path) {
-    struct stat status {};
-    if (stat(path.c_str(), &status) == 0)
-        return S_ISDIR(status.st_mode);
-    const auto parent = std::filesystem::path(path).parent_path().string();
-    if (parent == path || !makeFolder(parent))
-        return false;
-    return mkdir(path.c_str(), folderMode) == 0 || errno == EEXIST;
+    return makePrivateFolder(path);
 }
 
 std::optional<FileCopier::Info> PosixFileCopier::info(const std::string& path) const {
@@ -190,7 +184,8 @@ FileCopier::Outcome PosixFileCopier::copy(const std::string& source, const std::
     const auto staging = folder + "/" + stagingName;
     const auto staged = staging + "/" + name;
     const auto destination = folder + "/" + name;
-    if (!removeAll(staging) || !makeFolder(folder) || mkdir(staging.c_str(), folderMode) != 0)
+    if (!removeAll(staging) || !makeFolder(folder) ||
+        mkdir(staging.c_str(), privateFolderMode) != 0)
         return failed(describe(errno));
     const Descriptor into(open(staging.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     int failure = !into || stat(folder.c_str(), &shelf) != 0 ? errno : 0;

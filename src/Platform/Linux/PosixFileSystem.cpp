@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/BaseFolders.h"
 #include "Platform/Linux/Descriptor.h"
+#include "Platform/Linux/PrivateFolder.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -19,8 +20,6 @@ namespace orvelle {
 
 namespace {
 
-constexpr mode_t folderMode = 0700;
-
 std::string parentOf(const std::string& path) {
     return std::filesystem::path(path).parent_path().string();
 }
@@ -37,16 +36,6 @@ std::string linkTarget(std::string path) {
         path = (std::filesystem::path(path).parent_path() / target).string();
     }
     return path;
-}
-
-bool makeFolders(const std::string& folder) {
-    struct stat status {};
-    if (stat(folder.c_str(), &status) == 0)
-        return S_ISDIR(status.st_mode);
-    const auto parent = parentOf(folder);
-    if (parent == folder || !makeFolders(parent))
-        return false;
-    return mkdir(folder.c_str(), folderMode) == 0 || errno == EEXIST;
 }
 
 bool isReplaceable(const std::string& path) {
@@ -118,7 +107,7 @@ FileSystem::Contents PosixFileSystem::read(const std::string& path, std::size_t 
 bool PosixFileSystem::write(const std::string& path, std::string_view bytes) {
     const auto target = linkTarget(path);
     const auto folder = parentOf(target);
-    if (!isReplaceable(target) || !makeFolders(folder))
+    if (!isReplaceable(target) || !makePrivateFolder(folder))
         return false;
     auto temporary = folder + "/." + std::filesystem::path(target).filename().string() + ".XXXXXX";
     const Descriptor file(mkostemp(temporary.data(), O_CLOEXEC)); // 0600
@@ -145,7 +134,7 @@ bool PosixFileSystem::move(const std::string& from, const std::string& to) {
 Subscription PosixFileSystem::lock(const std::string& folder, Seconds patience) {
     using Clock = std::chrono::steady_clock;
     constexpr auto pause = std::chrono::milliseconds(5);
-    if (!makeFolders(folder))
+    if (!makePrivateFolder(folder))
         return {};
     auto handle =
         std::make_shared<Descriptor>(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));

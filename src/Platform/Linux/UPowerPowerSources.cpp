@@ -12,7 +12,6 @@ namespace {
 
 const QString displayDevice = QStringLiteral("/org/freedesktop/UPower/devices/DisplayDevice");
 const QString deviceInterface = QStringLiteral("org.freedesktop.UPower.Device");
-const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 constexpr unsigned batteryType = 2;
 
@@ -59,7 +58,7 @@ UPowerPowerSources::UPowerPowerSources(RunLoop& runLoop, BusProvider systemBus,
                                        std::string sysfsRoot)
     : sysfsRoot_(std::move(sysfsRoot)),
       upower_(runLoop, std::move(systemBus), QStringLiteral("org.freedesktop.UPower"),
-              {displayDevice, propertiesInterface, QStringLiteral("PropertiesChanged")},
+              {displayDevice, busPropertiesInterface, QStringLiteral("PropertiesChanged")},
               {.ask = [this] { ask(); },
                .forget =
                    [this] {
@@ -89,7 +88,7 @@ std::optional<std::vector<std::optional<PowerSourceDescription>>> UPowerPowerSou
 
 void UPowerPowerSources::ask() {
     question_ = Question::awaitingAnswer;
-    upower_.call(displayDevice, propertiesInterface, QStringLiteral("GetAll"), {deviceInterface},
+    upower_.call(displayDevice, busPropertiesInterface, QStringLiteral("GetAll"), {deviceInterface},
                  [this](const QDBusMessage& reply) {
                      question_ = Question::closed;
                      if (reply.type() == QDBusMessage::ReplyMessage)

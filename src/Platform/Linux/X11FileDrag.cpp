@@ -9,7 +9,7 @@ namespace orvelle {
 
 namespace {
 
-constexpr const char* selectionName = "XdndSelection";
+constexpr const char* dragSelectionName = "XdndSelection";
 
 /// Whether the drag that the message announces offers the type of file lists. Three types fit into
 /// the message; where there are more, a property of the source holds them all.
@@ -94,7 +94,7 @@ void X11FileDrag::dropped(xcb_timestamp_t time) {
 }
 
 void X11FileDrag::read(xcb_timestamp_t time) {
-    reader_.read(X11::atom(selectionName), X11::atom(draggedFileType), time,
+    reader_.read(X11::atom(dragSelectionName), X11::atom(draggedFileType), time,
                  [this](const std::optional<std::string>& uriList) { adopt(uriList); });
 }
 

@@ -13,7 +13,7 @@ namespace orvelle {
 
 namespace {
 
-constexpr char selectionName[] = "CLIPBOARD";
+constexpr char clipboardName[] = "CLIPBOARD";
 
 xcb_atom_t internAtom(xcb_connection_t* connection, std::string_view name) {
     const auto cookie =
@@ -51,7 +51,7 @@ void X11Pasteboard::connect() {
     if (!followOwners(window))
         return;
     reader_ = std::make_unique<X11TextReader>(connection, window,
-                                              internAtom(connection, selectionName), patience_);
+                                              internAtom(connection, clipboardName), patience_);
     arrivals_ = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection),
                                                   QSocketNotifier::Read);
     QObject::connect(arrivals_.get(), &QSocketNotifier::activated, arrivals_.get(),
@@ -71,7 +71,7 @@ bool X11Pasteboard::followOwners(xcb_window_t window) {
     if (!known)
         return false;
     ownerChange_ = static_cast<std::uint8_t>(fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY);
-    xcb_xfixes_select_selection_input(connection, window, internAtom(connection, selectionName),
+    xcb_xfixes_select_selection_input(connection, window, internAtom(connection, clipboardName),
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
@@ -112,7 +112,7 @@ Subscription X11Pasteboard::readFiles(FileReading done) {
     if (!fileReader_)
         fileReader_ = std::make_unique<X11SelectionReader>();
     const auto isWanted = std::make_shared<bool>(true);
-    fileReader_->read(X11::atom(selectionName), X11::atom(draggedFileType), XCB_CURRENT_TIME,
+    fileReader_->read(X11::atom(clipboardName), X11::atom(draggedFileType), XCB_CURRENT_TIME,
                       [isWanted, done = std::move(done)](const auto& uriList) {
                           if (*isWanted)
                               done(uriList ? filesOf(*uriList) : std::vector<std::string>());

@@ -7,14 +7,14 @@ namespace orvelle {
 
 namespace {
 
-constexpr std::chrono::seconds patience{5};
+constexpr std::chrono::seconds selectionPatience{5};
 constexpr const char* propertyName = "ORVELLE_SELECTION";
 
 } // namespace
 
 X11SelectionReader::X11SelectionReader() {
     silence_.setSingleShot(true);
-    silence_.setInterval(patience);
+    silence_.setInterval(selectionPatience);
     QObject::connect(&silence_, &QTimer::timeout, &silence_, [this] { finish(std::nullopt); });
     events_ = X11::observeEvents([this](const auto& event) { handle(event); });
 }

@@ -23,6 +23,7 @@ struct FormLook {
     static constexpr Color selectedColor = Color::white(1, 0.1); ///< behind what is chosen
     static constexpr double textSize = 13;                       ///< points
     static constexpr double noteSize = 11;
+    static constexpr double listTextSize = 12; ///< of a row that can be dragged
     static constexpr double cornerRadius = 6;
     static constexpr double groupRadius = 10;
     static constexpr double swatchDiameter = 18; ///< of the preview of a colour

@@ -2,22 +2,18 @@
 
 namespace orvelle {
 
-namespace {
-
-EntryRowValue toQt(const EntryList::Row& row) {
+static EntryRowValue toQt(const EntryList::Row& row) {
     return {
-        .id = orvelle::toQt(std::string_view(row.id.text())),
-        .text = orvelle::toQt(row.text),
+        .id = toQt(std::string_view(row.id.text())),
+        .text = toQt(row.text),
         .isStruckThrough = row.isStruckThrough,
-        .button = orvelle::toQt(row.button),
+        .button = toQt(row.button),
         .isButtonFirst = row.buttonPlace == EntryList::ButtonPlace::beforeText,
-        .help = orvelle::toQt(row.help),
-        .leading = orvelle::toQt(row.leading),
-        .trailing = orvelle::toQt(row.trailing),
+        .help = toQt(row.help),
+        .leading = toQt(row.leading),
+        .trailing = toQt(row.trailing),
     };
 }
-
-} // namespace
 
 void EntryListBinding::refresh() {
     show_prompt(orvelle::toQt(view_->prompt()));

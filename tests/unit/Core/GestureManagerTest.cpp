@@ -6,7 +6,7 @@ namespace orvelle {
 namespace {
 
 using State = NotchExpandedState;
-constexpr auto next = NowPlayingService::nextTrack;
+constexpr auto nextTrack = NowPlayingService::nextTrack;
 constexpr auto previous = NowPlayingService::previousTrack;
 
 class GestureManagerTest : public AppFixture {
@@ -121,13 +121,13 @@ TEST_F(GestureManagerTest, ASwipeMustExceedTheSensitivity) {
 TEST_F(GestureManagerTest, ADxOfMinus20InTheMediaPanelIsNextTrackAndLocksFor400Milliseconds) {
     open(ActivePanel::media);
     swipe(-20);
-    EXPECT_EQ(commands(), Commands{next});
+    EXPECT_EQ(commands(), Commands{nextTrack});
     advance(0.39);
     swipe(-20);
-    EXPECT_EQ(commands(), Commands{next});
+    EXPECT_EQ(commands(), Commands{nextTrack});
     advance(0.02);
     swipe(-20);
-    EXPECT_EQ(commands(), (Commands{next, next}));
+    EXPECT_EQ(commands(), (Commands{nextTrack, nextTrack}));
 }
 
 TEST_F(GestureManagerTest, ReverseScrollDirectionDoesNotReverseSwipes) {
@@ -196,7 +196,7 @@ TEST_F(GestureManagerTest, WithASingleVisiblePanelTheSwipeSetsItAgainAndTakesThe
     EXPECT_EQ(assignments, 1);
     advance(0.41);
     swipe(-20);
-    EXPECT_EQ(commands(), Commands{next});
+    EXPECT_EQ(commands(), Commands{nextTrack});
 }
 
 TEST_F(GestureManagerTest, SwipeCooldownOf5ActsAs1AndWeathersAs1Point2) {
@@ -206,10 +206,10 @@ TEST_F(GestureManagerTest, SwipeCooldownOf5ActsAs1AndWeathersAs1Point2) {
     swipe(-20);
     advance(0.99);
     swipe(-20);
-    EXPECT_EQ(commands(), Commands{next});
+    EXPECT_EQ(commands(), Commands{nextTrack});
     advance(0.02);
     swipe(-20);
-    EXPECT_EQ(commands(), (Commands{next, next}));
+    EXPECT_EQ(commands(), (Commands{nextTrack, nextTrack}));
 
     open(ActivePanel::weather);
     swipe(-20);

@@ -3,6 +3,7 @@
 #include "Platform/Simulated/SimulatedPlatform.h"
 #include "Support/GatedFileSystem.h"
 #include "Support/HungRunLoop.h"
+#include "Support/StoredFiles.h"
 #include "Support/ThreadedRunLoop.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +11,7 @@
 namespace orvelle {
 namespace {
 
-const std::string path = "/simulated/share/Orvelle/numbers.json";
+const std::string numbersPath = listFolder + "numbers.json";
 
 std::optional<std::int64_t> decode(const Json& json) {
     return json.integer();
@@ -34,7 +35,7 @@ protected:
 };
 
 TEST_F(ListFileTest, LiesInTheApplicationsFolder) {
-    EXPECT_EQ(file->path(), path);
+    EXPECT_EQ(file->path(), numbersPath);
 }
 
 TEST_F(ListFileTest, AMissingFileIsAnEmptyListWithoutAProblem) {
@@ -46,50 +47,50 @@ TEST_F(ListFileTest, AMissingFileIsAnEmptyListWithoutAProblem) {
 TEST_F(ListFileTest, WhatWasSavedIsLoaded) {
     save({3, 1, 2});
     runPosted();
-    EXPECT_EQ(disk().files.at(path), "[3,1,2]");
+    EXPECT_EQ(disk().files.at(numbersPath), "[3,1,2]");
     EXPECT_EQ(load().records, (std::vector<std::int64_t>{3, 1, 2}));
 }
 
 TEST_F(ListFileTest, OneBadElementMakesTheFileUseless) {
-    disk().files[path] = R"([1,"two"])";
+    disk().files[numbersPath] = R"([1,"two"])";
     const auto loading = load();
     EXPECT_TRUE(loading.records.empty());
     EXPECT_EQ(loading.problem, "it is no JSON array of such items");
 }
 
 TEST_F(ListFileTest, AFileWithoutUseStaysUntilTheNextSaveWhichKeepsItAside) {
-    disk().files[path] = "[1,";
+    disk().files[numbersPath] = "[1,";
     load();
     runPosted();
-    EXPECT_EQ(disk().files.at(path), "[1,");
+    EXPECT_EQ(disk().files.at(numbersPath), "[1,");
     save({2});
     runPosted();
-    EXPECT_EQ(disk().files.at(path), "[2]");
-    EXPECT_EQ(disk().files.at(path + ".corrupt"), "[1,");
+    EXPECT_EQ(disk().files.at(numbersPath), "[2]");
+    EXPECT_EQ(disk().files.at(numbersPath + ".corrupt"), "[1,");
     save({3});
     runPosted();
-    EXPECT_EQ(disk().files.at(path + ".corrupt"), "[1,") << "only once";
+    EXPECT_EQ(disk().files.at(numbersPath + ".corrupt"), "[1,") << "only once";
     EXPECT_TRUE(failures.empty());
 }
 
 TEST_F(ListFileTest, AFileThatCannotBeKeptAsideIsNotOverwritten) {
-    disk().files[path] = "[1,";
+    disk().files[numbersPath] = "[1,";
     load();
     disk().writable = false;
     save({2});
     runPosted();
-    EXPECT_EQ(disk().files.at(path), "[1,");
+    EXPECT_EQ(disk().files.at(numbersPath), "[1,");
     EXPECT_EQ(failures,
               std::vector<std::string>{"the unreadable file in its place cannot be kept aside"});
     disk().writable = true;
     save({2});
     runPosted();
-    EXPECT_EQ(disk().files.at(path + ".corrupt"), "[1,");
-    EXPECT_EQ(disk().files.at(path), "[2]");
+    EXPECT_EQ(disk().files.at(numbersPath + ".corrupt"), "[1,");
+    EXPECT_EQ(disk().files.at(numbersPath), "[2]");
 }
 
 TEST_F(ListFileTest, AnEmptyFileIsNoList) {
-    disk().files[path] = "";
+    disk().files[numbersPath] = "";
     EXPECT_NE(load().problem, "");
 }
 
@@ -101,7 +102,7 @@ TEST_F(ListFileTest, AFailedSaveIsToldAndTheNextOneTriesAgain) {
     disk().writable = true;
     save({1, 2});
     runPosted();
-    EXPECT_EQ(disk().files.at(path), "[1,2]");
+    EXPECT_EQ(disk().files.at(numbersPath), "[1,2]");
     EXPECT_EQ(failures.size(), 1u);
 }
 
@@ -109,9 +110,9 @@ TEST_F(ListFileTest, TheEndSavesWhatIsDue) {
     save({1});
     save({2});
     file.reset();
-    EXPECT_EQ(disk().files.at(path), "[2]");
+    EXPECT_EQ(disk().files.at(numbersPath), "[2]");
     runPosted();
-    EXPECT_EQ(disk().files.at(path), "[2]");
+    EXPECT_EQ(disk().files.at(numbersPath), "[2]");
 }
 
 TEST(ListFile, IsSavedWhileOtherBackgroundWorkHangs) {
@@ -122,7 +123,7 @@ TEST(ListFile, IsSavedWhileOtherBackgroundWorkHangs) {
     ListFile file(machine, "numbers.json", [](const std::string& reason) { FAIL() << reason; });
     file.save(std::vector<std::int64_t>{1}, encode);
     machine.loop.runPosted();
-    EXPECT_EQ(machine.fileSystemPort.files[path], "[1]");
+    EXPECT_EQ(machine.fileSystemPort.files[numbersPath], "[1]");
 }
 
 /// The same file on a disk that takes as long as the test wants.
@@ -150,9 +151,9 @@ TEST_F(ListFileOnASlowDisk, SavingDoesNotWaitAndOnlyTheLatestListFollows) {
     machine.disk.writing.open();
     machine.loop.isBusy = true; // so that the next save waits for this look at the file
     machine.loop.complete();
-    EXPECT_EQ(machine.disk.files.at(path), "[1]");
+    EXPECT_EQ(machine.disk.files.at(numbersPath), "[1]");
     machine.loop.complete();
-    EXPECT_EQ(machine.disk.files.at(path), "[3]");
+    EXPECT_EQ(machine.disk.files.at(numbersPath), "[3]");
     EXPECT_EQ(machine.disk.writeCount, 2);
 }
 
@@ -164,7 +165,7 @@ TEST_F(ListFileOnASlowDisk, TheEndWaitsForASaveUnderWayAndSavesTheLatest) {
     std::thread opener([this] { machine.disk.writing.open(); });
     file.reset();
     opener.join();
-    EXPECT_EQ(machine.disk.files.at(path), "[2]");
+    EXPECT_EQ(machine.disk.files.at(numbersPath), "[2]");
     EXPECT_TRUE(failures.empty());
 }
 

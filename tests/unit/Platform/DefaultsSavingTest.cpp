@@ -1,6 +1,7 @@
 #include "Platform/FileUserDefaults.h"
 #include "Support/GatedFileSystem.h"
 #include "Support/HungRunLoop.h"
+#include "Support/StoredFiles.h"
 #include "Support/ThreadedRunLoop.h"
 
 #include <gtest/gtest.h>
@@ -10,16 +11,14 @@
 namespace orvelle {
 namespace {
 
-const std::string path = "/simulated/config/defaults.json";
-
 class DefaultsSaving : public testing::Test {
 protected:
     DefaultsSaving() {
-        fileSystem.files[path] = "{}";
+        fileSystem.files[settingsPath] = "{}";
         defaults = std::make_unique<FileUserDefaults>(fileSystem, runLoop, watch, log);
         changes = defaults->observeChanges([this] { ++changeCount; });
     }
-    std::string file() const { return fileSystem.files.at(path); }
+    std::string file() const { return fileSystem.files.at(settingsPath); }
     void startSave() { runLoop.advance(FileUserDefaults::saveDelay); }
     void save() {
         startSave();
@@ -104,7 +103,7 @@ TEST_F(DefaultsSaving, RefusedSaveWaitsForTheNextChange) {
 
 TEST_F(DefaultsSaving, OutsideWriteBeforeTheSaveReadsIsNotLost) {
     holdSave(fileSystem.locking);
-    fileSystem.files[path] = R"({"a": 5, "b": 5})";
+    fileSystem.files[settingsPath] = R"({"a": 5, "b": 5})";
     fileSystem.locking.open();
     runLoop.complete();
     EXPECT_EQ(file(), "{\n  \"a\": 1,\n  \"b\": 5\n}\n");
@@ -117,7 +116,7 @@ TEST_F(DefaultsSaving, OutsideWriteBeforeTheSaveCompletesIsNotLost) {
     defaults->set("c", std::int64_t{3});
     fileSystem.writing.open();
     runLoop.awaitWork();
-    fileSystem.files[path] = R"({"a": 5, "b": 5, "c": 5})";
+    fileSystem.files[settingsPath] = R"({"a": 5, "b": 5, "c": 5})";
     watch.notifyChanged();
     runLoop.complete(); // of the save
     EXPECT_EQ(defaults->integer("a"), 1);
@@ -130,7 +129,7 @@ TEST_F(DefaultsSaving, OutsideWriteBeforeTheSaveCompletesIsNotLost) {
 }
 
 TEST_F(DefaultsSaving, ChangeDuringAReadingIsNotUndone) {
-    fileSystem.files[path] = R"({"a": 5, "b": 5})";
+    fileSystem.files[settingsPath] = R"({"a": 5, "b": 5})";
     fileSystem.reading.close();
     watch.notifyChanged();
     ASSERT_TRUE(fileSystem.reading.awaitArrival());
@@ -149,7 +148,7 @@ TEST_F(DefaultsSaving, OutsideEditsDuringAReadingAreReadTogether) {
         watch.notifyChanged();
     fileSystem.reading.open();
     runLoop.awaitWork();
-    fileSystem.files[path] = R"({"a": 5})";
+    fileSystem.files[settingsPath] = R"({"a": 5})";
     runLoop.complete();
     runLoop.complete();
     EXPECT_EQ(defaults->integer("a"), 5);
@@ -200,7 +199,7 @@ TEST_F(DefaultsSaving, OwnerThatGoesDuringASaveLeavesEverythingSaved) {
 }
 
 TEST_F(DefaultsSaving, OwnerThatGoesDuringAReadingDoesNotWaitForIt) {
-    fileSystem.files[path] = R"({"a": 5})";
+    fileSystem.files[settingsPath] = R"({"a": 5})";
     fileSystem.reading.close();
     watch.notifyChanged();
     ASSERT_TRUE(fileSystem.reading.awaitArrival());
@@ -219,7 +218,7 @@ TEST(FileUserDefaults, AreSavedWhileOtherBackgroundWorkHangs) {
     FileUserDefaults defaults(fileSystem, runLoop, watch, log);
     defaults.set("a", true);
     runLoop.advance(FileUserDefaults::saveDelay);
-    EXPECT_EQ(fileSystem.files[path], "{\n  \"a\": true\n}\n");
+    EXPECT_EQ(fileSystem.files[settingsPath], "{\n  \"a\": true\n}\n");
 }
 
 } // namespace

@@ -1,13 +1,12 @@
 #include "Platform/DefaultsStorage.h"
 
 #include "Platform/Simulated/SimulatedMachine.h"
+#include "Support/StoredFiles.h"
 
 #include <gtest/gtest.h>
 
 namespace orvelle {
 namespace {
-
-const std::string path = "/simulated/config/defaults.json";
 
 /// Other processes hold the lock. During each wait one of them may save a key of its own.
 class SharedFileSystem : public SimulatedFileSystem {
@@ -22,7 +21,7 @@ public:
         if (savesOfOthers == 0)
             return othersHaveHung ? Subscription() : Subscription([] {});
         others.insert_or_assign("other" + std::to_string(savesOfOthers), Json(true));
-        files[path] = Json(others).text();
+        files[settingsPath] = Json(others).text();
         --savesOfOthers;
         return {};
     }

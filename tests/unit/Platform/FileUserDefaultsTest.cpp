@@ -2,6 +2,7 @@
 
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedRunLoop.h"
+#include "Support/StoredFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -11,8 +12,7 @@
 namespace orvelle {
 namespace {
 
-const std::string path = "/simulated/config/defaults.json";
-const std::string aside = path + ".corrupt";
+const std::string aside = settingsPath + ".corrupt";
 
 class FileUserDefaultsTest : public testing::Test {
 protected:
@@ -21,10 +21,10 @@ protected:
         changes = defaults->observeChanges([this] { ++changeCount; });
         return defaults;
     }
-    std::string file() const { return fileSystem.files.at(path); }
+    std::string file() const { return fileSystem.files.at(settingsPath); }
     /// As an editor or another process does.
     void writeOutside(const std::string& text) {
-        fileSystem.files[path] = text;
+        fileSystem.files[settingsPath] = text;
         noticeChange();
     }
     void noticeChange() {
@@ -111,7 +111,7 @@ TEST_F(FileUserDefaultsTest, AnEqualValueIsNotWrittenAgain) {
 }
 
 TEST_F(FileUserDefaultsTest, ReadsNeverTouchTheDisk) {
-    fileSystem.files[path] = R"({"a": 1})";
+    fileSystem.files[settingsPath] = R"({"a": 1})";
     const auto defaults = open();
     fileSystem.files.clear();
     EXPECT_EQ(defaults->integer("a"), 1);
@@ -126,7 +126,7 @@ TEST_F(FileUserDefaultsTest, FlushWritesAtOnce) {
 }
 
 TEST_F(FileUserDefaultsTest, RemovedKeyIsUnsetAndLeavesTheFile) {
-    fileSystem.files[path] = R"({"a": 1, "b": 2})";
+    fileSystem.files[settingsPath] = R"({"a": 1, "b": 2})";
     const auto defaults = open();
     defaults->remove("a");
     defaults->remove("never set");
@@ -144,7 +144,7 @@ TEST_F(FileUserDefaultsTest, NumberThatIsNotFiniteUnsetsItsKey) {
 }
 
 TEST_F(FileUserDefaultsTest, OutsideEditTakesEffectAtOnceAndNotifies) {
-    fileSystem.files[path] = R"({"a": 1})";
+    fileSystem.files[settingsPath] = R"({"a": 1})";
     const auto defaults = open();
     writeOutside(R"({"a": 2})");
     EXPECT_EQ(defaults->integer("a"), 2);
@@ -152,7 +152,7 @@ TEST_F(FileUserDefaultsTest, OutsideEditTakesEffectAtOnceAndNotifies) {
 }
 
 TEST_F(FileUserDefaultsTest, OutsideEditWithoutAnyDifferenceDoesNotNotify) {
-    fileSystem.files[path] = R"({"a": 1})";
+    fileSystem.files[settingsPath] = R"({"a": 1})";
     const auto defaults = open();
     writeOutside("{ \"a\" : 1 }\n");
     EXPECT_EQ(changeCount, 0);
@@ -167,10 +167,10 @@ TEST_F(FileUserDefaultsTest, OwnWriteDoesNotEcho) {
 }
 
 TEST_F(FileUserDefaultsTest, OutsideEditOfOtherKeysSurvivesAnOwnWrite) {
-    fileSystem.files[path] = R"({"a": 1, "b": 1, "c": 1})";
+    fileSystem.files[settingsPath] = R"({"a": 1, "b": 1, "c": 1})";
     const auto defaults = open();
     defaults->set("a", std::int64_t{2});
-    fileSystem.files[path] = R"({"a": 1, "b": 3, "d": 4})"; // not noticed yet
+    fileSystem.files[settingsPath] = R"({"a": 1, "b": 3, "d": 4})"; // not noticed yet
     save();
     EXPECT_EQ(file(), "{\n  \"a\": 2,\n  \"b\": 3,\n  \"d\": 4\n}\n");
     EXPECT_EQ(defaults->integer("b"), 3);
@@ -215,7 +215,7 @@ TEST_F(FileUserDefaultsTest, MissingFileStartsEmptyWithoutALine) {
 }
 
 TEST_F(FileUserDefaultsTest, EmptyFileStartsEmptyWithOneLine) {
-    fileSystem.files[path] = "";
+    fileSystem.files[settingsPath] = "";
     fileSystem.files[aside] = "precious";
     const auto defaults = open();
     defaults->set("a", true);
@@ -229,7 +229,7 @@ class UnusableFile : public FileUserDefaultsTest,
                      public testing::WithParamInterface<std::string> {};
 
 TEST_P(UnusableFile, IsKeptAsideAndLoggedInOneLine) {
-    fileSystem.files[path] = GetParam();
+    fileSystem.files[settingsPath] = GetParam();
     const auto defaults = open();
     EXPECT_TRUE(defaults->keys().empty());
     EXPECT_EQ(fileSystem.files[aside], GetParam());
@@ -238,7 +238,7 @@ TEST_P(UnusableFile, IsKeptAsideAndLoggedInOneLine) {
     EXPECT_EQ(file(), "{\n  \"a\": true\n}\n");
     ASSERT_EQ(log.lines.size(), 1u);
     EXPECT_EQ(log.lines[0].level, LogLevel::error);
-    EXPECT_NE(log.lines[0].message.find(path), std::string::npos);
+    EXPECT_NE(log.lines[0].message.find(settingsPath), std::string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, UnusableFile,
@@ -250,12 +250,12 @@ INSTANTIATE_TEST_SUITE_P(Kinds, UnusableFile,
 TEST_F(FileUserDefaultsTest, FileOfExactlyTheMaximumSizeIsRead) {
     std::string text = R"({"a": 1})";
     text.resize(DefaultsFile::maximumSize, ' ');
-    fileSystem.files[path] = text;
+    fileSystem.files[settingsPath] = text;
     EXPECT_EQ(open()->integer("a"), 1);
 }
 
 TEST_F(FileUserDefaultsTest, ValuesOfAnUnknownKindStayInTheFileUntouched) {
-    fileSystem.files[path] =
+    fileSystem.files[settingsPath] =
         R"({"good": 1, "list": [1, 2], "none": null, "odd": {"$date": "soon"}, "old": 1})";
     const auto defaults = open();
     EXPECT_EQ(defaults->keys(), (std::vector<std::string>{"good", "old"}));
@@ -273,7 +273,7 @@ TEST_F(FileUserDefaultsTest, ValuesOfAnUnknownKindStayInTheFileUntouched) {
 }
 
 TEST_F(FileUserDefaultsTest, DiskThatRefusesIsLoggedOnceAndTheValuesHold) {
-    fileSystem.files[path] = R"({"a": 1})";
+    fileSystem.files[settingsPath] = R"({"a": 1})";
     fileSystem.writable = false;
     const auto defaults = open();
     defaults->set("a", std::int64_t{2});
@@ -297,7 +297,7 @@ TEST_F(FileUserDefaultsTest, RefusedWriteIsMadeUpForByTheNextOne) {
 }
 
 TEST_F(FileUserDefaultsTest, UnusableFileInAReadOnlyFolderStaysAndIsLoggedOnce) {
-    fileSystem.files[path] = "not JSON";
+    fileSystem.files[settingsPath] = "not JSON";
     fileSystem.writable = false;
     const auto defaults = open();
     defaults->set("a", true);
@@ -308,7 +308,7 @@ TEST_F(FileUserDefaultsTest, UnusableFileInAReadOnlyFolderStaysAndIsLoggedOnce) 
 }
 
 TEST_F(FileUserDefaultsTest, HalfAnOutsideEditChangesNothingUntilItIsWhole) {
-    fileSystem.files[path] = R"({"a": 1})";
+    fileSystem.files[settingsPath] = R"({"a": 1})";
     const auto defaults = open();
     writeOutside(R"({"a": )");
     writeOutside(R"({"a": )");
@@ -332,7 +332,7 @@ TEST_F(FileUserDefaultsTest, OwnWriteWaitsForHalfAnOutsideEditToBecomeWhole) {
 }
 
 TEST_F(FileUserDefaultsTest, OutsideEditThatStaysBrokenIsKeptAsideAndAllValuesAreWritten) {
-    fileSystem.files[path] = R"({"a": 1, "list": []})";
+    fileSystem.files[settingsPath] = R"({"a": 1, "list": []})";
     const auto defaults = open();
     writeOutside("broken");
     defaults->set("b", true);
@@ -342,7 +342,7 @@ TEST_F(FileUserDefaultsTest, OutsideEditThatStaysBrokenIsKeptAsideAndAllValuesAr
 }
 
 TEST_F(FileUserDefaultsTest, VanishedFileChangesNothingAndComesBackWhole) {
-    fileSystem.files[path] = R"({"a": 1})";
+    fileSystem.files[settingsPath] = R"({"a": 1})";
     const auto defaults = open();
     fileSystem.files.clear();
     noticeChange();
@@ -354,7 +354,7 @@ TEST_F(FileUserDefaultsTest, VanishedFileChangesNothingAndComesBackWhole) {
 }
 
 TEST_F(FileUserDefaultsTest, MoreThanTheMaximumSizeIsKeptInMemoryOnly) {
-    fileSystem.files[path] = R"({"a": 1})";
+    fileSystem.files[settingsPath] = R"({"a": 1})";
     const auto defaults = open();
     defaults->set("huge", Data(DefaultsFile::maximumSize));
     save();

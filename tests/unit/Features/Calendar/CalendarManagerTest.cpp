@@ -1,6 +1,7 @@
 #include "Features/Calendar/CalendarManager.h"
 
 #include "Platform/Simulated/SimulatedPlatform.h"
+#include "Support/Durations.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +10,6 @@
 namespace orvelle {
 namespace {
 
-constexpr Seconds minute = 60;
-constexpr Seconds hour = 3600;
 constexpr Seconds day = 86400;
 
 /// Noon UTC, 7 in the morning in New York.

@@ -1,13 +1,12 @@
 #include "Extensions/ColorTheme.h"
 #include "Features/Calendar/CalendarManager.h"
 #include "Platform/Simulated/SimulatedPlatform.h"
+#include "Support/Durations.h"
 
 #include <gtest/gtest.h>
 
 namespace orvelle {
 namespace {
-
-constexpr Seconds hour = 3600;
 
 /// 7 in the morning in New York.
 class CalendarViewTest : public testing::Test {

@@ -4,6 +4,7 @@
 #include "Foundation/FileURL.h"
 #include "Foundation/Json.h"
 #include "Platform/Simulated/SimulatedPlatform.h"
+#include "Support/Durations.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,6 @@ namespace {
 
 const std::string folder = "/simulated/share/Orvelle/FileShelf";
 const std::string listFile = folder + "/.shelf_metadata.json";
-constexpr Seconds hour = 3600;
 
 class FileShelfManagerTest : public testing::Test {
 protected:

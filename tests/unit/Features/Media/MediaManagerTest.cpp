@@ -8,7 +8,7 @@ namespace {
 
 using MediaManagerTest = MediaFixture;
 
-constexpr const char* exhausted =
+constexpr const char* exhaustedLine =
     "AppleScript fallback exhausted after 6 attempts — check Automation permissions in System "
     "Settings > Privacy & Security";
 
@@ -49,12 +49,12 @@ TEST_F(MediaManagerTest, SevenEmptyReadsRunTheFallbackSixTimesAndTheEighthDoesNo
         read();
     EXPECT_EQ(executions(MediaScripts::spotifyRead), 6);
     EXPECT_EQ(logCount(emptyMessage(6)), 1);
-    EXPECT_EQ(logCount(exhausted), 0);
+    EXPECT_EQ(logCount(exhaustedLine), 0);
     read();
-    EXPECT_EQ(logCount(exhausted), 1);
+    EXPECT_EQ(logCount(exhaustedLine), 1);
     read();
     EXPECT_EQ(executions(MediaScripts::spotifyRead), 6);
-    EXPECT_EQ(logCount(exhausted), 1);
+    EXPECT_EQ(logCount(exhaustedLine), 1);
     EXPECT_EQ(logCount(emptyMessage(7)), 0);
 }
 

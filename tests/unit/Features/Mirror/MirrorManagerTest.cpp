@@ -13,8 +13,8 @@ namespace orvelle {
 namespace {
 
 using Status = CameraAuthorizationStatus;
-using Step = SimulatedCameraService::Step;
-using Steps = std::vector<Step>;
+using CameraStep = SimulatedCameraService::Step;
+using Steps = std::vector<CameraStep>;
 
 Image picture() {
     return Image(1, 1, {1, 2, 3, 255});
@@ -45,7 +45,7 @@ TEST_F(MirrorManagerTest, StartSessionTwiceRunsOneSetupOnly) {
     manager.startSession();
     manager.startSession();
     runPosted();
-    EXPECT_EQ(camera.steps, (Steps{Step::made, Step::started}));
+    EXPECT_EQ(camera.steps, (Steps{CameraStep::made, CameraStep::started}));
     EXPECT_TRUE(manager.isSessionRunning);
 }
 
@@ -57,7 +57,7 @@ TEST_F(MirrorManagerTest, StopSessionWhileNotRunningDoesNothing) {
     manager.stopSession();
     manager.stopSession();
     runPosted();
-    EXPECT_EQ(camera.steps, (Steps{Step::made, Step::started, Step::stopped}));
+    EXPECT_EQ(camera.steps, (Steps{CameraStep::made, CameraStep::started, CameraStep::stopped}));
 }
 
 TEST_F(MirrorManagerTest, AFrameThatArrivesAfterTheStopIsReplacedAtTheNextAppearing) {
@@ -104,7 +104,7 @@ TEST_F(MirrorManagerTest, AccessGrantedByThePromptStartsTheSession) {
     EXPECT_EQ(camera.accessRequests, 1);
     EXPECT_TRUE(manager.hasPermission);
     EXPECT_TRUE(manager.isSessionRunning);
-    EXPECT_EQ(camera.steps, (Steps{Step::made, Step::started}));
+    EXPECT_EQ(camera.steps, (Steps{CameraStep::made, CameraStep::started}));
 }
 
 TEST_F(MirrorManagerTest, AccessRefusedAtThePromptStartsNothing) {
@@ -145,13 +145,13 @@ TEST_F(MirrorManagerTest, AsksForSmallPicturesAt15FramesASecond) {
 
 TEST_F(MirrorManagerTest, TheCameraStartsAndStopsOffTheMainThreadInOrder) {
     manager.startSession();
-    EXPECT_EQ(camera.steps, Steps{Step::made});
+    EXPECT_EQ(camera.steps, Steps{CameraStep::made});
     manager.stopSession();
     manager.startSession();
-    EXPECT_EQ(camera.steps, (Steps{Step::made, Step::made}));
+    EXPECT_EQ(camera.steps, (Steps{CameraStep::made, CameraStep::made}));
     runPosted();
-    EXPECT_EQ(camera.steps,
-              (Steps{Step::made, Step::made, Step::started, Step::stopped, Step::started}));
+    EXPECT_EQ(camera.steps, (Steps{CameraStep::made, CameraStep::made, CameraStep::started,
+                                   CameraStep::stopped, CameraStep::started}));
 }
 
 TEST_F(MirrorManagerTest, FramesReachTheMainThreadOneAtATime) {
@@ -197,7 +197,8 @@ TEST_F(MirrorManagerTest, AFrameAfterTheManagerDoesNothing) {
     deliver(picture());
     mortal.reset();
     runPosted();
-    EXPECT_EQ(camera.steps.back(), Step::stopped) << "the camera does not outlive the manager";
+    EXPECT_EQ(camera.steps.back(), CameraStep::stopped)
+        << "the camera does not outlive the manager";
 }
 
 TEST_F(MirrorManagerTest, IsOffByDefault) {

@@ -1,20 +1,22 @@
 #include "Features/Notes/NotesManager.h"
 
 #include "Platform/Simulated/SimulatedPlatform.h"
+#include "Support/StoredFiles.h"
 
 #include <gtest/gtest.h>
 
 namespace orvelle {
 namespace {
 
-const std::string path = "/simulated/share/Orvelle/note_items.json";
+const std::string notesPath = listFolder + "note_items.json";
 
 class NotesManagerTest : public testing::Test {
 protected:
     std::string file() {
         platform.runLoopPort.runPosted();
-        return platform.fileSystemPort.files.contains(path) ? platform.fileSystemPort.files.at(path)
-                                                            : "<no file>";
+        return platform.fileSystemPort.files.contains(notesPath)
+                   ? platform.fileSystemPort.files.at(notesPath)
+                   : "<no file>";
     }
     static std::vector<std::string> texts(const NotesManager& manager) {
         std::vector<std::string> texts;
@@ -41,7 +43,7 @@ TEST_F(NotesManagerTest, AMissingFileGivesAnEmptyListWithNoErrorInTheLog) {
 }
 
 TEST_F(NotesManagerTest, AFileOfInvalidJSONGivesAnEmptyListWithTheErrorMessage) {
-    platform.fileSystemPort.files[path] = "{}";
+    platform.fileSystemPort.files[notesPath] = "{}";
     const NotesManager manager(platform);
     EXPECT_TRUE(manager.items->empty());
     ASSERT_EQ(platform.logPort.lines.size(), 1u);
@@ -51,7 +53,7 @@ TEST_F(NotesManagerTest, AFileOfInvalidJSONGivesAnEmptyListWithTheErrorMessage) 
 }
 
 TEST_F(NotesManagerTest, AnUnknownExtraKeyLoadsAndIsLostAtTheNextSave) {
-    platform.fileSystemPort.files[path] =
+    platform.fileSystemPort.files[notesPath] =
         R"([{"color":"red","text":"x","id":"6f9619ff-8b86-d011-b42d-00c04fc964ff","createdAt":5}])";
     NotesManager manager(platform);
     EXPECT_EQ(texts(manager), Texts{"x"});

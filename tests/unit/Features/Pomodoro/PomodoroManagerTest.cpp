@@ -1,6 +1,7 @@
 #include "Features/Pomodoro/PomodoroManager.h"
 
 #include "Platform/Simulated/SimulatedPlatform.h"
+#include "Support/Durations.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,6 @@ namespace orvelle {
 namespace {
 
 using Phase = PomodoroPhase;
-constexpr Seconds minute = 60;
 
 class PomodoroManagerTest : public testing::Test {
 protected:

@@ -3,6 +3,7 @@
 #include "Foundation/JsonRecord.h"
 #include "Platform/Simulated/SimulatedPlatform.h"
 #include "Support/Replies.h"
+#include "Support/StoredFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,7 @@
 namespace orvelle {
 namespace {
 
-const std::string path = "/simulated/share/Orvelle/stock_tickers.json";
+const std::string stocksPath = listFolder + "stock_tickers.json";
 
 class StockTickerManagerTest : public testing::Test {
 protected:
@@ -31,7 +32,7 @@ protected:
     std::string file() {
         platform.runLoopPort.runPosted();
         const auto& files = platform.fileSystemPort.files;
-        return files.contains(path) ? files.at(path) : "<no file>";
+        return files.contains(stocksPath) ? files.at(stocksPath) : "<no file>";
     }
     bool answerQuote(const std::string& symbol, double price, double previousClose) {
         return http.answer(Replies::ok(Replies::chart(price, previousClose)), "/" + symbol + "?");
@@ -279,7 +280,7 @@ TEST_F(StockTickerManagerTest, AFileOfNoUseIsLoggedAndKeptAsideBeforeTheNextSave
     for (const std::string bytes :
          {"", "[{", "{}", "[1]", R"([{"id":"x","symbol":"A","name":"","addedAt":0}])",
           R"([{"id":"00112233-4455-6677-8899-AABBCCDDEEFF","symbol":"A","name":""}])"}) {
-        platform.fileSystemPort.files = {{path, bytes}};
+        platform.fileSystemPort.files = {{stocksPath, bytes}};
         platform.logPort.lines.clear();
         manager_.reset();
         EXPECT_TRUE(manager().tickers->empty());
@@ -288,7 +289,7 @@ TEST_F(StockTickerManagerTest, AFileOfNoUseIsLoggedAndKeptAsideBeforeTheNextSave
         EXPECT_EQ(platform.logPort.lines[0].level, LogLevel::error);
         manager().addTicker("X");
         EXPECT_NE(file().find("\"X\""), std::string::npos);
-        EXPECT_EQ(platform.fileSystemPort.files[path + ".corrupt"], bytes);
+        EXPECT_EQ(platform.fileSystemPort.files[stocksPath + ".corrupt"], bytes);
     }
 }
 
@@ -297,7 +298,7 @@ TEST_F(StockTickerManagerTest, NoMutationOfTheFileCrashes) {
     const auto good = *Json::parse(file());
     Replies::forEachMutation(
         good, [&](const Json& mutated, const std::string& where, const Json& value) {
-            platform.fileSystemPort.files[path] = mutated.text();
+            platform.fileSystemPort.files[stocksPath] = mutated.text();
             const StockTickerManager loaded(platform);
             EXPECT_LE(loaded.tickers->size(), 1u) << where << " " << value.text();
         });

@@ -1,20 +1,22 @@
 #include "Features/Todo/TodoManager.h"
 
 #include "Platform/Simulated/SimulatedPlatform.h"
+#include "Support/StoredFiles.h"
 
 #include <gtest/gtest.h>
 
 namespace orvelle {
 namespace {
 
-const std::string path = "/simulated/share/Orvelle/todo_items.json";
+const std::string todoPath = listFolder + "todo_items.json";
 
 class TodoManagerTest : public testing::Test {
 protected:
     std::string file() {
         platform.runLoopPort.runPosted();
-        return platform.fileSystemPort.files.contains(path) ? platform.fileSystemPort.files.at(path)
-                                                            : "<no file>";
+        return platform.fileSystemPort.files.contains(todoPath)
+                   ? platform.fileSystemPort.files.at(todoPath)
+                   : "<no file>";
     }
     int writes() {
         platform.runLoopPort.runPosted();
@@ -52,7 +54,7 @@ TEST_F(TodoManagerTest, AMissingFileGivesAnEmptyListWithNoErrorInTheLog) {
 }
 
 TEST_F(TodoManagerTest, AFileOfInvalidJSONGivesAnEmptyListWithTheErrorMessage) {
-    platform.fileSystemPort.files[path] = "[{";
+    platform.fileSystemPort.files[todoPath] = "[{";
     const TodoManager manager(platform);
     EXPECT_TRUE(manager.items->empty());
     ASSERT_EQ(platform.logPort.lines.size(), 1u);
@@ -65,7 +67,7 @@ TEST_F(TodoManagerTest, AFileOfInvalidJSONGivesAnEmptyListWithTheErrorMessage) {
 }
 
 TEST_F(TodoManagerTest, AnUnknownExtraKeyLoadsAndIsLostAtTheNextSave) {
-    platform.fileSystemPort.files[path] =
+    platform.fileSystemPort.files[todoPath] =
         R"([{"title":"a\/b","id":"6F9619FF-8B86-D011-B42D-00C04FC964FF","due":null,)"
         R"("isCompleted":true,"createdAt":700000000.25}])";
     TodoManager manager(platform);
