@@ -26,23 +26,16 @@ std::vector<SavedLocation> places(const HttpReply& reply) {
 LocationSearch::LocationSearch(Platform& platform) : platform_(platform) {}
 
 void LocationSearch::searchLocation(std::string_view text) {
+    request_.reset(); // the newest search alone counts
     locationSearchResults = std::vector<SavedLocation>{};
     const auto trimmed = Text::trimmingBlanks(text);
-    if (trimmed.empty())
-        return;
-    isSearching = true;
     const auto url = WeatherRequests::search(roots_.geocoding, trimmed);
-    if (!Url::isValid(url)) {
-        isSearching = false;
-        return;
-    }
-    requests_.start([&](auto finished) {
-        return platform_.httpClient().get({.url = url}, [this, finished](const HttpReply& reply) {
-            finished();
+    isSearching = !trimmed.empty() && Url::isValid(url);
+    if (isSearching)
+        request_ = platform_.httpClient().get({.url = url}, [this](const HttpReply& reply) {
             locationSearchResults = places(reply);
             isSearching = false;
         });
-    });
 }
 
 } // namespace orvelle

@@ -2,7 +2,7 @@
 
 #include "Core/ServiceRoots.h"
 #include "Foundation/Published.h"
-#include "Foundation/Tasks.h"
+#include "Foundation/Subscription.h"
 #include "Models/SavedLocation.h"
 #include "Platform/Platform.h"
 
@@ -19,14 +19,14 @@ public:
     Published<std::vector<SavedLocation>> locationSearchResults;
     Published<bool> isSearching{false};
 
-    /// Empties the results, and fills them when the answer comes; a search that fails leaves them
-    /// empty. Nothing is asked for a blank text.
+    /// Empties the results, ends the search that was under way, and fills the results when the
+    /// answer comes; a search that fails leaves them empty. Nothing is asked for a blank text.
     void searchLocation(std::string_view text);
 
 private:
     Platform& platform_;
     const ServiceRoots roots_ = ServiceRoots::fromEnvironment();
-    Tasks requests_;
+    Subscription request_;
 };
 
 } // namespace orvelle

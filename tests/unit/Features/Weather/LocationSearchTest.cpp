@@ -78,6 +78,32 @@ TEST_F(LocationSearchTest, ANewSearchEmptiesTheResultsAtOnce) {
     EXPECT_TRUE(search.isSearching);
 }
 
+TEST_F(LocationSearchTest, OfTwoSearchesUnderWayOnlyTheNewestCounts) {
+    search.searchLocation("Paris");
+    search.searchLocation("Atlantis");
+    http.answer(Replies::ok(R"({"results":[{"name":"Atlantis","latitude":0,"longitude":-30}]})"),
+                "Atlantis");
+    EXPECT_FALSE(search.isSearching);
+    http.answer(Replies::ok(reply), "Paris");
+    EXPECT_EQ(names(), Names{"Atlantis"});
+}
+
+TEST_F(LocationSearchTest, AnOlderAnswerDoesNotEndTheNewestSearch) {
+    search.searchLocation("Paris");
+    search.searchLocation("Atlantis");
+    http.answer(Replies::ok(reply), "Paris");
+    EXPECT_EQ(names(), Names{});
+    EXPECT_TRUE(search.isSearching);
+}
+
+TEST_F(LocationSearchTest, AClearedFieldEndsTheSearchUnderWay) {
+    search.searchLocation("Paris");
+    search.searchLocation("");
+    EXPECT_FALSE(search.isSearching);
+    http.answer(Replies::ok(reply));
+    EXPECT_EQ(names(), Names{});
+}
+
 TEST_F(LocationSearchTest, AFailureOfAnyKindYieldsAnEmptyList) {
     for (const auto& failed :
          {SimulatedHttpClient::failure("No route"), Replies::ok("<html>"), Replies::ok("[]"),
