@@ -18,6 +18,18 @@ TEST(Url, OtherTextsAreNot) {
     EXPECT_FALSE(Url::isValid(std::string_view("a\0b", 3)));
 }
 
+TEST(Url, BracketsAreJudgedWithWhatStandsAroundThem) {
+    for (const auto* text : {"http://[::1]", "//[::1]/a", "http://user:pass@[::1]:80/a",
+                             "http://[fe80::1:2.3.4.5]/a?b#c", "http://[v1.x:y]/"})
+        EXPECT_TRUE(Url::isValid(text)) << text;
+    for (const auto* text :
+         {"a b://[::1]/", "h\"p://[::1]/", "://[::1]/", "1http://[::1]/", "http://a b@[::1]/",
+          "http://a[::1]/", "http://[::1]a/", "http://[]/", "http://[a b]/", "http://[::g]/",
+          "http://[::1]/[::1]", "a?b=//[::1]", "a#//[::1]", "/a//[::1]", "http://h/#a//[::1]",
+          "http://[::1", "http://[[::1]]/", "http://[::1]:8o/"})
+        EXPECT_FALSE(Url::isValid(text)) << text;
+}
+
 TEST(Url, EscapesWhatMayNotStandInAQuery) {
     EXPECT_EQ(Url::escapedForQuery("A z09-._~!$&'()*+,;=:@/?"), "A%20z09-._~!$&'()*+,;=:@/?");
     EXPECT_EQ(Url::escapedForQuery("ã#%[]\"<>\\^`{|}"),
