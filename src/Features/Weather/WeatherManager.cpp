@@ -45,20 +45,31 @@ void WeatherManager::start() {
         locationManager->startUpdatingLocation();
     refreshWeather();
     restartTimer();
+    settingsChanges_ = platform_.userDefaults().observeChanges([this] {
+        if (refreshInterval() != runningInterval_)
+            restartTimer();
+    });
 }
 
 void WeatherManager::stop() {
+    settingsChanges_.reset();
     refreshTimer.reset();
     if (locationManager)
         locationManager->stopUpdatingLocation();
 }
 
-void WeatherManager::restartTimer() {
+Seconds WeatherManager::refreshInterval() const {
     const double minutes =
         platform_.userDefaults().number(Settings::weatherUpdateIntervalMinutes.name);
     const Seconds interval = minutes > 0 ? minutes * 60 : fallbackInterval;
-    refreshTimer = platform_.runLoop().every(
-        std::clamp(interval, shortestInterval, longestInterval), [this] { refreshWeather(); });
+    return std::clamp(interval, shortestInterval, longestInterval);
+}
+
+void WeatherManager::restartTimer() {
+    if (!isEnabled)
+        return;
+    runningInterval_ = refreshInterval();
+    refreshTimer = platform_.runLoop().every(runningInterval_, [this] { refreshWeather(); });
 }
 
 void WeatherManager::setupLocationManager() {

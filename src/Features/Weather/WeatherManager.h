@@ -49,7 +49,8 @@ public:
 
     void start() override;
     void stop() override;
-    /// Takes up a changed interval, without a refresh of its own.
+    /// Takes up the setting's interval, without a refresh of its own. Nothing while switched off.
+    /// A running manager does so by itself when the setting changes.
     void restartTimer();
     void refreshWeather();
 
@@ -68,6 +69,7 @@ public:
     Platform& platform() const { return platform_; }
 
 private:
+    Seconds refreshInterval() const;
     void setupLocationManager();
     void locationUpdated(Coordinate fix);
     void fetchWeather(Coordinate coordinate);
@@ -81,6 +83,8 @@ private:
 
     Platform& platform_;
     const ServiceRoots roots_ = ServiceRoots::fromEnvironment();
+    Seconds runningInterval_ = fallbackInterval;
+    Subscription settingsChanges_; ///< while it runs
     Tasks requests_;
 };
 

@@ -141,6 +141,35 @@ TEST_F(FeatureSettingsViewTest, TheTemperatureIsChosenBetweenTwo) {
     EXPECT_EQ(defaults().string("temperatureUnit"), "celsius");
 }
 
+TEST_F(FeatureSettingsViewTest, TheRefreshControlRestartsTheTimerAtOnceWithoutARefresh) {
+    launchNormally();
+    page.flip("weatherEnabled", true);
+    runPosted();
+    app.weatherManager.lastLocation = Coordinate{48, 2};
+    page.slide("weatherUpdateIntervalMinutes", 60);
+    const auto requests = platform.httpClientPort.requests.size();
+    advance(3599);
+    EXPECT_EQ(platform.httpClientPort.requests.size(), requests);
+    advance(1);
+    EXPECT_EQ(platform.httpClientPort.requests.size(), requests + 1);
+    page.slide("weatherUpdateIntervalMinutes", 5);
+    EXPECT_EQ(platform.httpClientPort.requests.size(), requests + 1);
+    advance(300);
+    EXPECT_EQ(platform.httpClientPort.requests.size(), requests + 2);
+}
+
+TEST_F(FeatureSettingsViewTest, AnIntervalThatIsChangedWhileWeatherIsOffStartsNoTimer) {
+    launchNormally();
+    page.flip("weatherEnabled", true);
+    runPosted();
+    page.flip("weatherEnabled", false);
+    runPosted();
+    const auto timers = featureTimers();
+    defaults().set("weatherUpdateIntervalMinutes", 30.0);
+    app.weatherManager.restartTimer();
+    EXPECT_EQ(featureTimers(), timers);
+}
+
 TEST_F(FeatureSettingsViewTest, ADeniedCameraHasNoSwitchUntilTheStatusIsReadAgain) {
     platform.cameraPort.status = CameraAuthorizationStatus::denied;
     page.appear();

@@ -386,6 +386,16 @@ TEST_F(WeatherManagerTest, RestartingTheTimerTakesUpTheIntervalWithoutARefresh) 
     EXPECT_EQ(platform.runLoopPort.timerCount(), 1u);
 }
 
+TEST_F(WeatherManagerTest, AChangeOfAnotherSettingLeavesTheTimerAlone) {
+    manager().lastLocation = paris;
+    defaults.set("weatherUpdateIntervalMinutes", std::nan(""));
+    manager().start();
+    platform.runLoopPort.advance(200);
+    defaults.set("unrelated", true);
+    platform.runLoopPort.advance(100);
+    EXPECT_EQ(http.requests.size(), 2u);
+}
+
 TEST_F(WeatherManagerTest, AnAbsurdIntervalFloodsNobody) {
     defaults.set("weatherUpdateIntervalMinutes", 1e-9);
     manager().lastLocation = paris;
