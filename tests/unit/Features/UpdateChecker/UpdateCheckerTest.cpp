@@ -78,6 +78,16 @@ TEST_F(UpdateCheckerTest, A404LogsTheStatusAndLeavesAnEarlierFinding) {
     EXPECT_EQ(checker->latestVersion.get(), "1.0.7");
 }
 
+TEST_F(UpdateCheckerTest, AnyStatusBut200IsRefusedWhateverTheBody) {
+    findVersion("1.0.7");
+    for (const int status : {0, 199, 201, 202, 203, 204, 206, 299, 304, 500}) {
+        check({{}, status, Replies::manifest("9.0")});
+        EXPECT_EQ(lastLine().message, "Manifest fetch failed with non-200 status") << status;
+        EXPECT_EQ(checker->latestVersion.get(), "1.0.7") << status;
+        EXPECT_FALSE(checker->isChecking) << status;
+    }
+}
+
 TEST_F(UpdateCheckerTest, AManifestThatIsNoLongerNewerClearsTheFinding) {
     findVersion("1.0.7");
     findVersion("1.0.6");

@@ -146,32 +146,6 @@ TEST_F(WeatherExpandedViewTest, FiguresBeyondReasonAreStillTexts) {
     EXPECT_FALSE(view.updatedAgoString().empty());
 }
 
-TEST_F(WeatherExpandedViewTest, EachSkyHasItsColours) {
-    struct Row {
-        std::vector<std::int64_t> codes;
-        bool isDay;
-        std::array<Color, 2> colors;
-    };
-    const Row rows[] = {
-        {{0}, true, {{{0.95, 0.7, 0.2}, {0.9, 0.4, 0.1}}}},
-        {{0}, false, {{{0.1, 0.1, 0.35}, {0.05, 0.05, 0.2}}}},
-        {{1}, true, {{{0.85, 0.65, 0.2}, {0.5, 0.6, 0.8}}}},
-        {{1}, false, {{{0.1, 0.12, 0.3}, {0.08, 0.08, 0.2}}}},
-        {{2}, true, {{{0.4, 0.6, 0.85}, {0.55, 0.55, 0.7}}}},
-        {{2}, false, {{{0.12, 0.15, 0.3}, {0.1, 0.1, 0.22}}}},
-        {{3}, true, {{{0.35, 0.38, 0.45}, {0.25, 0.28, 0.35}}}},
-        {{45, 48}, false, {{{0.4, 0.42, 0.48}, {0.3, 0.32, 0.38}}}},
-        {{51, 53, 55}, true, {{{0.3, 0.4, 0.55}, {0.2, 0.3, 0.45}}}},
-        {{61, 63, 65, 80, 81, 82}, false, {{{0.15, 0.25, 0.5}, {0.1, 0.18, 0.38}}}},
-        {{66, 67}, true, {{{0.2, 0.35, 0.55}, {0.15, 0.2, 0.4}}}},
-        {{71, 73, 75, 77, 85, 86}, false, {{{0.5, 0.55, 0.65}, {0.35, 0.4, 0.5}}}},
-        {{95, 96, 99}, true, {{{0.15, 0.1, 0.3}, {0.25, 0.15, 0.4}}}},
-    };
-    for (const auto& row : rows)
-        for (const auto code : row.codes)
-            EXPECT_EQ(gradientColors(code, row.isDay), row.colors) << code;
-}
-
 TEST_F(WeatherExpandedViewTest, TheCollapsedFormIsIconAndTemperature) {
     change([](auto& data) {
         data.temperature = 20.6;
