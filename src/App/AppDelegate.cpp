@@ -157,7 +157,7 @@ void AppDelegate::offerUpdate() {
         return;
     statusBarMenu->showUpdate(*updateChecker.latestVersion.get());
     if (const auto& url = updateChecker.downloadURL.get())
-        platform_.workspace().open(*url);
+        platform_.workspace().openFromNetwork(*url);
 }
 
 void AppDelegate::quitApp() {

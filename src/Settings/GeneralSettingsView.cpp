@@ -140,7 +140,7 @@ void GeneralSettingsView::pressUpdate() {
     if (!checker.updateAvailable)
         checker.check();
     else if (const auto& url = checker.downloadURL.get())
-        platform_.workspace().open(*url);
+        platform_.workspace().openFromNetwork(*url);
 }
 
 void GeneralSettingsView::resetDefaults() {

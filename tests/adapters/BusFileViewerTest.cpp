@@ -29,14 +29,14 @@ TEST_F(BusFileViewerTest, AsksTheFileManagerToSelect) {
     manager.addMethod(fileViewer, "ShowItems", "ass", "", "");
     viewer.select(urls);
     EXPECT_TRUE(waitUntil([&] { return manager.callCount("ShowItems") == 1; }));
-    EXPECT_TRUE(workspace.opened.empty());
+    EXPECT_TRUE(workspace.documents.empty());
 }
 
 TEST_F(BusFileViewerTest, WithoutAFileManagerOpensTheFolder) {
     viewer.select(urls);
-    EXPECT_TRUE(workspace.opened.empty()) << "nothing waits";
-    EXPECT_TRUE(waitUntil([&] { return !workspace.opened.empty(); }));
-    EXPECT_EQ(workspace.opened, std::vector<std::string>{"file:///tmp/shelf"});
+    EXPECT_TRUE(workspace.documents.empty()) << "nothing waits";
+    EXPECT_TRUE(waitUntil([&] { return !workspace.documents.empty(); }));
+    EXPECT_EQ(workspace.documents, std::vector<std::string>{"file:///tmp/shelf"});
 }
 
 TEST_F(BusFileViewerTest, WithoutFilesNobodyIsAsked) {

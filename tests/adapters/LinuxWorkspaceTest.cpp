@@ -1,5 +1,7 @@
 #include "Platform/Linux/LinuxWorkspace.h"
 
+#include "Foundation/FileURL.h"
+#include "Platform/Qt/QtRunLoop.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Support/TemporaryFolder.h"
 #include "Support/TemporaryVariable.h"
@@ -16,24 +18,43 @@ const std::string powerPage = "x-apple.systempreferences:com.apple.settings.batt
 
 class LinuxWorkspaceTest : public testing::Test {
 protected:
-    /// The line of the program that `url` started on a desktop; empty when none was.
-    std::string opened(const char* desktop, const std::string& url) {
+    using Deed = std::function<void(LinuxWorkspace&)>;
+
+    /// The line of the program that was started on a desktop; empty when none was.
+    std::string startedBy(const Deed& deed, const char* desktop = "GNOME") {
         programs.remove("started");
-        LinuxWorkspace workspace(log, {QString::fromLatin1(desktop), path()});
-        const auto lines = log.lines.size();
-        workspace.open(url);
-        if (log.lines.size() > lines)
-            return "";
-        EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(programs.path("started")); }));
+        LinuxWorkspace workspace(runLoop, log, {QString::fromLatin1(desktop), path()},
+                                 [this](const std::string& url) { shown.push_back(url); });
+        const auto settled = log.lines.size() + shown.size();
+        deed(workspace);
+        EXPECT_TRUE(waitUntil([&] {
+            return log.lines.size() + shown.size() > settled ||
+                   std::filesystem::exists(programs.path("started"));
+        }));
         std::ifstream file(programs.path("started"));
         std::string line;
         std::getline(file, line);
         return line;
     }
+    std::string opened(const char* desktop, const std::string& url) {
+        return startedBy([&](LinuxWorkspace& workspace) { workspace.open(url); }, desktop);
+    }
+    std::string openedFromNetwork(const std::string& url) {
+        return startedBy([&](LinuxWorkspace& workspace) { workspace.openFromNetwork(url); });
+    }
+    /// Of a file in the temporary folder, with this content.
+    std::string openedDocument(const std::string& name, const std::string& content) {
+        programs.write(name, content);
+        return startedBy([&](LinuxWorkspace& workspace) {
+            workspace.openDocument(FileURL::ofPath(programs.path(name)));
+        });
+    }
     QString path() const { return QString::fromStdString(programs.path()); }
 
     TemporaryFolder programs;
     SimulatedLog log;
+    std::vector<std::string> shown; ///< in their folder
+    QtRunLoop runLoop;
 };
 
 TEST_F(LinuxWorkspaceTest, ThePowerPageIsThatOfTheRunningDesktop) {
@@ -70,32 +91,92 @@ TEST_F(LinuxWorkspaceTest, OtherAddressesGoToTheDesktopsOpener) {
     EXPECT_EQ(opened("XFCE", "ical://"), "") << "a foreign address is not for the opener";
 }
 
-TEST_F(LinuxWorkspaceTest, AnAddressWithoutASchemeIsRefused) {
+TEST_F(LinuxWorkspaceTest, OnlyPagesMailsAndSettingsReachAnOpener) {
     programs.writeProgram("xdg-open");
-    EXPECT_EQ(opened("XFCE", "--help"), "");
-    EXPECT_EQ(opened("XFCE", ""), "");
+    programs.writeProgram("gio");
+    for (const auto* url :
+         {"--help", "", "file:///usr/share/applications/xterm.desktop", "file:///etc/hosts",
+          "steam://run/1", "javascript:alert(1)", "httpx://orvelle.example/", "smb://host/share",
+          "x-apple.unknown:page", "ical://elsewhere", "//orvelle.example/", "HtTpS"})
+        EXPECT_EQ(opened("XFCE", url), "") << url;
+    EXPECT_EQ(opened("XFCE", "HTTP://orvelle.example/"), "xdg-open http://orvelle.example/");
 }
 
-TEST_F(LinuxWorkspaceTest, AnApplicationIsFoundByItsDesktopEntryAndLaunched) {
+TEST_F(LinuxWorkspaceTest, FromTheNetworkOnlyHttpsReachesAnOpener) {
+    programs.writeProgram("xdg-open");
+    programs.writeProgram("gnome-control-center");
+    programs.writeProgram("gnome-calendar");
+    for (const auto* url :
+         {"http://orvelle.example/", "mailto:a@orvelle.example", "file:///etc/hosts", "ical://",
+          powerPage.c_str(), "ftp://orvelle.example/", "https"})
+        EXPECT_EQ(openedFromNetwork(url), "") << url;
+    EXPECT_EQ(openedFromNetwork("https://orvelle.example/get"),
+              "xdg-open https://orvelle.example/get");
+}
+
+TEST_F(LinuxWorkspaceTest, ADocumentGoesToTheDesktopsOpener) {
+    programs.writeProgram("xdg-open");
+    EXPECT_EQ(openedDocument("a b.txt", "About [Desktop Entry] files"),
+              "xdg-open file://" + programs.path("a%20b.txt"));
+    EXPECT_EQ(openedDocument("bare", ""), "xdg-open file://" + programs.path("bare"));
+    EXPECT_TRUE(shown.empty());
+}
+
+TEST_F(LinuxWorkspaceTest, AnApplicationsEntryIsShownInItsFolderAndNeverRun) {
+    programs.writeProgram("xdg-open");
+    programs.writeProgram("gio");
+    const std::string entry = "[Desktop Entry]\nType=Application\nExec=touch /tmp/harm\n";
+    std::vector<std::string> expected;
+    for (const auto* name : {"game.desktop", "GAME.DESKTOP", "game.kdelnk", "game", "game.txt"}) {
+        EXPECT_EQ(openedDocument(name, entry), "") << name;
+        expected.push_back(FileURL::ofPath(programs.path(name)));
+    }
+    EXPECT_EQ(openedDocument("commented", "# A game\n\n" + entry), "");
+    expected.push_back(FileURL::ofPath(programs.path("commented")));
+    std::filesystem::create_symlink(programs.path("game.desktop"), programs.path("link.txt"));
+    EXPECT_EQ(startedBy([&](LinuxWorkspace& workspace) {
+                  workspace.openDocument(FileURL::ofPath(programs.path("link.txt")));
+              }),
+              "");
+    expected.push_back(FileURL::ofPath(programs.path("link.txt")));
+    EXPECT_EQ(shown, expected);
+}
+
+TEST_F(LinuxWorkspaceTest, ADocumentIsAFileOfThisMachine) {
+    programs.writeProgram("xdg-open");
+    for (const auto* url : {"https://orvelle.example/", "file://elsewhere/etc/hosts", "--help",
+                            "/etc/hosts", "file:///etc/%zz"})
+        EXPECT_EQ(startedBy([&](LinuxWorkspace& workspace) { workspace.openDocument(url); }), "")
+            << url;
+}
+
+TEST_F(LinuxWorkspaceTest, OnlyInstalledApplicationsAreLaunched) {
     TemporaryFolder data;
     const TemporaryVariable home("XDG_DATA_HOME", data.path().c_str());
     data.write("applications/spotify.desktop", "[Desktop Entry]");
     data.write("applications/org.example.Player.desktop", "[Desktop Entry]");
-    LinuxWorkspace workspace(log, {QStringLiteral("GNOME"), path()});
-    const auto player = "file://" + data.path("applications/org.example.Player.desktop");
-    EXPECT_EQ(workspace.applicationUrl("org.example.Player"), player);
-    EXPECT_EQ(workspace.applicationUrl("com.spotify.client"),
-              "file://" + data.path("applications/spotify.desktop"));
-    EXPECT_EQ(workspace.applicationUrl("org.example.Missing"), std::nullopt);
-    EXPECT_EQ(workspace.applicationUrl("../applications/spotify"), std::nullopt);
-
+    data.write("elsewhere.desktop", "[Desktop Entry]");
     programs.writeProgram("gio");
-    EXPECT_EQ(opened("GNOME", player),
-              "gio launch " + data.path("applications/org.example.Player.desktop"));
+    const auto launched = [&](const std::string& identifier) {
+        return startedBy([&](LinuxWorkspace& workspace) {
+            workspace.launch(identifier);
+            workspace.open("end:"); // is refused, and so ends the waiting where nothing starts
+        });
+    };
+    EXPECT_EQ(launched("org.example.Missing"), "");
+    EXPECT_EQ(launched("../elsewhere"), "");
+    EXPECT_EQ(launched(data.path("elsewhere")), "");
+    EXPECT_EQ(launched(""), "");
+    const auto path = [&](const char* name) { return "gio launch " + data.path(name); };
+    const auto alone = [&](const std::string& identifier) {
+        return startedBy([&](LinuxWorkspace& workspace) { workspace.launch(identifier); });
+    };
+    EXPECT_EQ(alone("org.example.Player"), path("applications/org.example.Player.desktop"));
+    EXPECT_EQ(alone("com.spotify.client"), path("applications/spotify.desktop"));
 }
 
 TEST_F(LinuxWorkspaceTest, WhatNothingOpensIsLoggedOnce) {
-    LinuxWorkspace workspace(log, {QStringLiteral("GNOME"), path()});
+    LinuxWorkspace workspace(runLoop, log, {QStringLiteral("GNOME"), path()}, {});
     workspace.open(powerPage);
     workspace.open(powerPage);
     workspace.open("https://orvelle.example/");

@@ -112,9 +112,9 @@ TEST_F(FileShelfPanelTest, aCellIsItsIconOverItsName) {
 TEST_F(FileShelfPanelTest, aDoubleClickOpensAndASingleOneDoesNot) {
     showWith({"a.txt", "b.txt"});
     click("shelfItem.a.txt");
-    EXPECT_TRUE(platform.workspacePort.opened.empty());
+    EXPECT_TRUE(platform.workspacePort.documents.empty());
     doubleClick("shelfItem.b.txt");
-    EXPECT_EQ(platform.workspacePort.opened, std::vector{urlOf(1)});
+    EXPECT_EQ(platform.workspacePort.documents, std::vector{urlOf(1)});
 }
 
 TEST_F(FileShelfPanelTest, theContextMenuComesWithTheRightButton) {
@@ -148,7 +148,7 @@ TEST_F(FileShelfPanelTest, theKeyboardDoesWhatThePointerDoes) {
     focusGrid();
     key(Qt::Key_Right);
     key(Qt::Key_Return);
-    EXPECT_EQ(platform.workspacePort.opened, std::vector{urlOf(1)});
+    EXPECT_EQ(platform.workspacePort.documents, std::vector{urlOf(1)});
     key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(platform.pasteboardPort.files, std::vector{urlOf(1)});
     picture("shelf-focus");

@@ -81,7 +81,7 @@ const ShelfItem* FileShelfView::item(UUID id) const {
 
 void FileShelfView::open(UUID id) {
     if (const auto* file = item(id))
-        platform_.workspace().open(file->url);
+        platform_.workspace().openDocument(file->url);
 }
 
 void FileShelfView::showInFinder(UUID id) {

@@ -142,11 +142,8 @@ void MediaManager::fetchLoveStatus() {
 }
 
 void MediaManager::openSourceApp() {
-    const auto& app = currentMedia->appBundleIdentifier;
-    if (!app)
-        return;
-    if (const auto url = platform_.workspace().applicationUrl(*app))
-        platform_.workspace().open(*url);
+    if (const auto& app = currentMedia->appBundleIdentifier)
+        platform_.workspace().launch(*app);
 }
 
 } // namespace orvelle

@@ -37,7 +37,7 @@ void BusFileViewer::ask(const QDBusConnection& connection, const std::vector<std
         if (answer.type() != QDBusMessage::ErrorMessage)
             return;
         log_.info("No file manager shows the file: " + answer.errorName().toStdString());
-        workspace_.open(folder);
+        workspace_.openDocument(folder);
     });
 }
 

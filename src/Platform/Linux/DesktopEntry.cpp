@@ -5,7 +5,6 @@
 #include <QHash>
 #include <QLocale>
 #include <QStandardPaths>
-#include <QString>
 #include <QStringList>
 
 namespace orvelle {
@@ -30,15 +29,40 @@ QString nameIn(const QString& entry) {
     return names.value(QStringLiteral("Name"));
 }
 
+/// Whether its first line that says something opens the group of an entry.
+bool beginsAsEntry(const QString& text) {
+    for (const auto& line : text.split(u'\n')) {
+        const auto said = line.trimmed();
+        if (!said.isEmpty() && !said.startsWith(u'#'))
+            return said.startsWith(QLatin1String("[Desktop Entry]")) ||
+                   said.startsWith(QLatin1String("[KDE Desktop Entry]"));
+    }
+    return false;
+}
+
 } // namespace
+
+QString installedDesktopEntry(const std::string& name) {
+    const auto file = QString::fromStdString(name);
+    if (file.isEmpty() || file.contains(u'/'))
+        return {};
+    return QStandardPaths::locate(QStandardPaths::ApplicationsLocation,
+                                  file + QStringLiteral(".desktop"));
+}
+
+bool isDesktopEntry(const std::string& path) {
+    const auto name = QString::fromStdString(path);
+    for (const auto* suffix : {".desktop", ".kdelnk"})
+        if (name.endsWith(QLatin1String(suffix), Qt::CaseInsensitive))
+            return true;
+    const auto beginning = readSmallFile(path);
+    return beginning && beginsAsEntry(QString::fromStdString(*beginning));
+}
 
 ApplicationIdentity desktopEntryNamed(const std::vector<std::string>& names) {
     constexpr std::size_t largestEntry = 1 << 18; // bytes; translations make them long
     for (const auto& name : names) {
-        const auto file = QString::fromStdString(name) + QStringLiteral(".desktop");
-        const auto path = file.contains(u'/')
-                              ? QString()
-                              : QStandardPaths::locate(QStandardPaths::ApplicationsLocation, file);
+        const auto path = installedDesktopEntry(name);
         if (path.isEmpty())
             continue;
         const auto entry = readSmallFile(path.toStdString(), largestEntry);

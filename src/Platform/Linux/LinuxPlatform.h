@@ -127,7 +127,8 @@ private:
     UPowerPowerSources powerSources_;
     LinuxProcessLauncher processLauncher_;
     LinuxUserNotifications userNotifications_;
-    LinuxWorkspace workspace_{log_, LinuxWorkspace::Environment::ofProcess()};
+    LinuxWorkspace workspace_{runLoop_, log_, LinuxWorkspace::Environment::ofProcess(),
+                              [this](const std::string& url) { fileViewer_.select({url}); }};
     BusFileViewer fileViewer_;
 };
 

@@ -1,11 +1,16 @@
 #include "Platform/Linux/LinuxWorkspace.h"
 
+#include "Foundation/FileURL.h"
+#include "Platform/Linux/DesktopEntry.h"
+
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 
 #include <map>
+#include <memory>
 #include <string_view>
+#include <utility>
 
 namespace orvelle {
 
@@ -48,7 +53,12 @@ constexpr Counterpart counterparts[] = {
     {calendar, "", "thunderbird", "-calendar"},
 };
 
-constexpr const char* desktopEntrySuffix = ".desktop";
+const QString opener = QStringLiteral("xdg-open");
+
+// Handlers of other schemes may run what an address tells them to.
+const std::set<QString> ownSchemes{QStringLiteral("http"), QStringLiteral("https"),
+                                   QStringLiteral("mailto")};
+const std::set<QString> networkSchemes{QStringLiteral("https")};
 
 /// The desktop entries of applications that another platform knows by another name.
 const std::map<std::string_view, std::string_view> desktopEntries{
@@ -59,35 +69,57 @@ bool isForeign(const std::string& url) {
     return url.starts_with("x-apple.") || url.starts_with(calendar);
 }
 
+/// The file of an installed application's entry; empty when there is none.
+QString installedEntry(const std::string& bundleIdentifier) {
+    const auto foreign = desktopEntries.find(bundleIdentifier);
+    return installedDesktopEntry(foreign == desktopEntries.end() ? bundleIdentifier
+                                                                 : std::string(foreign->second));
+}
+
 } // namespace
 
 LinuxWorkspace::Environment LinuxWorkspace::Environment::ofProcess() {
     return {qEnvironmentVariable("XDG_CURRENT_DESKTOP"), qEnvironmentVariable("PATH")};
 }
 
-LinuxWorkspace::LinuxWorkspace(LogSink& log, Environment environment)
-    : log_(log, "LinuxWorkspace"),
+LinuxWorkspace::LinuxWorkspace(RunLoop& runLoop, LogSink& log, Environment environment,
+                               ShowInFolder show)
+    : runLoop_(runLoop), log_(log, "LinuxWorkspace"),
       desktops_(environment.currentDesktop.split(u':', Qt::SkipEmptyParts)),
-      folders_(environment.path.split(u':', Qt::SkipEmptyParts)) {}
+      folders_(environment.path.split(u':', Qt::SkipEmptyParts)), show_(std::move(show)) {}
 
 void LinuxWorkspace::open(const std::string& url) {
-    const bool opened = isForeign(url) ? openForeign(url) : openWithDesktop(url);
-    if (!opened && reported_.insert(url).second)
-        log_.error("Nothing here opens " + url);
+    if (!(isForeign(url) ? openForeign(url) : openAddress(url, ownSchemes)))
+        refuse("opens", url);
 }
 
-std::optional<std::string> LinuxWorkspace::applicationUrl(const std::string& bundleIdentifier) {
-    const auto foreign = desktopEntries.find(bundleIdentifier);
-    const auto entry = QString::fromStdString(
-        foreign == desktopEntries.end() ? bundleIdentifier : std::string(foreign->second));
-    // The identifier comes from a player, and may name no file elsewhere.
-    if (entry.isEmpty() || entry.contains(u'/'))
-        return std::nullopt;
-    const auto path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation,
-                                             entry + QLatin1String(desktopEntrySuffix));
-    if (path.isEmpty())
-        return std::nullopt;
-    return QUrl::fromLocalFile(path).toEncoded().toStdString();
+void LinuxWorkspace::openFromNetwork(const std::string& url) {
+    if (!openAddress(url, networkSchemes))
+        refuse("opens", url);
+}
+
+void LinuxWorkspace::openDocument(const std::string& fileUrl) {
+    const auto path = FileURL::path(fileUrl);
+    if (!path)
+        return refuse("opens", fileUrl);
+    const auto isEntry = std::make_shared<bool>(true);
+    openings_.start([&](Tasks::Finished finished) {
+        return runLoop_.detach([isEntry, path] { *isEntry = isDesktopEntry(*path); },
+                               [this, isEntry, path, finished] {
+                                   const auto url = FileURL::ofPath(*path);
+                                   if (*isEntry)
+                                       show_(url);
+                                   else if (!start(opener, {QString::fromStdString(url)}))
+                                       refuse("opens", url);
+                                   finished();
+                               });
+    });
+}
+
+void LinuxWorkspace::launch(const std::string& bundleIdentifier) {
+    const auto entry = installedEntry(bundleIdentifier);
+    if (!entry.isEmpty() && !start(QStringLiteral("gio"), {QStringLiteral("launch"), entry}))
+        refuse("launches", entry.toStdString());
 }
 
 bool LinuxWorkspace::openForeign(const std::string& url) const {
@@ -108,14 +140,15 @@ bool LinuxWorkspace::openForeign(const std::string& url) const {
     return startFirst([](QLatin1String) { return true; });
 }
 
-bool LinuxWorkspace::openWithDesktop(const std::string& url) const {
+bool LinuxWorkspace::openAddress(const std::string& url, const std::set<QString>& schemes) const {
     const QUrl address(QString::fromStdString(url), QUrl::StrictMode);
-    // An opener would take a text without a scheme for an option or for a file of its own choice.
-    if (!address.isValid() || address.isRelative())
-        return false;
-    if (address.isLocalFile() && address.path().endsWith(QLatin1String(desktopEntrySuffix)))
-        return start(QStringLiteral("gio"), {QStringLiteral("launch"), address.toLocalFile()});
-    return start(QStringLiteral("xdg-open"), {QString::fromUtf8(address.toEncoded())});
+    return address.isValid() && schemes.contains(address.scheme()) &&
+           start(opener, {QString::fromUtf8(address.toEncoded())});
+}
+
+void LinuxWorkspace::refuse(const std::string& deed, const std::string& what) {
+    if (reported_.insert(what).second)
+        log_.error("Nothing here " + deed + " " + what);
 }
 
 bool LinuxWorkspace::start(const QString& program, const QStringList& arguments) const {

@@ -15,6 +15,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -188,11 +189,19 @@ public:
 class SimulatedWorkspace : public Workspace {
 public:
     std::vector<std::string> opened;
-    std::map<std::string, std::string> applications; ///< addresses by bundle identifier
+    std::vector<std::string> openedFromNetwork;
+    std::vector<std::string> documents;
+    std::set<std::string> applications; ///< the installed ones, by bundle identifier
+    std::vector<std::string> launched;
     void open(const std::string& url) override { opened.push_back(url); }
-    std::optional<std::string> applicationUrl(const std::string& bundleIdentifier) override {
-        const auto found = applications.find(bundleIdentifier);
-        return found == applications.end() ? std::nullopt : std::optional(found->second);
+    void openFromNetwork(const std::string& url) override {
+        if (url.starts_with("https:"))
+            openedFromNetwork.push_back(url);
+    }
+    void openDocument(const std::string& fileUrl) override { documents.push_back(fileUrl); }
+    void launch(const std::string& bundleIdentifier) override {
+        if (applications.contains(bundleIdentifier))
+            launched.push_back(bundleIdentifier);
     }
 };
 

@@ -135,14 +135,14 @@ TEST_F(StatusBarMenuTest, CheckForUpdatesWithNothingNewChangesNothingThatCanBeSe
     launchNormally();
     checkForUpdates("1.0.6");
     EXPECT_EQ(menu().at(7)->title.get(), "Check for Updates...");
-    EXPECT_TRUE(platform.workspacePort.opened.empty());
+    EXPECT_TRUE(platform.workspacePort.openedFromNetwork.empty());
 }
 
 TEST_F(StatusBarMenuTest, ANewVersionIsNamedInTheMenuAndItsPageOpened) {
     launchNormally();
     checkForUpdates("1.1");
     EXPECT_EQ(menu().at(7)->title.get(), "Update Available: v1.1");
-    EXPECT_EQ(platform.workspacePort.opened.size(), 1u);
+    EXPECT_EQ(platform.workspacePort.openedFromNetwork.size(), 1u);
 }
 
 TEST_F(StatusBarMenuTest, ABugReportIsAMailWithTheSystemInItsBody) {

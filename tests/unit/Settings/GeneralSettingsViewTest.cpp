@@ -154,7 +154,7 @@ TEST_F(GeneralSettingsViewTest, UpToDateOffersACheckAndANewerVersionADownload) {
     EXPECT_EQ(row("update").symbol->name, "arrow.down.circle.fill");
     EXPECT_EQ(row("update").button, "Download");
     page.press("update");
-    EXPECT_EQ(platform.workspacePort.opened, Labels{"https://x.example/o"});
+    EXPECT_EQ(platform.workspacePort.openedFromNetwork, Labels{"https://x.example/o"});
 }
 
 TEST_F(GeneralSettingsViewTest, ReportABugWritesAMail) {

@@ -82,7 +82,7 @@ TEST_F(FileShelfViewTest, TheMenuHasItsEntriesInOrder) {
 TEST_F(FileShelfViewTest, OpenOpensTheCopy) {
     choose("Open");
     view.open(id(1));
-    EXPECT_EQ(platform.workspacePort.opened, (Urls{url(0), url(1)}));
+    EXPECT_EQ(platform.workspacePort.documents, (Urls{url(0), url(1)}));
 }
 
 TEST_F(FileShelfViewTest, ShowInFinderSelectsTheFile) {
@@ -121,7 +121,7 @@ TEST_F(FileShelfViewTest, AFileThatHasGoneDoesNothing) {
     view.share(gone);
     view.remove(gone);
     EXPECT_FALSE(view.dragItem(gone));
-    EXPECT_TRUE(platform.workspacePort.opened.empty());
+    EXPECT_TRUE(platform.workspacePort.documents.empty());
     EXPECT_TRUE(platform.sharePickerPort.requests.empty());
     EXPECT_EQ(shelf.items->size(), 2u);
 }

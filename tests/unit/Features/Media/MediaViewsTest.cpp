@@ -233,12 +233,12 @@ TEST_F(MediaViewsTest, TheControlsShowTitleAndArtistOnOneLine) {
 
 TEST_F(MediaViewsTest, TheMenuOpensTheSourceWhenItHasAName) {
     manager().currentMedia = song();
-    platform.workspacePort.applications["com.spotify.client"] = "file:///applications/spotify";
+    platform.workspacePort.applications.insert("com.spotify.client");
     const auto menu = mediaContextMenu(manager());
     ASSERT_EQ(menu.size(), 1u);
     EXPECT_EQ(menu[0].title, "Open in Spotify");
     menu[0].perform();
-    EXPECT_EQ(platform.workspacePort.opened.size(), 1u);
+    EXPECT_EQ(platform.workspacePort.launched, std::vector<std::string>{"com.spotify.client"});
     auto info = song();
     info.appName.clear();
     manager().currentMedia = info;

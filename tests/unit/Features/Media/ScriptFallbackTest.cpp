@@ -367,13 +367,12 @@ TEST_F(MusicTest, TheMarkIsFlippedWhateverTheScriptSays) {
     EXPECT_FALSE(manager.isLoved) << "the script could not be made";
 }
 
-TEST_F(MusicTest, TheSourceApplicationIsOpenedByItsAddress) {
+TEST_F(MusicTest, TheSourceApplicationIsLaunched) {
     manager.openSourceApp();
-    EXPECT_TRUE(platform.workspacePort.opened.empty()) << "it is not installed";
-    platform.workspacePort.applications[music] = "file:///applications/music";
+    EXPECT_TRUE(platform.workspacePort.launched.empty()) << "it is not installed";
+    platform.workspacePort.applications.insert(music);
     manager.openSourceApp();
-    EXPECT_EQ(platform.workspacePort.opened,
-              std::vector<std::string>{"file:///applications/music"});
+    EXPECT_EQ(platform.workspacePort.launched, std::vector<std::string>{music});
 }
 
 } // namespace
