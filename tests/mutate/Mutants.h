@@ -28,6 +28,11 @@ constexpr void touch(Id... ids) {
     (void(on(ids)), ...);
 }
 
+template <class... Id>
+void touchNow(Id... ids) {
+    (void(note(ids)), ...);
+}
+
 // clang-format off
 #define ORVELLE_RELATION(name, op, first, second)                                                   \
     template <class A, class B>                                                                     \
@@ -100,7 +105,7 @@ constexpr T number(int id, T value) {
     return on(id) ? beside(value) : value;
 }
 
-/// In an initialiser of static storage, which the compiler would otherwise compute by itself.
+/// Where the compiler could compute the value by itself, and must not.
 template <class T>
 T once(int id, T value) {
     return note(id) ? beside(value) : value;

@@ -29,6 +29,8 @@ NUMBERS = (K.INTEGER_LITERAL, K.FLOATING_LITERAL, K.CXX_BOOL_LITERAL_EXPR)
 LOGGING = re.compile(r"\blog_?\.(debug|info)\(")
 # Room kept for what comes, and bytes that a message holds: nobody can tell the difference.
 INDIFFERENT = re.compile(r"\.reserve\(|\.shrink_to_fit\(")
+FUNCTIONS = (K.FUNCTION_DECL, K.CXX_METHOD, K.CONSTRUCTOR, K.CONVERSION_FUNCTION,
+             K.FUNCTION_TEMPLATE)
 CALLS = (K.CALL_EXPR, K.UNEXPOSED_EXPR)
 
 
@@ -83,6 +85,7 @@ class Schemata:
         self.logging = {}
         self.macros = set()
         self.order = 0
+        self.static = None  # the variable in whose initialiser the walk is
         self.seen = set()
         unity = "".join(f'#include "{source}"\n' for source in sources)
         self.unit = cindex.Index.create().parse(
@@ -148,6 +151,8 @@ class Schemata:
         indent = len(line) - len(line.lstrip())
         self.mutants.append(Mutant(file, text.count(b"\n", 0, offset) + 1, line.strip(),
                                    offset - begin - indent, old, new))
+        if self.static is not None:
+            self.statics[self.static].mutants.append(len(self.mutants) - 1)
         return len(self.mutants) - 1
 
     def edit(self, file, offset, length, text, closes, mutants):
@@ -183,16 +188,18 @@ class Schemata:
             return
         if kind == K.VAR_DECL:
             static = self.static_of(cursor, file, parents) or static
+        outer, self.static = self.static, static
         wanted = file in self.wanted and not self.is_log(file, cursor.extent.start.offset)
         kids = [k for k in cursor.get_children()]
         if wanted:
             self.consider(cursor, kids, parents, static, file)
         if kind == K.DECL_REF_EXPR:
-            self.note_use(cursor, file, static)
+            self.note_use(cursor, file, static, parents)
         skip_first = kind == K.CASE_STMT
         for index, kid in enumerate(kids):
             if not (skip_first and index == 0):
                 self.visit(kid, [*parents, cursor], static)
+        self.static = outer
 
     def static_of(self, cursor, file, parents):
         start, end = self.span(cursor)
@@ -217,13 +224,14 @@ class Schemata:
                                         start + at if at >= 0 else -1, keyword)
         return identity
 
-    def note_use(self, cursor, file, static):
+    def note_use(self, cursor, file, static, parents):
         target = cursor.referenced
         if target is None or target.kind != K.VAR_DECL:
             return
         target_file = self.file_of(target)
         if target_file:
-            self.uses.append(((target_file, target.location.offset), file, self.span(cursor), static))
+            self.uses.append(((target_file, target.location.offset), file, self.span(cursor), static,
+                              self.is_constexpr(file, parents)))
 
     def consider(self, cursor, kids, parents, static, file):
         kind = cursor.kind
@@ -281,19 +289,17 @@ class Schemata:
         else:
             new = str(int(old.rstrip("uUlL").replace("'", ""), 0) + 1)
         id = self.mutant(file, start, old, new)
-        name = "number"
-        if static is not None and self.is_in_initialiser(static, file, start, parents):
-            name = "once"
-        if static is not None:
-            self.statics[static].mutants.append(id)
+        is_default = parent is not None and parent.kind in (K.FIELD_DECL, K.PARM_DECL)
+        name = "number" if is_default or self.is_constexpr(file, parents) else "once"
         self.wrap(file, start, end, f"M_::{name}({id}, ", ")", (id,))
 
-    def is_in_initialiser(self, static, file, start, parents):
-        """Not in a lambda inside it, which runs later."""
-        variable = self.statics[static]
-        if any(p.kind == K.LAMBDA_EXPR and p.extent.start.offset > variable.start for p in parents):
-            return False
-        return variable.file == file and variable.name_end <= start < variable.end
+    def is_constexpr(self, file, parents):
+        """Whether the compiler may have to compute what stands here."""
+        for parent in reversed(parents):
+            if parent.kind in FUNCTIONS:
+                head = self.source(file, parent.extent.start.offset, parent.location.offset)
+                return bool(re.search(r"\bconst(expr|eval)\b", head))
+        return False
 
     def operator(self, cursor, kids, file):
         start, end = self.span(cursor)
@@ -459,7 +465,7 @@ class Schemata:
     # --- variables that are made once
 
     def add_touches(self):
-        for target, _, _, static in self.uses:
+        for target, _, _, static, _ in self.uses:
             if static is not None and static != target and target in self.statics:
                 self.statics[static].reads.add(target)
         changed = True
@@ -475,12 +481,13 @@ class Schemata:
             if variable.mutants and variable.constexpr_at >= 0:
                 self.edit(variable.file, variable.constexpr_at, len("constexpr"), variable.keyword,
                           False, variable.mutants)
-        for target, file, (start, end), _ in self.uses:
+        for target, file, (start, end), _, is_constexpr in self.uses:
             variable = self.statics.get(target)
             if variable and variable.mutants and ("use", file, start) not in self.seen:
                 self.seen.add(("use", file, start))
                 ids = ", ".join(map(str, variable.mutants))
-                self.wrap(file, start, end, f"(M_::touch({ids}), ", ")", variable.mutants)
+                touch = "touch" if is_constexpr else "touchNow"
+                self.wrap(file, start, end, f"(M_::{touch}({ids}), ", ")", variable.mutants)
 
     # --- writing
 

@@ -60,6 +60,7 @@ def main():
         mutated = texts["src/a.cpp"]
         assert mutated.count(b"\n") == SOURCE.count("\n"), "lines have moved"
         assert found[(7, ">", ">=")] in places[("src/a.cpp", 7)]
+        assert f"M_::touchNow({found[(3, '5', '6')]})".encode() in mutated, "a reader is not seen"
         (root / "b.cpp").write_bytes(mutated)
         program = root / "b"
         subprocess.run(["clang++-19", "-std=c++20", "-w", "-include", here / "Mutants.h",
