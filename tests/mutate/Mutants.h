@@ -1,7 +1,7 @@
 #pragma once
 
-// Compiled into the mutated copy of the sources, before everything else. Every mutant is an integer;
-// the environment says which one is active, and each decision notes that it was reached.
+// Compiled into the mutated copy of the sources, before everything else. Every mutant is an
+// integer; the environment says which one is active, and each decision notes that it was reached.
 
 #include <cstdlib>
 #include <type_traits>
@@ -10,7 +10,8 @@ namespace orvelle_mutants {
 
 inline constexpr int limit = 1 << 16;
 inline unsigned char reached[limit];
-inline const int active = std::getenv("ORVELLE_MUTANT") ? std::atoi(std::getenv("ORVELLE_MUTANT")) : -1;
+inline const int active =
+    std::getenv("ORVELLE_MUTANT") ? std::atoi(std::getenv("ORVELLE_MUTANT")) : -1;
 
 inline bool note(int id) {
     reached[id] = 1;
