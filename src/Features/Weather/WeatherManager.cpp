@@ -66,8 +66,6 @@ Seconds WeatherManager::refreshInterval() const {
 }
 
 void WeatherManager::restartTimer() {
-    if (!isEnabled)
-        return;
     runningInterval_ = refreshInterval();
     refreshTimer = platform_.runLoop().every(runningInterval_, [this] { refreshWeather(); });
 }

@@ -49,8 +49,8 @@ public:
 
     void start() override;
     void stop() override;
-    /// Takes up the setting's interval, without a refresh of its own. Nothing while switched off.
-    /// A running manager does so by itself when the setting changes.
+    /// Schedules the refreshes anew with the setting's interval, without one at once. A running
+    /// manager does so by itself when the setting changes.
     void restartTimer();
     void refreshWeather();
 
