@@ -149,20 +149,26 @@ std::optional<Image> MediaManager::serviceCover(const NowPlayingReading& reading
         serviceCover_ = {};
         return std::nullopt;
     }
-    if (*reading.artwork == serviceCover_.bytes)
-        return serviceCover_.image;
-    serviceCover_ = {*reading.artwork, {}};
+    const bool isKnown = *reading.artwork == serviceCover_.bytes;
+    if (!isKnown)
+        serviceCover_ = {.bytes = *reading.artwork, .image = {}, .title = {}, .artist = {}};
+    serviceCover_.title = reading.media.title;
+    serviceCover_.artist = reading.media.artist;
+    if (!isKnown)
+        unpackServiceCover();
+    return serviceCover_.image;
+}
+
+void MediaManager::unpackServiceCover() {
     background_.run([&codec = platform_.imageCodec(),
-                     bytes = *reading.artwork] { return codec.decode(bytes, coverSide); },
-                    [this, bytes = *reading.artwork, title = reading.media.title,
-                     artist = reading.media.artist](const std::optional<Image>& image) {
+                     bytes = serviceCover_.bytes] { return codec.decode(bytes, coverSide); },
+                    [this, bytes = serviceCover_.bytes](const std::optional<Image>& image) {
                         if (!(bytes == serviceCover_.bytes))
                             return;
                         serviceCover_.image = image;
                         if (image)
-                            showArtwork(title, artist, *image);
+                            showArtwork(serviceCover_.title, serviceCover_.artist, *image);
                     });
-    return std::nullopt;
 }
 
 void MediaManager::handleEmptyResponse() {

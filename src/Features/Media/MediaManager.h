@@ -61,6 +61,8 @@ private:
     struct ServiceCover {
         SharedBytes bytes;
         std::optional<Image> image; ///< none while it is being unpacked, or when that failed
+        std::string title;          ///< of the track that it was given for last
+        std::string artist;
     };
 
     void loadMediaRemoteFramework();
@@ -79,6 +81,7 @@ private:
     void updateElapsedTime();
     /// The cover of these bytes when it is known already; otherwise it follows later.
     std::optional<Image> serviceCover(const NowPlayingReading& reading);
+    void unpackServiceCover();
 
     /// The application that takes scripts for what is shown now; none for the service's commands.
     std::optional<std::string> scriptedApp() const;

@@ -333,6 +333,25 @@ TEST_F(MediaManagerTest, TheCoverOfThePreviousTrackIsNotShown) {
     EXPECT_FALSE(media().artwork);
 }
 
+TEST_F(MediaManagerTest, TwoTracksOfOneAlbumBothHaveTheirCoverEvenWhileItIsBeingUnpacked) {
+    platform.imageCodecPort.images["cover"] = picture();
+    service().info = track("First");
+    set(NowPlayingKey::artworkData, SharedBytes("cover"));
+    manager.start();
+    service().info = track("Second");
+    set(NowPlayingKey::artworkData, SharedBytes("cover"));
+    service().notify(NowPlayingNotification::infoDidChange);
+    platform.runLoopPort.runPosted();
+    EXPECT_EQ(media().title, "Second");
+    EXPECT_TRUE(media().artwork);
+    EXPECT_EQ(platform.imageCodecPort.decodeCount, 1);
+    service().info = track("Third");
+    set(NowPlayingKey::artworkData, SharedBytes("cover"));
+    read();
+    EXPECT_TRUE(media().artwork);
+    EXPECT_EQ(platform.imageCodecPort.decodeCount, 1);
+}
+
 // Commands and timers.
 
 TEST_F(MediaManagerTest, ATrackCommandReadsAgainAfterThreeTenthsOfASecond) {
