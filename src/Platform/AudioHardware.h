@@ -39,7 +39,9 @@ public:
     /// 0 to 1. Nothing happens for a device that has gone or has no volume.
     virtual void setVolume(AudioDeviceID device, float volume) = 0;
     /// Called after each change of the device's volume, whoever made it, and when it has become
-    /// known. An empty handle when the device cannot be listened to.
+    /// known. Where outputs are plugged in and out all day, a listener to the default output may go
+    /// on with the next default one: then it is also called when that has another volume. An empty
+    /// handle when the device cannot be listened to.
     [[nodiscard]] virtual Subscription addVolumeListener(AudioDeviceID device,
                                                          std::function<void()> changed) = 0;
 };

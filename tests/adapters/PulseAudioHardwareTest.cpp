@@ -114,6 +114,34 @@ TEST_F(PulseAudioHardwareTest, TheOutputIsSwitched) {
     EXPECT_EQ(server.control({QStringLiteral("get-default-sink")}), QStringLiteral("headphones"));
 }
 
+TEST_F(PulseAudioHardwareTest, WhoListensToTheOutputInUseFollowsIt) {
+    const auto early = audio.defaultOutputDevice().value();
+    int events = 0;
+    auto listening = audio.addVolumeListener(early, [&] { ++events; });
+    const auto speakers = awaitDevice("Speakers");
+    const auto headphones = awaitDevice("Headphones");
+    setVolume("headphones", "60%");
+    ASSERT_TRUE(waitUntil([&] { return isAbout(headphones, 0.6F); }));
+    int others = 0;
+    const auto listeningToOther = audio.addVolumeListener(headphones, [&] { ++others; });
+    events = 0;
+    server.control({QStringLiteral("set-default-sink"), QStringLiteral("headphones")});
+    ASSERT_TRUE(waitUntil([&] { return audio.defaultOutputDevice() == headphones; }));
+    EXPECT_EQ(events, 1) << "the output in use has another volume";
+    EXPECT_EQ(others, 0);
+    setVolume("headphones", "20%");
+    ASSERT_TRUE(waitUntil([&] { return isAbout(headphones, 0.2F); }));
+    EXPECT_EQ(events, 2);
+    EXPECT_EQ(others, 1);
+    setVolume("speakers", "10%");
+    ASSERT_TRUE(waitUntil([&] { return isAbout(speakers, 0.1F); }));
+    EXPECT_EQ(events, 2) << "the output before is not followed any more";
+    listening.reset();
+    setVolume("headphones", "30%");
+    ASSERT_TRUE(waitUntil([&] { return isAbout(headphones, 0.3F); }));
+    EXPECT_EQ(events, 2);
+}
+
 TEST_F(PulseAudioHardwareTest, AnOutputThatIsPluggedInAppearsAndLeavesAgain) {
     awaitDevice("Speakers");
     const auto module =

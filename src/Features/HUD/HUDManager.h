@@ -57,7 +57,7 @@ private:
     Platform& platform_;
     Timer hideTimer_;
     Timer brightnessTimer_;
-    /// Bound to the device that was the default when it was added.
+    /// Added for the device that was the default at that moment; the platform may let it follow.
     Subscription volumeListener_;
     float lastBrightness_ = -1; ///< the last value that counted as a change
     bool initialVolumeSet_ = false;

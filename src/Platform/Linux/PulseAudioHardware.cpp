@@ -62,7 +62,8 @@ void PulseAudioHardware::setVolume(AudioDeviceID device, float volume) {
 
 Subscription PulseAudioHardware::addVolumeListener(AudioDeviceID device,
                                                    std::function<void()> changed) {
-    client();
+    if (device == defaultOutputDevice())
+        return listenersToOutputInUse_.observe(std::move(changed));
     return listeners_[device].observe(std::move(changed));
 }
 
@@ -70,6 +71,7 @@ void PulseAudioHardware::take(PulseState state) {
     std::map<AudioDeviceID, std::optional<float>> before;
     for (const auto& [device, listeners] : listeners_)
         before[device] = volume(device);
+    const auto inUseBefore = volume(defaultOutput_);
     state_ = std::move(state);
     if (!state_.defaultSink.empty()) {
         if (defaultOutput_ != 0 && names_[defaultOutput_ - 1].empty())
@@ -79,6 +81,8 @@ void PulseAudioHardware::take(PulseState state) {
     for (const auto& [device, earlier] : before)
         if (volume(device) != earlier)
             listeners_[device]();
+    if (volume(defaultOutput_) != inUseBefore)
+        listenersToOutputInUse_();
 }
 
 AudioDeviceID PulseAudioHardware::number(const std::string& name) {

@@ -13,7 +13,8 @@
 namespace orvelle {
 
 /// The outputs of PulseAudio, or of what speaks its protocol. A device keeps its number under its
-/// name, so that listeners live through restarts of the server.
+/// name, so that listeners live through restarts of the server. Who listens to the output in use
+/// goes on with the next one when that changes.
 class PulseAudioHardware : public AudioHardware {
 public:
     /// Nothing is asked of the server before the first question; see `PulseClient` for `server`.
@@ -40,6 +41,7 @@ private:
     std::vector<std::string> names_;  ///< the device with the number 1 comes first; empty: unnamed
     AudioDeviceID defaultOutput_ = 0; ///< the last one known, or the number of the first to come
     std::map<AudioDeviceID, Event<>> listeners_;
+    Event<> listenersToOutputInUse_;
     Lifetime lifetime_;
     std::unique_ptr<PulseClient> client_; ///< its thread ends before anything else here
 };

@@ -23,6 +23,8 @@ public:
     bool listReadable = true;
     std::optional<AudioDeviceID> defaultOutput;
     bool acceptsListeners = true;
+    /// Listeners to the default output go on with the next default one.
+    bool listenersFollowDefault = false;
     std::vector<std::pair<AudioDeviceID, float>> volumeWrites;
 
     /// As somebody else does, with one event to the device's listeners.
@@ -30,6 +32,8 @@ public:
         if (auto* found = find(device))
             found->volume = volume;
         listeners_[device]();
+        if (device == defaultOutput)
+            followers_();
     }
 
     std::optional<std::vector<AudioDeviceID>> devices() override {
@@ -49,7 +53,12 @@ public:
         return found ? found->name : std::nullopt;
     }
     std::optional<AudioDeviceID> defaultOutputDevice() override { return defaultOutput; }
-    void setDefaultOutputDevice(AudioDeviceID device) override { defaultOutput = device; }
+    void setDefaultOutputDevice(AudioDeviceID device) override {
+        const auto before = defaultOutput ? volume(*defaultOutput) : std::nullopt;
+        defaultOutput = device;
+        if (volume(device) != before)
+            followers_();
+    }
     std::optional<float> volume(AudioDeviceID device) override {
         const auto* found = find(device);
         return found ? found->volume : std::nullopt;
@@ -59,7 +68,11 @@ public:
         changeVolume(device, volume);
     }
     Subscription addVolumeListener(AudioDeviceID device, std::function<void()> changed) override {
-        return acceptsListeners ? listeners_[device].observe(std::move(changed)) : Subscription();
+        if (!acceptsListeners)
+            return {};
+        auto& event =
+            listenersFollowDefault && device == defaultOutput ? followers_ : listeners_[device];
+        return event.observe(std::move(changed));
     }
 
 private:
@@ -70,6 +83,7 @@ private:
     }
 
     std::map<AudioDeviceID, Event<>> listeners_;
+    Event<> followers_;
 };
 
 } // namespace orvelle

@@ -213,6 +213,17 @@ TEST_F(HUDManagerTest, TheListenerStaysWithTheDeviceThatWasTheDefaultUntilTheNex
     EXPECT_FLOAT_EQ(manager.currentVolume, 0.7F);
 }
 
+TEST_F(HUDManagerTest, OnAPlatformWhoseListenersFollowTheOutputSoDoFigureAndDisplay) {
+    audio().listenersFollowDefault = true;
+    manager.start();
+    audio().setDefaultOutputDevice(headphones);
+    EXPECT_FLOAT_EQ(manager.currentVolume, 0.60F);
+    EXPECT_TRUE(isShown());
+    audio().changeVolume(headphones, 0.9F);
+    EXPECT_FLOAT_EQ(manager.currentVolume, 0.9F);
+    EXPECT_FLOAT_EQ(static_cast<float>(state->hudValue), 0.9F);
+}
+
 TEST_F(HUDManagerTest, TheListenerStaysWhenTheDefaultDeviceCannotBeReadAtStop) {
     manager.start();
     audio().defaultOutput.reset();
