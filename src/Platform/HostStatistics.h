@@ -24,7 +24,8 @@ struct VirtualMemoryStatistics {
 };
 
 /// One address of a network interface. Names follow one scheme on every platform: wired and
-/// wireless "en…", loopback "lo…", tunnels "utun…".
+/// wireless "en…", loopback "lo…", tunnels "utun…"; others are not counted. A platform leaves
+/// loopback and tunnels uncounted whose traffic passes a device as well.
 struct InterfaceEntry {
     struct Counters {
         std::uint32_t outputBytes = 0;

@@ -3,7 +3,6 @@
 #include "Support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
-#include <net/if_arp.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -81,32 +80,46 @@ TEST_F(ProcHostStatisticsTest, MemoryInUseIsTheTotalLessWhatIsAvailable) {
     EXPECT_EQ(fresh.physicalMemory(), 16000000ull * 1024);
 }
 
-TEST(PresentedNameTest, InterfacesAreNamedByTheSchemeThatTheyAreCountedBy) {
-    const auto presented = ProcHostStatistics::presentedName;
-    EXPECT_EQ(presented("lo", ARPHRD_LOOPBACK), "lo");
-    EXPECT_EQ(presented("enp3s0", ARPHRD_ETHER), "enp3s0");
-    EXPECT_EQ(presented("eth0", ARPHRD_ETHER), "eneth0");
-    EXPECT_EQ(presented("wlp2s0", ARPHRD_ETHER), "enwlp2s0");
-    EXPECT_EQ(presented("wwan0", ARPHRD_NONE), "enwwan0");
-    EXPECT_EQ(presented("tun0", ARPHRD_NONE), "utuntun0");
-    EXPECT_EQ(presented("tap0", ARPHRD_ETHER), "utuntap0");
-    EXPECT_EQ(presented("home", ARPHRD_NONE), "utunhome");
-    EXPECT_EQ(presented("ppp0", ARPHRD_PPP), "utunppp0");
-    EXPECT_EQ(presented("utun3", ARPHRD_NONE), "utun3");
+/// The running kernel's interfaces, with devices behind those that the test names.
+class InterfaceTest : public testing::Test {
+protected:
+    std::optional<InterfaceEntry::Counters> counters(const std::string& name) {
+        const auto entries = host.interfaces().value_or(std::vector<InterfaceEntry>{});
+        const auto found = std::ranges::find(entries, name, &InterfaceEntry::name);
+        return found == entries.end() ? std::nullopt : found->counters;
+    }
+
+    TemporaryFolder sys;
+    ProcHostStatistics host{"/proc", sys.path()};
+};
+
+TEST_F(InterfaceTest, OneWithADeviceBehindItIsCountedWhateverItsName) {
+    sys.write("class/net/lo/device/uevent", "");
+    EXPECT_TRUE(counters("en-lo"));
+    EXPECT_FALSE(counters("lo"));
 }
 
-TEST(PresentedNameTest, WhatPassesAnotherInterfaceIsNotCountedTwice) {
+TEST_F(InterfaceTest, OneWithoutADeviceIsNotCounted) {
+    sys.write("class/net/lo/address", "");
+    EXPECT_TRUE(counters("virtual-lo"));
+    EXPECT_FALSE(counters("lo"));
+    EXPECT_FALSE(counters("en-lo"));
+}
+
+TEST(PresentedNameTest, OnlyADeviceMakesTheNameOneThatIsCounted) {
     const auto presented = ProcHostStatistics::presentedName;
-    EXPECT_EQ(presented("docker0", ARPHRD_ETHER), "docker0");
-    EXPECT_EQ(presented("veth12ab", ARPHRD_ETHER), "veth12ab");
-    EXPECT_EQ(presented("virbr0", ARPHRD_ETHER), "virbr0");
-    EXPECT_EQ(presented("br0", ARPHRD_ETHER), "br0");
-    EXPECT_EQ(presented("enp3s0.100", ARPHRD_ETHER), "vlanenp3s0.100");
+    EXPECT_EQ(presented("enp3s0", true), "enp3s0");
+    EXPECT_EQ(presented("wlp2s0", true), "en-wlp2s0");
+    EXPECT_EQ(presented("wwan0", true), "en-wwan0");
+    EXPECT_EQ(presented("uplink", true), "en-uplink");
+    for (const char* name :
+         {"lo", "enbr0", "eth0", "tun0", "utun3", "wg0", "docker0", "enp3s0.100"})
+        EXPECT_EQ(presented(name, false), std::string("virtual-") + name);
 }
 
 std::optional<InterfaceEntry::Counters> loopback(ProcHostStatistics& host) {
     const auto entries = host.interfaces().value_or(std::vector<InterfaceEntry>{});
-    const auto found = std::ranges::find(entries, "lo", &InterfaceEntry::name);
+    const auto found = std::ranges::find(entries, "virtual-lo", &InterfaceEntry::name);
     return found == entries.end() ? std::nullopt : found->counters;
 }
 

@@ -3,8 +3,6 @@
 #include <fcntl.h>
 #include <ifaddrs.h>
 #include <linux/if_link.h>
-#include <linux/if_packet.h>
-#include <net/if_arp.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -85,9 +83,9 @@ std::optional<std::string_view> ProcHostStatistics::File::read(std::string& buff
     return std::string_view(buffer.data(), length);
 }
 
-ProcHostStatistics::ProcHostStatistics(std::string procRoot)
+ProcHostStatistics::ProcHostStatistics(std::string procRoot, std::string sysRoot)
     : statistics_(procRoot + "/stat"), memory_(procRoot + "/meminfo"),
-      buffer_(firstBufferSize, '\0'),
+      interfaceFolder_(sysRoot + "/class/net/"), buffer_(firstBufferSize, '\0'),
       pageSize_(static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE))) {
     if (const auto text = memory_.read(buffer_))
         physicalMemory_ = memoryField(*text, "MemTotal:").value_or(0);
@@ -156,38 +154,24 @@ std::optional<std::vector<InterfaceEntry>> ProcHostStatistics::interfaces() {
     for (const auto* entry = list; entry; entry = entry->ifa_next) {
         if (!entry->ifa_addr || entry->ifa_addr->sa_family != AF_PACKET || !entry->ifa_data)
             continue;
-        const auto* link = reinterpret_cast<const sockaddr_ll*>(entry->ifa_addr);
         const auto* counters = static_cast<const rtnl_link_stats*>(entry->ifa_data);
-        entries.push_back({presentedName(entry->ifa_name, link->sll_hatype),
+        entries.push_back({presentedName(entry->ifa_name, hasDevice(entry->ifa_name)),
                            InterfaceEntry::Counters{.outputBytes = counters->tx_bytes,
                                                     .inputBytes = counters->rx_bytes}});
     }
     return entries;
 }
 
-std::string ProcHostStatistics::presentedName(std::string_view name, unsigned hardwareType) {
-    const auto named = [name](auto... prefixes) { return (name.starts_with(prefixes) || ...); };
-    const auto under = [name](std::string_view prefix) {
-        return std::string(name.starts_with(prefix) ? "" : prefix).append(name);
-    };
-    if (hardwareType == ARPHRD_LOOPBACK)
-        return under("lo");
-    if (name.find('.') != std::string_view::npos)
-        return under("vlan");
-    // Mobile modems have no link layer either, so they are told from tunnels by their name.
-    if (named("en", "eth", "wl", "ww", "usb"))
-        return under("en");
-    switch (hardwareType) {
-    case ARPHRD_NONE: // tun, WireGuard
-    case ARPHRD_PPP:
-    case ARPHRD_TUNNEL:
-    case ARPHRD_TUNNEL6:
-    case ARPHRD_SIT:
-    case ARPHRD_IPGRE:
-        return under("utun");
-    default:
-        return named("tun", "tap", "wg", "ppp", "utun") ? under("utun") : std::string(name);
-    }
+bool ProcHostStatistics::hasDevice(const char* interface) const {
+    return ::access((interfaceFolder_ + interface + "/device").c_str(), F_OK) == 0;
+}
+
+std::string ProcHostStatistics::presentedName(std::string_view name, bool hasDevice) {
+    constexpr std::string_view counted = "en";
+    if (!hasDevice)
+        return std::string("virtual-").append(name);
+    return name.starts_with(counted) ? std::string(name)
+                                     : std::string(counted).append("-").append(name);
 }
 
 } // namespace orvelle

@@ -21,7 +21,7 @@ namespace orvelle {
 /// Interfaces: link entries only, all with counters. See `presentedName`.
 class ProcHostStatistics : public HostStatistics {
 public:
-    explicit ProcHostStatistics(std::string procRoot = "/proc");
+    explicit ProcHostStatistics(std::string procRoot = "/proc", std::string sysRoot = "/sys");
     ~ProcHostStatistics() override;
     ProcHostStatistics(const ProcHostStatistics&) = delete;
     ProcHostStatistics& operator=(const ProcHostStatistics&) = delete;
@@ -32,11 +32,11 @@ public:
     std::uint64_t physicalMemory() const override { return physicalMemory_; }
     std::optional<std::vector<InterfaceEntry>> interfaces() override;
 
-    /// A kernel name in the scheme that interfaces are counted by: loopback "lo…", wired, wireless
-    /// and mobile "en…", tunnels "utun…". Bridges, container ends and the like keep their name and
-    /// VLANs get "vlan" before it: their traffic passes a counted interface as well.
-    /// `hardwareType` is one of ARPHRD_….
-    static std::string presentedName(std::string_view name, unsigned hardwareType);
+    /// A kernel name in the scheme that interfaces are counted by: with a device behind it "en…",
+    /// whatever it is called; without one "virtual-…", which is not counted. What passes loopback,
+    /// a tunnel, a bridge, a VLAN or a container's end stays on the machine, or passes an interface
+    /// with a device as well.
+    static std::string presentedName(std::string_view name, bool hasDevice);
 
 private:
     /// A file whose content is made anew by each read from its start.
@@ -59,9 +59,11 @@ private:
     };
 
     bool parseProcessors(std::string_view text);
+    bool hasDevice(const char* interface) const;
 
     File statistics_;
     File memory_;
+    std::string interfaceFolder_;
     std::string buffer_;
     std::vector<Processor> processors_;
     std::uint64_t pageSize_;
