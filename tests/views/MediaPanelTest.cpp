@@ -185,6 +185,49 @@ TEST_F(MediaViewTest, theNowPlayingViewShowsEverything) {
     EXPECT_EQ(textOf("placeholderTitle"), "No Media Playing");
 }
 
+TEST_F(MediaViewTest, theHeartsHelpShowsUnderThePointerAlsoWhileItIsDisabled) {
+    play("Song");
+    show(NotchExpandedState::collapsed);
+    const auto view = load("NowPlayingView", {542, 135});
+    const auto* heart = item(view.get(), "loveButton");
+    const auto hover = [&](QPointF at) {
+        QMouseEvent event(QEvent::MouseMove, at, at, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &event);
+    };
+    const auto* help = item(view.get(), "help");
+    ASSERT_NE(help, nullptr);
+    for (const auto& [application, text] :
+         {std::pair("com.spotify.client", "Not supported for this app"),
+          std::pair("com.apple.Music", "Love")}) {
+        media.currentMedia.update([&](MediaInfo& info) { info.appBundleIdentifier = application; });
+        turn();
+        EXPECT_EQ(heart->isEnabled(), std::string(application) == "com.apple.Music");
+        hover(heart->mapToScene(heart->boundingRect().center()));
+        EXPECT_TRUE(eventually([&] { return help->isVisible(); })) << application;
+        EXPECT_EQ(help->childItems().constFirst()->property("text").toString(), text);
+        picture(std::string("heart-help-") + application);
+        hover(QPointF(400, 120));
+        EXPECT_TRUE(eventually([&] { return !help->isVisible(); }));
+    }
+}
+
+TEST_F(MediaViewTest, theCoverCastsAShadow) {
+    play("Song");
+    show(NotchExpandedState::collapsed);
+    window.setColor(Qt::white);
+    const auto view = load("NowPlayingView", {542, 135});
+    const auto* cover = item(view.get(), "artwork");
+    const auto frame = cover->mapRectToScene(cover->boundingRect());
+    const auto picture = window.grabWindow();
+    const auto grayBelow = [&](double distance) {
+        const auto at = QPointF(frame.center().x(), frame.bottom() + distance);
+        return picture.pixelColor((at * picture.devicePixelRatio()).toPoint()).lightnessF();
+    };
+    EXPECT_NEAR(grayBelow(1), 1 - 0.3 / 2, 0.05) << "half the shadow's strength at the edge";
+    EXPECT_LT(grayBelow(2), grayBelow(5));
+    EXPECT_EQ(grayBelow(12), 1);
+}
+
 TEST_F(MediaViewTest, theHoverBarShowsTheCover) {
     play("Song");
     media.currentMedia.update([](MediaInfo& info) {

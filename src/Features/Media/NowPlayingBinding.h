@@ -55,6 +55,8 @@ class NowPlayingBinding : public Binding {
     ORVELLE_CONSTANT(double, progressSpacing, NowPlayingView)
     ORVELLE_CONSTANT(double, visualizerHeight, NowPlayingView)
     ORVELLE_CONSTANT(QSizeF, visualizerPadding, NowPlayingView)
+    ORVELLE_CONSTANT(QColor, shadowColor, NowPlayingView)
+    ORVELLE_CONSTANT(double, shadowRadius, NowPlayingView)
     ORVELLE_SHOWN(bool, showsMedia)
     ORVELLE_SHOWN(orvelle::PlaceholderValue, placeholder)
     ORVELLE_SHOWN(QColor, accentColor)

@@ -43,6 +43,8 @@ public:
     static constexpr double progressSpacing = 4;
     static constexpr double visualizerHeight = 24; ///< of the strip at the cover's bottom
     static constexpr Size visualizerPadding{6, 4};
+    static constexpr Color shadowColor = Color::white(0, 0.3); ///< around the cover
+    static constexpr double shadowRadius = 8;
 
     bool showsMedia() const;
     FilePlaceholder noMediaView() const;

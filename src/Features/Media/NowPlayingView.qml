@@ -35,6 +35,15 @@ Item {
                 objectName: "artwork"
                 artwork: view.artwork
 
+                ShadowItem {
+                    objectName: "artworkShadow"
+                    z: -1
+                    anchors.fill: parent
+                    anchors.margins: -view.shadowRadius
+                    color: view.shadowColor
+                    reach: view.shadowRadius
+                    radius: cover.radius
+                }
                 Loader {
                     active: view.showsVisualizer
                     anchors.left: parent.left
@@ -90,16 +99,33 @@ Item {
                 Row {
                     anchors.horizontalCenter: parent.horizontalCenter
                     spacing: 16
+                    z: 1 // the help covers what is below
 
-                    SymbolButton {
-                        objectName: "loveButton"
+                    // Takes the pointer for its button, which hears nothing while it is disabled.
+                    Item {
+                        implicitWidth: love.implicitWidth
+                        implicitHeight: love.implicitHeight
                         anchors.verticalCenter: parent.verticalCenter
-                        name: view.loveButton.help
-                        help: view.loveButton.help
-                        content: view.loveButton.symbol
-                        opacity: view.loveButton.opacity
-                        enabled: view.loveButton.isEnabled
-                        onClicked: view.toggleLove()
+                        z: 1
+
+                        SymbolButton {
+                            id: love
+                            readonly property string helpText: help
+
+                            objectName: "loveButton"
+                            name: view.loveButton.help
+                            help: view.loveButton.help
+                            content: view.loveButton.symbol
+                            opacity: view.loveButton.opacity
+                            enabled: view.loveButton.isEnabled
+                            onClicked: view.toggleLove()
+                        }
+                        HoverHandler {
+                            onHoveredChanged: hovered ? tip.offer(love) : tip.withdraw(love)
+                        }
+                        HelpTip {
+                            id: tip
+                        }
                     }
                     TransportButtons {
                         anchors.verticalCenter: parent.verticalCenter

@@ -6,12 +6,10 @@ TapTarget {
     id: root
 
     property var content
-    // Shown while the pointer rests on it.
     property string help
 
     implicitWidth: Math.max(26, symbol.implicitWidth + 8)
     implicitHeight: Math.max(26, symbol.implicitHeight + 4)
-    hoverEnabled: help !== ""
     activeFocusOnTab: true
     Accessible.description: help
     Accessible.focusable: true
