@@ -136,6 +136,12 @@ void MprisPlayer::setPosition(const QVariant& microseconds, Seconds now) {
     positionTime_ = now;
 }
 
+void MprisPlayer::rest(Seconds now) {
+    position_ = elapsed(now);
+    positionTime_ = now;
+    status = Status::paused;
+}
+
 void MprisPlayer::update(const QVariantMap& properties, Seconds now) {
     position_ = elapsed(now);
     positionTime_ = now;
@@ -145,6 +151,9 @@ void MprisPlayer::update(const QVariantMap& properties, Seconds now) {
     };
     take("Identity", [&](const QVariant& value) { identity = text(value); });
     take("DesktopEntry", [&](const QVariant& value) { desktopEntry = text(value); });
+    take("CanRaise", [&](const QVariant& value) {
+        canRaise = value.metaType() == QMetaType::fromType<bool>() && value.toBool();
+    });
     take("PlaybackStatus", [&](const QVariant& value) { status = orvelle::status(value); });
     take("Rate", [&](const QVariant& value) {
         const double told = number(value).value_or(1);

@@ -53,9 +53,11 @@ struct MprisPlayer {
     QString busName;
     QString owner; ///< the unique name behind it
     bool hasAnswered = false;
-    bool isOutdated = true;   ///< it must be asked anew
-    std::string identity;     ///< for people
-    std::string desktopEntry; ///< without its suffix
+    bool isOutdated = true;    ///< it must be asked anew
+    bool hasSignalled = false; ///< since it was asked last
+    std::string identity;      ///< for people
+    std::string desktopEntry;  ///< without its suffix
+    bool canRaise = false;     ///< it brings its window to the front when asked
     Status status = Status::stopped;
     double rate = 1;
     Track track;
@@ -75,6 +77,8 @@ struct MprisPlayer {
     void setPosition(const QVariant& microseconds, Seconds now);
     /// Takes over properties of either interface, told at the moment `now`.
     void update(const QVariantMap& properties, Seconds now);
+    /// It stands still from the moment `now` on, if it does not already.
+    void rest(Seconds now);
 
 private:
     std::string shortName() const;

@@ -69,6 +69,7 @@ void MprisPlayers::detach() {
     connecting_.reset();
     telling_.reset();
     players_.clear();
+    questions_.clear();
     if (!connection_)
         return;
     connection_->disconnect({}, messageBusPath, messageBusName, ownerSignal, this,
@@ -115,41 +116,86 @@ void MprisPlayers::send(const MprisPlayer& player, const QString& method) {
     connection_->send(Mpris::call(player.owner, Mpris::playerInterface, method));
 }
 
+void MprisPlayers::raise(const MprisPlayer& player, std::function<void(bool)> done) {
+    callBus(
+        *connection_, Mpris::call(player.owner, Mpris::rootInterface, QStringLiteral("Raise")),
+        this,
+        [done = std::move(done)](const QDBusMessage& reply) {
+            done(reply.type() == QDBusMessage::ReplyMessage);
+        },
+        answerBound);
+}
+
+void MprisPlayers::askProcess(const QString& owner, std::function<void(std::uint32_t)> done) {
+    if (!connection_)
+        return done(0);
+    callBus(*connection_, toBus(QStringLiteral("GetConnectionUnixProcessID"), {owner}), this,
+            [done = std::move(done)](const QDBusMessage& reply) {
+                const bool isKnown = reply.type() == QDBusMessage::ReplyMessage;
+                done(isKnown ? reply.arguments().value(0).toUInt() : 0);
+            });
+}
+
 void MprisPlayers::ownerChanged(const QDBusMessage& message) {
     const auto name = message.arguments().value(0).toString();
     const auto newOwner = message.arguments().value(2).toString();
     if (message.service() != messageBusName || !isPlayer(name))
         return;
-    if (std::erase_if(players_, [&](const auto& player) { return player.busName == name; }) > 0)
-        tellSoon();
+    remove(name);
     if (!newOwner.isEmpty())
         add(name, newOwner);
 }
 
 void MprisPlayers::add(const QString& name, const QString& owner) {
     const auto isThere = [&](const MprisPlayer& player) { return player.busName == name; };
-    if (connection_ && std::none_of(players_.begin(), players_.end(), isThere)) {
-        players_.emplace_front(name, owner);
-        ask(players_.front());
-    }
+    if (!connection_ || std::any_of(players_.begin(), players_.end(), isThere))
+        return;
+    questions_.try_emplace(name, *this, owner);
+    ask(players_.emplace_front(name, owner));
 }
 
+void MprisPlayers::remove(const QString& name) {
+    if (questions_.erase(name) == 0)
+        return;
+    players_.remove_if([&](const auto& player) { return player.busName == name; });
+    tellSoon();
+}
+
+/// Everything when what it told has changed since, else what it has not answered yet.
 void MprisPlayers::ask(MprisPlayer& player) {
-    player.isOutdated = false;
-    askInterface(player.owner, Mpris::rootInterface);
-    askInterface(player.owner, Mpris::playerInterface);
+    auto& [application, playing] = questions_.at(player.busName);
+    const bool isOutdated = std::exchange(player.isOutdated, false);
+    const bool hasSignalled = std::exchange(player.hasSignalled, false);
+    for (auto* each : {&application, &playing})
+        if (isOutdated || (hasSignalled && !each->isAnswered()))
+            each->ask();
 }
 
-void MprisPlayers::askInterface(const QString& owner, const QString& interface) {
+MprisPlayers::Questions::Questions(MprisPlayers& players, const QString& owner)
+    : application(players.runLoop_,
+                  [&players, owner](const auto& done) {
+                      players.askInterface(owner, Mpris::rootInterface, done);
+                  }),
+      playing(players.runLoop_, [&players, owner](const auto& done) {
+          players.askInterface(owner, Mpris::playerInterface, done);
+      }) {}
+
+void MprisPlayers::askInterface(const QString& owner, const QString& interface,
+                                const RepeatedQuestion::Outcome& done) {
     const auto question =
         Mpris::call(owner, busPropertiesInterface, QStringLiteral("GetAll"), {interface});
-    callBus(*connection_, question, this, [this, owner, interface](const QDBusMessage& reply) {
-        if (reply.type() != QDBusMessage::ReplyMessage)
-            return;
-        if (interface == Mpris::playerInterface)
-            forOwner(owner, [](MprisPlayer& player) { player.hasAnswered = true; });
-        update(owner, Mpris::map(reply.arguments().value(0)));
-    });
+    callBus(
+        *connection_, question, this,
+        [this, owner, interface, done](const QDBusMessage& reply) {
+            const bool isAnswered = reply.type() == QDBusMessage::ReplyMessage;
+            if (isAnswered) {
+                if (interface == Mpris::playerInterface)
+                    forOwner(owner, [](MprisPlayer& player) { player.hasAnswered = true; });
+                update(owner, Mpris::map(reply.arguments().value(0)));
+            }
+            done(isAnswered);
+        },
+        questionBound);
 }
 
 void MprisPlayers::propertiesChanged(const QDBusMessage& message) {
@@ -159,13 +205,17 @@ void MprisPlayers::propertiesChanged(const QDBusMessage& message) {
         return;
     const auto owner = message.service();
     update(owner, Mpris::map(arguments.value(1)));
-    if (!arguments.value(2).toStringList().isEmpty()) // some were only named as changed
-        forOwner(owner, [](MprisPlayer& player) { player.isOutdated = true; });
+    const bool onlyNamesSome = !arguments.value(2).toStringList().isEmpty();
+    forOwner(owner, [&](MprisPlayer& player) {
+        player.hasSignalled = true;
+        player.isOutdated |= onlyNamesSome;
+    });
 }
 
 void MprisPlayers::seeked(const QDBusMessage& message) {
     forOwner(message.service(), [&](MprisPlayer& player) {
         player.setPosition(message.arguments().value(0), runLoop_.monotonicNow());
+        player.hasSignalled = true;
         tellSoon();
     });
 }
@@ -188,8 +238,7 @@ void MprisPlayers::tellSoon() {
 void MprisPlayers::tell() {
     telling_.reset();
     for (auto& player : players_)
-        if (player.isOutdated)
-            ask(player);
+        ask(player);
     changed_();
 }
 

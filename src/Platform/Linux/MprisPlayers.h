@@ -3,9 +3,11 @@
 #include "Foundation/Published.h"
 #include "Platform/Linux/BusService.h"
 #include "Platform/Linux/MprisPlayer.h"
+#include "Platform/Linux/RepeatedQuestion.h"
 
 #include <functional>
 #include <list>
+#include <map>
 #include <optional>
 
 namespace orvelle {
@@ -20,6 +22,8 @@ public:
     static constexpr Seconds gatherDelay = 0.05;
     /// A player that is silent for so many milliseconds will not answer.
     static constexpr int answerBound = 1000;
+    /// So many for what it tells of itself, which it may have to start up for.
+    static constexpr int questionBound = 5000;
 
     MprisPlayers(RunLoop& runLoop, BusProvider sessionBus);
 
@@ -38,6 +42,10 @@ public:
     void askPosition(const MprisPlayer& player, std::function<void()> done);
     /// Sends a command without arguments and expects no answer.
     void send(const MprisPlayer& player, const QString& method);
+    /// Asks the player to come to the front, and tells whether it said yes.
+    void raise(const MprisPlayer& player, std::function<void(bool)> done);
+    /// Asks the bus for the player's process; 0 when it does not know.
+    void askProcess(const QString& owner, std::function<void(std::uint32_t)> done);
 
 private Q_SLOTS:
     void ownerChanged(const QDBusMessage& message);
@@ -45,11 +53,21 @@ private Q_SLOTS:
     void seeked(const QDBusMessage& message);
 
 private:
+    /// What every player is asked until it has answered.
+    struct Questions {
+        Questions(MprisPlayers& players, const QString& owner);
+
+        RepeatedQuestion application; ///< of the root interface
+        RepeatedQuestion playing;     ///< of the player interface
+    };
+
     void attach(QDBusConnection connection);
     void detach();
     void add(const QString& busName, const QString& owner);
+    void remove(const QString& busName);
     void ask(MprisPlayer& player);
-    void askInterface(const QString& owner, const QString& interface);
+    void askInterface(const QString& owner, const QString& interface,
+                      const RepeatedQuestion::Outcome& done);
     void update(const QString& owner, const QVariantMap& properties);
     void tellSoon();
     void tell();
@@ -61,7 +79,8 @@ private:
     int followers_ = 0;
     Subscription connecting_;
     std::optional<QDBusConnection> connection_;
-    std::list<MprisPlayer> players_; ///< the last to come first
+    std::list<MprisPlayer> players_;         ///< the last to come first
+    std::map<QString, Questions> questions_; ///< by the names on the bus
     std::uint64_t playCount_ = 0;
     Event<> changed_;
     Timer telling_;
