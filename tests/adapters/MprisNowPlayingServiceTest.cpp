@@ -2,6 +2,7 @@
 
 #include "Platform/Qt/QtRunLoop.h"
 #include "Platform/Simulated/SimulatedMedia.h"
+#include "adapters/ReluctantPlayer.h"
 #include "adapters/ScriptedPlayer.h"
 
 #include <gtest/gtest.h>
@@ -105,8 +106,51 @@ TEST_F(MprisNowPlayingServiceTest, WhatPlaysIsToldUnderTheServicesKeys) {
     player.setStatus("Paused");
     EXPECT_TRUE(waitUntil([&] { return !isPlaying(); }));
     EXPECT_EQ(value<double>(Key::playbackRate), 0);
-    player.setStatus("Stopped");
-    EXPECT_TRUE(waitUntil([&] { return read().empty(); }));
+}
+
+TEST_F(MprisNowPlayingServiceTest, WhatStoppedOrClosedIsTheLastTrackAtRest) {
+    urls.contents["file:///one.png"] = SharedBytes("picture one");
+    {
+        ScriptedPlayer player(bus, "one");
+        player.tell({{QStringLiteral("Position"), qlonglong{30'000'000}}});
+        player.play("One", "file:///one.png");
+        ASSERT_TRUE(waitUntil([&] { return cover() == "picture one"; }));
+        player.setStatus("Stopped");
+        ASSERT_TRUE(waitUntil([&] { return !isPlaying(); }));
+        EXPECT_EQ(title(), "One");
+        EXPECT_EQ(value<double>(Key::playbackRate), 0);
+        player.play("One", "file:///one.png");
+        ASSERT_TRUE(waitUntil([&] { return isPlaying(); }));
+        EXPECT_EQ(cover(), "picture one");
+        heard.clear();
+    }
+    EXPECT_TRUE(waitUntil([&] { return !heard.empty(); })) << "its end is told";
+    EXPECT_FALSE(isPlaying());
+    const auto resting = read();
+    EXPECT_EQ(std::get<std::string>(resting.at(std::string(Key::title))), "One");
+    EXPECT_EQ(std::get<std::string>(resting.at(std::string(Key::album))), "An Album");
+    EXPECT_EQ(std::get<double>(resting.at(std::string(Key::playbackRate))), 0);
+    EXPECT_EQ(cover(), "picture one");
+    EXPECT_EQ(urls.reads.size(), 1u) << "a cover is fetched once a track";
+    const auto elapsed = std::get<double>(resting.at(std::string(Key::elapsedTime)));
+    EXPECT_GE(elapsed, 30);
+    EXPECT_EQ(value<double>(Key::elapsedTime), elapsed) << "it stands still";
+    ScriptedPlayer other(bus, "two");
+    other.play("Two");
+    EXPECT_TRUE(waitForTitle("Two"));
+    EXPECT_EQ(value<double>(Key::playbackRate), 1);
+}
+
+TEST_F(MprisNowPlayingServiceTest, WhatClosedWhileNobodyListenedIsAtRestToo) {
+    {
+        ScriptedPlayer player(bus, "one");
+        player.play("One");
+        ASSERT_TRUE(waitForTitle("One"));
+        functions.unregisterForNotifications();
+    }
+    functions.registerForNotifications();
+    EXPECT_EQ(title(), "One");
+    EXPECT_EQ(value<double>(Key::playbackRate), 0);
 }
 
 TEST_F(MprisNowPlayingServiceTest, APlayerThatWasThereBeforeIsFound) {
@@ -227,7 +271,8 @@ TEST_F(MprisNowPlayingServiceTest, APlayerThatSendsNonsenseIsANeutralOne) {
     player.play("Sense");
     ASSERT_TRUE(waitForTitle("Sense"));
     player.tell({{QStringLiteral("Metadata"), QStringLiteral("no map")}});
-    EXPECT_TRUE(waitUntil([&] { return read().empty(); }));
+    EXPECT_TRUE(waitUntil([&] { return value<double>(Key::playbackRate) == 0; }));
+    EXPECT_EQ(title(), "Sense") << "the last track, at rest";
     player.play({{QStringLiteral("xesam:title"), QString(100'000, u'x')},
                  {QStringLiteral("xesam:artist"), 7},
                  {QStringLiteral("mpris:length"), qlonglong{-1}},
@@ -299,6 +344,36 @@ TEST_F(MprisNowPlayingServiceTest, CoversThatNeverComeHoldUpNeitherTheNextNorOth
     EXPECT_TRUE(waitUntil([&] { return hasWorked; }));
     player.play("One", "file:///one.png");
     EXPECT_TRUE(waitUntil([&] { return cover() == "picture one"; }));
+}
+
+TEST_F(MprisNowPlayingServiceTest, APlayerWhoseFirstAnswersAreErrorsIsAskedAgain) {
+    ReluctantPlayer player(bus, ReluctantPlayer::Manner::refuses);
+    ASSERT_TRUE(waitUntil([&] { return player.questions(Mpris::playerInterface) == 2; }))
+        << "once more after a while";
+    EXPECT_TRUE(read().empty());
+    player.behave(ReluctantPlayer::Manner::answers);
+    EXPECT_TRUE(waitForTitle("Reluctant"));
+    EXPECT_TRUE(waitUntil([&] {
+        return value<std::string>(Key::displayName) == "The Reluctant Player";
+    })) << "and its application too";
+    EXPECT_EQ(value<std::string>(Key::bundleIdentifier), "org.example.Reluctant");
+}
+
+TEST_F(MprisNowPlayingServiceTest, APlayerThatSaidNothingIsAskedAgainWhenItSignals) {
+    ReluctantPlayer player(bus, ReluctantPlayer::Manner::isSilent);
+    ASSERT_TRUE(waitUntil([&] { return player.questions(Mpris::playerInterface) == 1; }));
+    player.behave(ReluctantPlayer::Manner::answers);
+    player.signal();
+    const auto beforeItsSilenceCounts = std::chrono::milliseconds(MprisPlayers::questionBound / 2);
+    EXPECT_TRUE(waitUntil([&] { return title() == "Reluctant"; }, beforeItsSilenceCounts));
+    EXPECT_EQ(value<std::string>(Key::displayName), "The Reluctant Player");
+}
+
+TEST_F(MprisNowPlayingServiceTest, APlayerThatSaidNothingIsAskedAgainAfterAWhile) {
+    ReluctantPlayer player(bus, ReluctantPlayer::Manner::isSilent);
+    ASSERT_TRUE(waitUntil([&] { return player.questions(Mpris::playerInterface) == 1; }));
+    player.behave(ReluctantPlayer::Manner::answers);
+    EXPECT_TRUE(waitForTitle("Reluctant"));
 }
 
 TEST_F(MprisNowPlayingServiceTest, ARelayOfOtherPlayersIsLeftOut) {

@@ -31,6 +31,8 @@ MprisNowPlayingService::load(const std::string&) {
             [this] {
                 following_.reset();
                 watching_.reset();
+                if (last_)
+                    last_->rest(runLoop_.monotonicNow());
                 stopReading_.request_stop();
                 reading_.reset();
                 artwork_ = {};
@@ -52,14 +54,14 @@ Subscription MprisNowPlayingService::observe(std::string_view notification,
 void MprisNowPlayingService::getNowPlayingInfo(
     const std::function<void(const std::optional<NowPlayingInfo>&)>& answer) {
     const auto* asked = players_.current();
-    if (!isShown(asked)) {
-        answer(NowPlayingInfo{});
-        return;
-    }
-    players_.askPosition(*asked, [this, answer] {
-        const auto* player = players_.current();
-        answer(isShown(player) ? describe(*player) : NowPlayingInfo{});
-    });
+    const auto tell = [this, answer] {
+        keepLast();
+        answer(last_ ? describe(*last_) : NowPlayingInfo{});
+    };
+    if (isShown(asked))
+        players_.askPosition(*asked, tell);
+    else
+        tell();
 }
 
 NowPlayingInfo MprisNowPlayingService::describe(const MprisPlayer& player) const {
@@ -107,8 +109,17 @@ void MprisNowPlayingService::playersChanged() {
         notification = NowPlayingNotification::isPlayingDidChange;
     currentName_ = name;
     wasPlaying_ = isPlaying;
-    wantArtwork(isShown(player) ? player->track : MprisPlayer::Track());
+    keepLast();
+    if (isShown(player))
+        wantArtwork(player->track);
     events_[std::string(notification)]();
+}
+
+void MprisNowPlayingService::keepLast() {
+    if (const auto* player = players_.current(); isShown(player))
+        last_ = *player;
+    else if (last_ && last_->isPlaying())
+        last_->rest(runLoop_.monotonicNow());
 }
 
 void MprisNowPlayingService::wantArtwork(const MprisPlayer::Track& track) {

@@ -6,12 +6,14 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <stop_token>
 #include <string>
 
 namespace orvelle {
 
-/// What the session's media players play, in the words of the now-playing service.
+/// What the session's media players play, in the words of the now-playing service. When they have
+/// stopped or gone, that is the last track, at rest where it stood.
 class MprisNowPlayingService : public NowPlayingService {
 public:
     static constexpr std::size_t largestArtwork = 16 << 20; ///< bytes of the image file
@@ -33,13 +35,16 @@ private:
     NowPlayingInfo describe(const MprisPlayer& player) const;
     void sendCommand(std::uint32_t command);
     void playersChanged();
+    /// Keeps what is shown, and lets it stand still when nothing is shown any more.
+    void keepLast();
     void wantArtwork(const MprisPlayer::Track& track);
     void readArtwork();
 
     RunLoop& runLoop_;
     MprisPlayers& players_;
     UrlData& urls_;
-    QString currentName_; ///< as last told
+    std::optional<MprisPlayer> last_; ///< the player as it was when it was shown last
+    QString currentName_;             ///< as last told
     bool wasPlaying_ = false;
     Artwork artwork_;
     std::map<std::string, Event<>, std::less<>> events_;
