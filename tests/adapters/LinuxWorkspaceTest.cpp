@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <set>
 #include <sstream>
 
 namespace orvelle {
@@ -173,6 +175,89 @@ TEST_F(LinuxWorkspaceTest, OnlyInstalledApplicationsAreLaunched) {
     };
     EXPECT_EQ(alone("org.example.Player"), path("applications/org.example.Player.desktop"));
     EXPECT_EQ(alone("com.spotify.client"), path("applications/spotify.desktop"));
+}
+
+/// Programs that come when they are called, unless the test says otherwise.
+class ObedientPrograms : public RunningPrograms {
+public:
+    std::set<std::string> running;
+    bool comes = true;
+    std::vector<Wanted> called;
+
+    bool isRunning(const std::vector<std::string>& identifiers) const override {
+        return std::ranges::any_of(identifiers,
+                                   [&](const auto& each) { return running.contains(each); });
+    }
+    void bringToFront(const Wanted& wanted, std::function<void()> failed) override {
+        called.push_back(wanted);
+        if (!comes || !isRunning(wanted.identifiers))
+            failed();
+    }
+};
+
+class OpenProgramTest : public LinuxWorkspaceTest {
+protected:
+    OpenProgramTest() {
+        programs.write("gio", "#!/bin/sh\necho \"$*\" >> '" + starts() + "'\n");
+        std::filesystem::permissions(programs.path("gio"), std::filesystem::perms::owner_all);
+    }
+
+    std::string starts() const { return programs.path("starts"); }
+    void install(const std::string& name, const std::string& keys = "") {
+        data.write("applications/" + name + ".desktop", "[Desktop Entry]\n" + keys);
+    }
+    void open(const std::string& bundleIdentifier) { workspace.launch(bundleIdentifier); }
+    bool hasStarted(const std::string& name) {
+        const auto line = "launch " + data.path("applications/" + name + ".desktop") + "\n";
+        return waitUntil([&] { return fileBytes(starts()) == line; });
+    }
+
+    TemporaryFolder data;
+    TemporaryVariable home{"XDG_DATA_HOME", data.path().c_str()};
+    ObedientPrograms others;
+    LinuxWorkspace workspace{runLoop, log, {QStringLiteral("GNOME"), path()}, {}, &others};
+};
+
+TEST_F(OpenProgramTest, OneThatRunsComesToTheFrontAndIsNotStarted) {
+    install("spotify", "StartupWMClass=Spotify\n");
+    others.running = {"com.spotify.client", "bare"};
+    open("com.spotify.client");
+    open("bare");
+    const std::vector<std::string> names{"spotify", "com.spotify.client"};
+    ASSERT_EQ(others.called.size(), 2u);
+    EXPECT_EQ(others.called[0],
+              (RunningPrograms::Wanted{names, {"spotify", "com.spotify.client", "Spotify"}}));
+    EXPECT_EQ(others.called[1].identifiers, std::vector<std::string>{"bare"});
+    install("other");
+    open("other");
+    EXPECT_TRUE(hasStarted("other")) << "and nothing before it";
+    EXPECT_TRUE(log.lines.empty());
+}
+
+TEST_F(OpenProgramTest, OneThatRunsAndDoesNotComeIsStartedOnlyIfThatMakesNoSecondCopy) {
+    install("many");
+    install("single", "SingleMainWindow=true\n");
+    others.running = {"many", "single"};
+    others.comes = false;
+    open("many");
+    open("many");
+    open("single");
+    EXPECT_TRUE(hasStarted("single"));
+    ASSERT_EQ(log.lines.size(), 1u);
+    EXPECT_EQ(log.lines[0].message, "Cannot bring many to the front");
+}
+
+TEST_F(OpenProgramTest, OneThatIsOnItsWayIsNotStartedAgain) {
+    install("slow");
+    install("last", "DBusActivatable=true\n");
+    open("slow");
+    ASSERT_TRUE(hasStarted("slow"));
+    open("slow");
+    open("last");
+    EXPECT_TRUE(
+        waitUntil([&] { return fileBytes(starts()).find("last.desktop") != std::string::npos; }));
+    const auto text = fileBytes(starts());
+    EXPECT_EQ(std::ranges::count(text, '\n'), 2) << text;
 }
 
 TEST_F(LinuxWorkspaceTest, WhatNothingOpensIsLoggedOnce) {

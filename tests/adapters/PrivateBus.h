@@ -55,6 +55,7 @@ public:
     qsizetype callCount(const QString& method) const;
     QVariantList call(const QString& interface, const QString& method,
                       const QVariantList& arguments = {}) const;
+    std::uint32_t processId() const { return static_cast<std::uint32_t>(process_.processId()); }
     /// Stops the process in its tracks, so that it stays on the bus and answers nothing.
     void hang();
     void wakeUp();

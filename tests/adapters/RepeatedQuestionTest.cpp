@@ -18,13 +18,13 @@ protected:
     std::vector<RepeatedQuestion::Outcome> asked;
     std::vector<Seconds> times;
     std::optional<bool> reply;
-    std::optional<RepeatedQuestion> question{
-        std::in_place, loop, [this](const RepeatedQuestion::Outcome& outcome) {
-            asked.push_back(outcome);
-            times.push_back(loop.monotonicNow());
-            if (reply)
-                outcome(*reply);
-        }};
+    std::optional<RepeatedQuestion> question{std::in_place, loop,
+                                             [this](const RepeatedQuestion::Outcome& outcome) {
+                                                 asked.push_back(outcome);
+                                                 times.push_back(loop.monotonicNow());
+                                                 if (reply)
+                                                     outcome(*reply);
+                                             }};
 };
 
 TEST_F(RepeatedQuestionTest, PausesGrowUpToTheLongestUntilAnAnswerComes) {

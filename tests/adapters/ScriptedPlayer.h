@@ -17,8 +17,9 @@ public:
         : mock_(bus, Mpris::namePrefix + QLatin1String(name), Mpris::path,
                 MockService::empty(Mpris::namePrefix + QLatin1String(name), Mpris::path,
                                    Mpris::playerInterface)) {
-        add(Mpris::rootInterface,
-            {{QStringLiteral("Identity"), QString()}, {QStringLiteral("DesktopEntry"), QString()}});
+        add(Mpris::rootInterface, {{QStringLiteral("Identity"), QString()},
+                                   {QStringLiteral("DesktopEntry"), QString()},
+                                   {QStringLiteral("CanRaise"), false}});
         add(Mpris::playerInterface, {{QStringLiteral("PlaybackStatus"), QStringLiteral("Stopped")},
                                      {QStringLiteral("Metadata"), QVariantMap()},
                                      {QStringLiteral("Position"), qlonglong{0}},
@@ -26,6 +27,7 @@ public:
         for (const char* method : {"PlayPause", "Next", "Previous"})
             mock_.addMethod(Mpris::playerInterface, QLatin1String(method), QString(), QString(),
                             QString());
+        addRaise(QString());
     }
 
     static QVariantMap track(const char* title, const char* artUrl = "") {
@@ -58,10 +60,18 @@ public:
                     QVariantList{position}});
     }
     qsizetype callCount(const char* method) const { return mock_.callCount(QLatin1String(method)); }
+    void refuseToRaise() {
+        addRaise(QStringLiteral("raise dbus.exceptions.DBusException('No window', "
+                                "name='org.example.NoWindow')"));
+    }
+    std::uint32_t processId() const { return mock_.processId(); }
     void hang() { mock_.hang(); }
     void wakeUp() { mock_.wakeUp(); }
 
 private:
+    void addRaise(const QString& code) {
+        mock_.addMethod(Mpris::rootInterface, QStringLiteral("Raise"), QString(), QString(), code);
+    }
     void add(const QString& interface, const QVariantMap& properties) {
         mock_.call(mockInterface, QStringLiteral("AddProperties"), {interface, properties});
     }

@@ -11,22 +11,30 @@ namespace orvelle {
 
 namespace {
 
-/// The entry's "Name" in the language that is nearest to the user's.
-QString nameIn(const QString& entry) {
-    QHash<QString, QString> names;
+constexpr std::size_t largestEntry = 1 << 18; // bytes; translations make them long
+
+/// The keys of the file's main group.
+QHash<QString, QString> valuesIn(const std::string& path) {
+    QHash<QString, QString> values;
     bool isInEntry = false;
+    const auto entry = QString::fromStdString(readSmallFile(path, largestEntry).value_or(""));
     for (const auto& line : entry.split(u'\n')) {
         if (line.startsWith(u'['))
             isInEntry = line.trimmed() == QLatin1String("[Desktop Entry]");
         else if (const auto equals = line.indexOf(u'='); isInEntry && equals > 0)
-            names.insert(line.left(equals).trimmed(), line.mid(equals + 1).trimmed());
+            values.insert(line.left(equals).trimmed(), line.mid(equals + 1).trimmed());
     }
+    return values;
+}
+
+/// The entry's "Name" in the language that is nearest to the user's.
+QString nameIn(const QHash<QString, QString>& values) {
     const auto locale = QLocale::system().name(); // such as "de_DE"
     for (const auto& language : {locale, locale.section(u'_', 0, 0)})
-        if (const auto name = names.value(QStringLiteral("Name[%1]").arg(language));
+        if (const auto name = values.value(QStringLiteral("Name[%1]").arg(language));
             !name.isEmpty())
             return name;
-    return names.value(QStringLiteral("Name"));
+    return values.value(QStringLiteral("Name"));
 }
 
 /// Whether its first line that says something opens the group of an entry.
@@ -60,19 +68,26 @@ bool isDesktopEntry(const std::string& path) {
 }
 
 ApplicationIdentity desktopEntryNamed(const std::vector<std::string>& names) {
-    constexpr std::size_t largestEntry = 1 << 18; // bytes; translations make them long
     for (const auto& name : names) {
         const auto path = installedDesktopEntry(name);
         if (path.isEmpty())
             continue;
-        const auto entry = readSmallFile(path.toStdString(), largestEntry);
-        const auto label = entry ? nameIn(QString::fromStdString(*entry)) : QString();
+        const auto label = nameIn(valuesIn(path.toStdString()));
         return {name, label.isEmpty() ? name : label.toStdString()};
     }
     ApplicationIdentity unknown;
     if (!names.empty())
         unknown.localizedName = names.back();
     return unknown;
+}
+
+DesktopEntryTraits desktopEntryTraits(const std::string& path) {
+    const auto values = valuesIn(path);
+    const auto says = [&](const char* key) {
+        return values.value(QLatin1String(key)) == QLatin1String("true");
+    };
+    return {.windowClass = values.value(QStringLiteral("StartupWMClass")).toStdString(),
+            .startsNoSecondCopy = says("DBusActivatable") || says("SingleMainWindow")};
 }
 
 } // namespace orvelle

@@ -21,4 +21,11 @@ QString installedDesktopEntry(const std::string& name);
 /// content. Reads the file.
 bool isDesktopEntry(const std::string& path);
 
+/// What an entry's file tells of starting its program.
+struct DesktopEntryTraits {
+    std::string windowClass;         ///< of its windows; empty when it does not tell
+    bool startsNoSecondCopy = false; ///< starting it while it runs brings it to the front
+};
+DesktopEntryTraits desktopEntryTraits(const std::string& path);
+
 } // namespace orvelle

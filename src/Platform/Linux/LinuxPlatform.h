@@ -18,6 +18,7 @@
 #include "Platform/Linux/LinuxWorkspace.h"
 #include "Platform/Linux/MprisApplications.h"
 #include "Platform/Linux/MprisNowPlayingService.h"
+#include "Platform/Linux/MprisRunningPrograms.h"
 #include "Platform/Linux/PortalAppearance.h"
 #include "Platform/Linux/PosixFileCopier.h"
 #include "Platform/Linux/PosixFileSystem.h"
@@ -127,8 +128,10 @@ private:
     UPowerPowerSources powerSources_;
     LinuxProcessLauncher processLauncher_;
     LinuxUserNotifications userNotifications_;
+    MprisRunningPrograms runningPrograms_{players_};
     LinuxWorkspace workspace_{runLoop_, log_, LinuxWorkspace::Environment::ofProcess(),
-                              [this](const std::string& url) { fileViewer_.select({url}); }};
+                              [this](const std::string& url) { fileViewer_.select({url}); },
+                              &runningPrograms_};
     BusFileViewer fileViewer_;
 };
 

@@ -65,15 +65,11 @@ const std::map<std::string_view, std::string_view> desktopEntries{
     {"com.spotify.client", "spotify"},
 };
 
+/// Milliseconds in which a program that was started is expected to show.
+constexpr int startBound = 5000;
+
 bool isForeign(const std::string& url) {
     return url.starts_with("x-apple.") || url.starts_with(calendar);
-}
-
-/// The file of an installed application's entry; empty when there is none.
-QString installedEntry(const std::string& bundleIdentifier) {
-    const auto foreign = desktopEntries.find(bundleIdentifier);
-    return installedDesktopEntry(foreign == desktopEntries.end() ? bundleIdentifier
-                                                                 : std::string(foreign->second));
 }
 
 } // namespace
@@ -82,26 +78,39 @@ LinuxWorkspace::Environment LinuxWorkspace::Environment::ofProcess() {
     return {qEnvironmentVariable("XDG_CURRENT_DESKTOP"), qEnvironmentVariable("PATH")};
 }
 
+/// The identifier is the entry's name, or one that another platform knows it by.
+LinuxWorkspace::Program LinuxWorkspace::programOf(const std::string& bundleIdentifier) {
+    const auto foreign = desktopEntries.find(bundleIdentifier);
+    const auto name =
+        foreign == desktopEntries.end() ? bundleIdentifier : std::string(foreign->second);
+    Program program{{name}, installedDesktopEntry(name)};
+    for (const auto& [other, entry] : desktopEntries)
+        if (entry == name)
+            program.identifiers.emplace_back(other);
+    return program;
+}
+
 LinuxWorkspace::LinuxWorkspace(RunLoop& runLoop, LogSink& log, Environment environment,
-                               ShowInFolder show)
+                               ShowInFolder show, RunningPrograms* running)
     : runLoop_(runLoop), log_(log, "LinuxWorkspace"),
       desktops_(environment.currentDesktop.split(u':', Qt::SkipEmptyParts)),
-      folders_(environment.path.split(u':', Qt::SkipEmptyParts)), show_(std::move(show)) {}
+      folders_(environment.path.split(u':', Qt::SkipEmptyParts)), show_(std::move(show)),
+      running_(running) {}
 
 void LinuxWorkspace::open(const std::string& url) {
     if (!(isForeign(url) ? openForeign(url) : openAddress(url, ownSchemes)))
-        refuse("opens", url);
+        report(url, "Nothing here opens " + url);
 }
 
 void LinuxWorkspace::openFromNetwork(const std::string& url) {
     if (!openAddress(url, networkSchemes))
-        refuse("opens", url);
+        report(url, "Nothing here opens " + url);
 }
 
 void LinuxWorkspace::openDocument(const std::string& fileUrl) {
     const auto path = FileURL::path(fileUrl);
     if (!path)
-        return refuse("opens", fileUrl);
+        return report(fileUrl, "Nothing here opens " + fileUrl);
     const auto isEntry = std::make_shared<bool>(true);
     openings_.start([&](Tasks::Finished finished) {
         return runLoop_.detach([isEntry, path] { *isEntry = isDesktopEntry(*path); },
@@ -110,16 +119,42 @@ void LinuxWorkspace::openDocument(const std::string& fileUrl) {
                                    if (*isEntry)
                                        show_(url);
                                    else if (!start(opener, {QString::fromStdString(url)}))
-                                       refuse("opens", url);
+                                       report(url, "Nothing here opens " + url);
                                    finished();
                                });
     });
 }
 
 void LinuxWorkspace::launch(const std::string& bundleIdentifier) {
-    const auto entry = installedEntry(bundleIdentifier);
-    if (!entry.isEmpty() && !start(QStringLiteral("gio"), {QStringLiteral("launch"), entry}))
-        refuse("launches", entry.toStdString());
+    const auto program = programOf(bundleIdentifier);
+    if (!running_)
+        return startProgram(program);
+    RunningPrograms::Wanted wanted{program.identifiers, program.identifiers};
+    if (auto name = desktopEntryTraits(program.entry.toStdString()).windowClass; !name.empty())
+        wanted.windowNames.push_back(std::move(name));
+    running_->bringToFront(wanted, lifetime_.guard([this, program] { startProgram(program); }));
+}
+
+void LinuxWorkspace::startProgram(const Program& program) {
+    const auto& name = program.identifiers.front();
+    const bool isRunning = running_ && running_->isRunning(program.identifiers);
+    if (program.entry.isEmpty() && !isRunning)
+        return;
+    if (isRunning && !desktopEntryTraits(program.entry.toStdString()).startsNoSecondCopy)
+        return report(name, "Cannot bring " + name + " to the front");
+    auto& since = started_[program.entry];
+    if (since.isValid() && !since.hasExpired(startBound))
+        return; // it is on its way
+    since.start();
+    if (!start(QStringLiteral("gio"), {QStringLiteral("launch"), program.entry})) {
+        since.invalidate();
+        report(name, "Nothing here launches " + program.entry.toStdString());
+    }
+}
+
+void LinuxWorkspace::report(const std::string& subject, const std::string& what) {
+    if (reported_.insert(subject).second)
+        log_.error(what);
 }
 
 bool LinuxWorkspace::openForeign(const std::string& url) const {
@@ -144,11 +179,6 @@ bool LinuxWorkspace::openAddress(const std::string& url, const std::set<QString>
     const QUrl address(QString::fromStdString(url), QUrl::StrictMode);
     return address.isValid() && schemes.contains(address.scheme()) &&
            start(opener, {QString::fromUtf8(address.toEncoded())});
-}
-
-void LinuxWorkspace::refuse(const std::string& deed, const std::string& what) {
-    if (reported_.insert(what).second)
-        log_.error("Nothing here " + deed + " " + what);
 }
 
 bool LinuxWorkspace::start(const QString& program, const QStringList& arguments) const {

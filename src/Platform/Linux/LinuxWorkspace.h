@@ -1,23 +1,29 @@
 #pragma once
 
+#include "Foundation/Subscription.h"
 #include "Foundation/Tasks.h"
+#include "Platform/Linux/RunningPrograms.h"
 #include "Platform/Log.h"
 #include "Platform/RunLoop.h"
 #include "Platform/Workspace.h"
 
+#include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <map>
 #include <set>
+#include <vector>
 
 namespace orvelle {
 
 /// Opens addresses and documents with the desktop's opener, starts applications by their desktop
 /// entries, and serves the addresses of another platform's programs and settings pages with this
 /// desktop's own ones: of the programs that serve an address the first one that belongs to the
-/// running desktop and is installed, else the first one that is installed. Main thread; what is
-/// started is left to itself.
+/// running desktop and is installed, else the first one that is installed. A program that runs
+/// already is brought to the front and never started a second time. Main thread; what is started
+/// is left to itself.
 class LinuxWorkspace : public Workspace {
 public:
     struct Environment {
@@ -29,7 +35,9 @@ public:
 
     using ShowInFolder = std::function<void(const std::string& fileUrl)>;
 
-    LinuxWorkspace(RunLoop& runLoop, LogSink& log, Environment environment, ShowInFolder show);
+    /// Programs are started anew where nobody knows which ones run.
+    LinuxWorkspace(RunLoop& runLoop, LogSink& log, Environment environment, ShowInFolder show,
+                   RunningPrograms* running = nullptr);
 
     void open(const std::string& url) override;
     void openFromNetwork(const std::string& url) override;
@@ -39,9 +47,18 @@ public:
     void launch(const std::string& bundleIdentifier) override;
 
 private:
+    /// One that is installed, or runs, or both.
+    struct Program {
+        std::vector<std::string> identifiers;
+        QString entry; ///< the file; empty when it is not installed
+    };
+
+    static Program programOf(const std::string& bundleIdentifier);
+    void startProgram(const Program& program);
+    /// Once a subject.
+    void report(const std::string& subject, const std::string& what);
     bool openForeign(const std::string& url) const;
     bool openAddress(const std::string& url, const std::set<QString>& schemes) const;
-    void refuse(const std::string& deed, const std::string& what);
     /// Starts an installed program; false when it is not installed.
     bool start(const QString& program, const QStringList& arguments) const;
 
@@ -52,6 +69,9 @@ private:
     ShowInFolder show_;
     std::set<std::string> reported_;
     Tasks openings_;
+    RunningPrograms* running_;
+    std::map<QString, QElapsedTimer> started_; ///< entries, which may take a while to show
+    Lifetime lifetime_;
 };
 
 } // namespace orvelle

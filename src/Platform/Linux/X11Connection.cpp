@@ -4,6 +4,8 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 
+#include <algorithm>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -76,6 +78,26 @@ std::vector<std::uint32_t> cardinals(xcb_window_t window, xcb_atom_t property) {
         return {};
     const auto* items = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
     return {items, items + reply->value_len};
+}
+
+std::vector<std::string> texts(xcb_window_t window, const std::string& property) {
+    constexpr std::uint32_t longest = 256; ///< in units of four bytes
+    const auto cookie = xcb_get_property(connection(), 0, window, atom(property),
+                                         XCB_GET_PROPERTY_TYPE_ANY, 0, longest);
+    const Reply<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(connection(), cookie, nullptr));
+    std::vector<std::string> texts;
+    if (!reply || reply->format != 8)
+        return texts;
+    std::string_view rest(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                          static_cast<std::size_t>(xcb_get_property_value_length(reply.get())));
+    while (!rest.empty()) {
+        const auto end = std::min(rest.find('\0'), rest.size());
+        if (end > 0)
+            texts.emplace_back(rest.substr(0, end));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return texts;
 }
 
 void selectEvents(xcb_window_t window, std::uint32_t mask, bool wanted) {

@@ -32,6 +32,9 @@ xcb_atom_t atom(const std::string& name);
 /// A property of 32-bit items, empty when it is unset, of another type or on no window.
 std::vector<std::uint32_t> cardinals(xcb_window_t window, xcb_atom_t property);
 
+/// The parts of a text property, which NULs divide; none when it is unset or on no window.
+std::vector<std::string> texts(xcb_window_t window, const std::string& property);
+
 /// Adds to the events that this connection asked of a window, or takes them away again.
 void selectEvents(xcb_window_t window, std::uint32_t mask, bool wanted = true);
 

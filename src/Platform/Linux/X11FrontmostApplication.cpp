@@ -5,32 +5,10 @@
 
 #include <algorithm>
 #include <cctype>
-#include <string_view>
 
 namespace orvelle {
 
 namespace {
-
-/// The parts of a text property, which NULs divide.
-std::vector<std::string> textsOf(xcb_window_t window, const std::string& property) {
-    constexpr std::uint32_t longest = 256; ///< in units of four bytes
-    const auto cookie = xcb_get_property(X11::connection(), 0, window, X11::atom(property),
-                                         XCB_GET_PROPERTY_TYPE_ANY, 0, longest);
-    const X11::Reply<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(X11::connection(), cookie, nullptr));
-    std::vector<std::string> texts;
-    if (!reply || reply->format != 8)
-        return texts;
-    std::string_view rest(static_cast<const char*>(xcb_get_property_value(reply.get())),
-                          static_cast<std::size_t>(xcb_get_property_value_length(reply.get())));
-    while (!rest.empty()) {
-        const auto end = std::min(rest.find('\0'), rest.size());
-        if (end > 0)
-            texts.emplace_back(rest.substr(0, end));
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-    }
-    return texts;
-}
 
 /// The keyboard may be in a part of a program's window: the walk upwards ends at what has a class.
 xcb_window_t windowWithKeyboard() {
@@ -39,7 +17,7 @@ xcb_window_t windowWithKeyboard() {
         xcb_get_input_focus_reply(X11::connection(), cookie, nullptr));
     xcb_window_t window = focus ? focus->focus : xcb_window_t{XCB_WINDOW_NONE};
     while (window > XCB_INPUT_FOCUS_POINTER_ROOT && window != X11::root()) {
-        if (!textsOf(window, "WM_CLASS").empty())
+        if (!X11::texts(window, "WM_CLASS").empty())
             return window;
         const auto question = xcb_query_tree(X11::connection(), window);
         const X11::Reply<xcb_query_tree_reply_t> tree(
@@ -66,9 +44,9 @@ std::string lowerCase(std::string text) {
 std::vector<std::string> namesOf(xcb_window_t window) {
     std::vector<std::string> names;
     for (const char* property : {"_GTK_APPLICATION_ID", "_KDE_NET_WM_DESKTOP_FILE"})
-        for (auto& name : textsOf(window, property))
+        for (auto& name : X11::texts(window, property))
             names.push_back(std::move(name));
-    const auto instanceAndClass = textsOf(window, "WM_CLASS");
+    const auto instanceAndClass = X11::texts(window, "WM_CLASS");
     for (const auto& name : instanceAndClass) {
         names.push_back(lowerCase(name));
         names.push_back(name);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace orvelle::X11 {
+
+/// A program, by what its windows tell of it.
+struct Program {
+    std::uint32_t processId = 0;    ///< 0 while unknown
+    std::vector<std::string> names; ///< of its desktop entry or its windows' class, in any case
+
+    bool operator==(const Program&) const = default;
+};
+
+/// Asks the window manager to bring the program's topmost window to the front, a minimized one too;
+/// false when the program has none.
+bool activateWindowOf(const Program& program);
+
+} // namespace orvelle::X11
