@@ -30,9 +30,10 @@ def make_tone(folder, title, seconds):
 class MpvPlayer:
     """mpv, which ends paused on the last tone."""
 
-    def __init__(self, desktop, *tones):
+    def __init__(self, desktop, *tones, has_window=False):
+        output = ["--vo=x11", "--force-window=yes"] if has_window else ["--vo=null"]
         self.process = desktop.spawn(
-            ["mpv", "--no-config", "--no-terminal", "--ao=null", "--vo=null", "--keep-open=yes",
+            ["mpv", "--no-config", "--no-terminal", "--ao=null", *output, "--keep-open=yes",
              "--script=/usr/lib/mpv-mpris/mpris.so", *tones],
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.bus = dbus.bus.BusConnection(desktop.environment["DBUS_SESSION_BUS_ADDRESS"])
@@ -54,8 +55,9 @@ class MpvPlayer:
 
 
 class MisbehavingPlayer:
-    def __init__(self, desktop):
-        self.process = desktop.spawn(["/usr/bin/python3", FOLDER / "misbehaving_player.py"],
+    def __init__(self, desktop, refusals=0):
+        self.process = desktop.spawn(["/usr/bin/python3", FOLDER / "misbehaving_player.py",
+                                      str(refusals)],
                                      stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True,
                                      bufsize=1)
         assert self.process.stdout.readline() == "ready\n"
@@ -124,6 +126,6 @@ class Panel:
         wait_until(lambda: any(text in texts for text in self.names()), f"{texts} in the panel",
                    lambda: f"There is {self.names()}")
 
-    def click(self, name):
+    def click(self, name, button=1):
         self.desktop.move_pointer(*resting_place(self.desktop, name))
-        self.desktop.click()
+        self.desktop.click(button)

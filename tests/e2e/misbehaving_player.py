@@ -1,4 +1,5 @@
-"""A media player that does what no player should. Its behaviour is told by lines on its input."""
+"""A media player that does what no player should. Its behaviour is told by lines on its input; its
+argument is the number of questions that it refuses first."""
 
 import sys
 
@@ -32,9 +33,13 @@ class Player(dbus.service.Object):
         super().__init__(dbus.service.BusName("org.mpris.MediaPlayer2.misbehaving", bus),
                          "/org/mpris/MediaPlayer2")
         self.properties = BEHAVIOURS["sense"]
+        self.refusals = int(sys.argv[1])
 
     @dbus.service.method(dbus.PROPERTIES_IFACE, in_signature="s", out_signature="a{sv}")
     def GetAll(self, interface):
+        if self.refusals > 0:
+            self.refusals -= 1
+            raise dbus.DBusException("Not yet", name="org.freedesktop.DBus.Error.UnknownObject")
         return self.properties if interface == PLAYER else {"Identity": dbus.Int32(3)}
 
     @dbus.service.method(dbus.PROPERTIES_IFACE, in_signature="ss", out_signature="v",

@@ -5,7 +5,7 @@ import signal
 
 import pytest
 
-from desktop import stays, wait_until
+from desktop import end_process, stays, wait_until
 from media import MisbehavingPlayer, MpvPlayer, Panel, SoundServer, make_tone
 
 
@@ -28,8 +28,9 @@ def panel(openbox):
 def play(desktop, tmp_path):
     started = []
 
-    def run(*titles, seconds=60):
-        player = MpvPlayer(desktop, *(make_tone(tmp_path, title, seconds) for title in titles))
+    def run(*titles, seconds=60, has_window=False):
+        player = MpvPlayer(desktop, *(make_tone(tmp_path, title, seconds) for title in titles),
+                           has_window=has_window)
         started.append(player)
         return player
 
@@ -115,6 +116,23 @@ def test_the_output_is_switched(panel, start, play, sound):
     wait_until(lambda: sound.control("get-default-sink") == "headphones", "other output")
 
 
+def test_the_volume_shown_is_that_of_the_output_in_use(panel, start, play, sound):
+    sound.control("set-sink-volume", "speakers", "80%")
+    sound.control("set-sink-volume", "headphones", "20%")
+    program = start()
+    play("A Tone")
+    program.expand()
+    panel.shows("A Tone")
+    x, y, width, height = wait_until(panel.slider_box, "volume slider")
+
+    def at(fraction):
+        return program.desktop.pixel(x + int(width * fraction), y + height // 2)
+
+    wait_until(lambda: at(0.5) == at(0.05) != at(0.95), "most of the slider filled")
+    sound.control("set-default-sink", "headphones")
+    wait_until(lambda: at(0.5) == at(0.95) != at(0.05), "little of the slider filled")
+
+
 def test_a_sound_server_that_restarts_is_found_again(panel, start, play, sound):
     program = start()
     play("A Tone")
@@ -138,6 +156,42 @@ def test_without_a_sound_server_and_players_nothing_is_said_over_and_over(panel,
     program.expand()
     panel.shows("No media playing")
     assert stays(lambda: program.describe().count("\n") < 30, 3)
+
+
+def test_a_player_that_closes_is_shown_at_rest(panel, start, play):
+    program = start()
+    player = play("A Tone")
+    program.expand()
+    panel.shows("Pause")
+    end_process(player.process)
+    panel.shows("Play")
+    assert "A Tone" in panel.names()
+
+
+def test_open_in_brings_the_players_window_and_starts_no_second_player(panel, start, play):
+    program = start()
+    desktop = program.desktop
+
+    def windows():
+        return [window for window in desktop.managed_windows() if "mpv" in window.get_wm_class()]
+
+    play("A Tone", has_window=True)
+    window, = wait_until(windows, "mpv's window")
+    desktop.minimize(window)
+    wait_until(lambda: not desktop.is_mapped(window), "minimized window")
+    program.expand()
+    panel.click("A Tone", button=3)
+    panel.click("Open in mpv")
+    wait_until(lambda: desktop.is_mapped(window) and desktop.active_window() == window.id,
+               "mpv's window in front", program.describe)
+    assert stays(lambda: len(windows()) == 1, 1.5)
+
+
+def test_a_player_that_refuses_its_first_answers_is_shown(panel, start):
+    program = start()
+    program.expand()
+    MisbehavingPlayer(program.desktop, refusals=4)
+    panel.shows("Endless")
 
 
 def test_a_player_that_misbehaves_does_no_harm(panel, start):
