@@ -262,8 +262,10 @@ std::vector<AppDelegate::FeatureSwitch> AppDelegate::makeFeatureSwitches() {
          .module = mediaManager,
          .stop = [this] { mediaManager.stop(); },
          .switchesItself = true},
-        {Settings::fileShelfEnabled, fileShelfManager,
-         [this] { fileShelfManager.cleanupTimer.reset(); }},
+        {.key = Settings::fileShelfEnabled,
+         .module = fileShelfManager,
+         .stop = [this] { fileShelfManager.cleanupTimer.reset(); },
+         .switchesItself = true},
         {Settings::hudEnabled, hudManager,
          [this] {
              hudManager.isMonitoring = false;

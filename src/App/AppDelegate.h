@@ -98,7 +98,7 @@ private:
         SettingKey<bool> key;
         FeatureModule& module;
         std::function<void()> stop;
-        bool switchesItself = false; ///< assigning `isEnabled` starts and stops it already
+        bool switchesItself = false; ///< assigning `isEnabled` is all that its switch does
         bool isOn = false;           ///< as the setting was seen last
     };
 

@@ -23,10 +23,19 @@ public:
         if (!begun_.test_and_set())
             work_();
     }
+    /// Does the work here when no thread has begun it, else waits for its end.
+    void complete() {
+        run();
+        result_.wait();
+    }
     /// Does the work here when no thread has begun it, else waits for `patience` at most. False
     /// when it is not done by then.
     bool finish(Seconds patience) {
         run();
+        return await(patience);
+    }
+    /// Waits for `patience` at most for another thread to do the work.
+    bool await(Seconds patience) const {
         return result_.wait_for(std::chrono::duration<Seconds>(patience)) ==
                std::future_status::ready;
     }

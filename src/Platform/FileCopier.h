@@ -11,7 +11,8 @@ namespace orvelle {
 /// the bytes of the file system.
 ///
 /// Calls work on the spot and take as long as the disk does, for ever when it hangs: copies and
-/// removals belong in the background. Any thread; one call at a time on each folder.
+/// removals belong in the background. Any thread; one copy at a time into each folder, beside which
+/// other things may be removed from it.
 class FileCopier {
 public:
     struct Info {
@@ -32,6 +33,9 @@ public:
     virtual bool makeFolder(const std::string& path) = 0;
     /// None when no file and no folder is there.
     virtual std::optional<Info> info(const std::string& path) const = 0;
+    /// The one spelling of the path, without links, "." and "..", or doubled and trailing slashes.
+    /// None when nothing is there.
+    virtual std::optional<std::string> canonicalPath(const std::string& path) const = 0;
 
     /// Copies `source`, which is only read, to the name `name` in `folder`, in place of what has
     /// that name. The copy is there whole or not at all: until it is whole and on the disk, it

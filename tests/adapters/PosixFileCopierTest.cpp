@@ -45,6 +45,19 @@ protected:
     PosixFileCopier copier;
 };
 
+TEST_F(PosixFileCopierTest, EverySpellingOfAFolderHasOneCanonicalPath) {
+    const auto canonical = copier.canonicalPath(shelf);
+    ASSERT_TRUE(canonical);
+    const auto link = shelf + ".link";
+    fs::create_directory_symlink(shelf, link);
+    for (const auto& spelled :
+         {shelf + "/", shelf + "/./", "/" + shelf,
+          shelf + "/../" + fs::path(shelf).filename().string(), link, link + "//"})
+        EXPECT_EQ(copier.canonicalPath(spelled), canonical) << spelled;
+    EXPECT_FALSE(copier.canonicalPath(shelf + "/missing"));
+    EXPECT_FALSE(copier.canonicalPath(""));
+}
+
 TEST_F(PosixFileCopierTest, CopiesAFileForTheUserAlone) {
     home.write("a.txt", "hello");
     chmod(home.path("a.txt").c_str(), 0644);

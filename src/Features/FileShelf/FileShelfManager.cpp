@@ -28,10 +28,24 @@ std::string shelfName(const std::string& sourcePath) {
 
 bool isUsable(std::string_view name) {
     return !name.empty() && name != "." && name != ".." && name != FileCopier::stagingName &&
+           name != ShelfRemovals::noteName &&
            !name.starts_with(metadataName); // nor what is kept aside of it
 }
 
+std::string folderOf(std::string_view path) {
+    while (path.ends_with('/'))
+        path.remove_suffix(1);
+    return std::string(path.substr(0, path.rfind('/') + 1));
+}
+
 } // namespace
+
+struct FileShelfManager::Copy {
+    std::string url;
+    std::string path;
+    std::atomic<bool> isCancelled{false};
+    std::optional<FileCopier::Outcome> outcome; ///< none when nothing was copied
+};
 
 FileShelfManager::FileShelfManager(Platform& platform)
     : FeatureModule("fileShelf", "File Shelf", std::string("tray.fill"_symbol)),
@@ -41,65 +55,73 @@ FileShelfManager::FileShelfManager(Platform& platform)
       metadata_(platform, std::string(folderName) + "/" + std::string(metadataName),
                 [&console = platform.console()](const std::string& reason) {
                     console.print("FileShelfManager: Failed to save metadata: " + reason);
-                }) {
+                }),
+      removals_(platform, storageDirectory) {
     platform.fileCopier().makeFolder(storageDirectory);
     loadMetadata();
 }
 
 void FileShelfManager::start() {
-    if (!isEnabled)
-        return;
     cleanupTimer = platform_.runLoop().every(cleanupInterval, [this] { cleanupExpired(); });
     cleanupExpired();
 }
 
+// A copy and the removal of an older file of its name never meet on the disk in an unknown order:
+// the one waits for the other at its beginning, and is looked for again at its end.
 void FileShelfManager::addFile(const std::string& url) {
-    diskTasks_.add(
-        [this, url](const std::function<void()>& finished) { return beginCopy(url, finished); });
+    const auto copy = std::make_shared<Copy>();
+    copy->url = url;
+    const auto awaitRemovals = [this](std::function<void()> finished) {
+        return removals_.whenDone(std::move(finished));
+    };
+    copies_.add(awaitRemovals);
+    copies_.add([this, copy](std::function<void()> finished) {
+        return beginCopy(copy, std::move(finished));
+    });
+    copies_.add(awaitRemovals);
+    copies_.add([this, copy](const std::function<void()>&) {
+        copied(*copy);
+        return Subscription();
+    });
 }
 
-Subscription FileShelfManager::beginCopy(const std::string& url,
-                                         const std::function<void()>& finished) {
+Subscription FileShelfManager::beginCopy(const std::shared_ptr<Copy>& copy,
+                                         std::function<void()> finished) {
     if (items->size() >= maximumItems)
         return {};
-    const auto source = FileURL::path(url);
+    const auto source = FileURL::path(copy->url);
     const auto name = source ? shelfName(*source) : "";
     if (!isUsable(name)) {
         reportFailure("The file's name cannot be used.");
         return {};
     }
-    struct Copy {
-        std::atomic<bool> isCancelled{false};
-        FileCopier::Outcome outcome;
-    };
-    const auto copy = std::make_shared<Copy>();
+    copy->path = storageDirectory + "/" + name;
     auto& copier = platform_.fileCopier();
-    const auto destination = storageDirectory + "/" + name;
-    auto work = [&copier, copy, source = *source, folder = storageDirectory, name, destination] {
+    auto work = [&copier, copy, source = *source, folder = storageDirectory, name] {
         copy->outcome = copier.copy(source, folder, name, copy->isCancelled);
-        if (!copy->outcome.failure && copy->outcome.info.size <= 0)
-            copier.remove(destination);
-    };
-    auto done = [this, copy, destination, finished] {
-        copied(destination, copy->outcome.failure, copy->outcome.info.size);
-        finished();
+        if (!copy->outcome->failure && copy->outcome->info.size <= 0)
+            copier.remove(copy->path);
     };
     auto running = std::make_shared<Subscription>(
-        platform_.runLoop().detach(std::move(work), std::move(done)));
+        platform_.runLoop().detach(std::move(work), std::move(finished)));
     return Subscription([copy, running] {
         copy->isCancelled = true;
         running->reset();
     });
 }
 
-void FileShelfManager::copied(const std::string& path, const std::optional<std::string>& failure,
-                              std::int64_t size) {
-    if (failure)
-        return reportFailure(*failure);
-    if (size <= 0)
+void FileShelfManager::copied(const Copy& copy) {
+    if (!copy.outcome)
+        return;
+    if (copy.outcome->failure)
+        return reportFailure(*copy.outcome->failure);
+    if (copy.outcome->info.size <= 0)
         return platform_.console().print("FileShelfManager: Copy produced 0-byte file, removing");
-    items.update(
-        [&](auto& list) { list.emplace_back(FileURL::ofPath(path), retentionHours, platform_); });
+    if (!platform_.fileCopier().info(copy.path))
+        return reportFailure("It was removed meanwhile.");
+    items.update([&](auto& list) {
+        list.emplace_back(FileURL::ofPath(copy.path), retentionHours, platform_);
+    });
     saveMetadata();
 }
 
@@ -116,13 +138,8 @@ void FileShelfManager::removeFile(const ShelfItem& item) {
 }
 
 void FileShelfManager::removeFromDisk(const ShelfItem& item) {
-    const auto path = FileURL::path(item.url).value_or("");
-    if (!isOfShelf(path))
-        return;
-    diskTasks_.add([this, path](std::function<void()> finished) {
-        return platform_.runLoop().detach(
-            [&copier = platform_.fileCopier(), path] { copier.remove(path); }, std::move(finished));
-    });
+    if (const auto path = shelfPath(FileURL::path(item.url).value_or("")))
+        removals_.remove(FileURL::lastPathComponent(*path));
 }
 
 void FileShelfManager::cleanupExpired() {
@@ -146,18 +163,30 @@ FileShelfView FileShelfManager::expandedView() {
     return FileShelfView(*this, platform_);
 }
 
-/// Whether a file lies in the shelf's folder and is not the shelf's own: nothing else may be
-/// listed, and so deleted one day, whatever the list's file says.
-bool FileShelfManager::isOfShelf(std::string_view path) const {
+/// The path, as the shelf spells it, of what lies in the shelf's folder and is not the shelf's own:
+/// nothing else may be listed, and so deleted one day, whatever the list's file says.
+std::optional<std::string> FileShelfManager::shelfPath(std::string_view path) const {
     const auto name = FileURL::lastPathComponent(path);
-    return isUsable(name) && path == storageDirectory + "/" + name;
+    if (!isUsable(name))
+        return std::nullopt;
+    auto spelled = storageDirectory + "/" + name;
+    const auto& copier = platform_.fileCopier();
+    if (path == spelled)
+        return spelled;
+    const auto shelf = copier.canonicalPath(storageDirectory);
+    if (!shelf || copier.canonicalPath(folderOf(path)) != shelf)
+        return std::nullopt;
+    return spelled;
 }
 
 void FileShelfManager::loadMetadata() {
     std::vector<ShelfItem> loaded;
-    for (const auto& entry : metadata_.load<ShelfItemMetadata>(shelfItemMetadataFrom).records)
-        if (isOfShelf(entry.urlPath) && platform_.fileCopier().info(entry.urlPath))
-            loaded.emplace_back(FileURL::ofPath(entry.urlPath), retentionHours, platform_);
+    for (const auto& entry : metadata_.load<ShelfItemMetadata>(shelfItemMetadataFrom).records) {
+        const auto path = shelfPath(entry.urlPath);
+        if (path && platform_.fileCopier().info(*path) &&
+            !removals_.isPending(FileURL::lastPathComponent(*path)))
+            loaded.emplace_back(FileURL::ofPath(*path), retentionHours, platform_);
+    }
     items = std::move(loaded);
 }
 

@@ -2,6 +2,7 @@
 
 #include "Core/ListFile.h"
 #include "Core/TaskQueue.h"
+#include "Features/FileShelf/ShelfRemovals.h"
 #include "Models/ShelfItem.h"
 #include "Platform/Platform.h"
 #include "Platform/RunLoop.h"
@@ -10,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,6 +38,7 @@ public:
     const std::string storageDirectory;
     const std::string metadataURL; ///< the list's file, inside the folder
 
+    /// Whatever its switch says: so are drops taken.
     void start() override;
 
     /// Copies the file and lists the copy once it is whole. A copy takes the place of an older one
@@ -51,18 +54,20 @@ public:
     bool receiveDrop(const std::vector<std::string>& urls) override;
 
 private:
-    Subscription beginCopy(const std::string& url, const std::function<void()>& finished);
-    void copied(const std::string& path, const std::optional<std::string>& failure,
-                std::int64_t size);
+    struct Copy;
+
+    Subscription beginCopy(const std::shared_ptr<Copy>& copy, std::function<void()> finished);
+    void copied(const Copy& copy);
     void removeFromDisk(const ShelfItem& item);
-    bool isOfShelf(std::string_view path) const;
+    std::optional<std::string> shelfPath(std::string_view path) const;
     void reportFailure(const std::string& reason) const;
     void loadMetadata();
     void saveMetadata();
 
     Platform& platform_;
     ListFile metadata_;
-    TaskQueue diskTasks_; ///< copies and removals
+    ShelfRemovals removals_;
+    TaskQueue copies_;
 };
 
 } // namespace orvelle

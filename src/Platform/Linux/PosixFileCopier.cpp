@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -168,6 +169,12 @@ std::optional<FileCopier::Info> PosixFileCopier::info(const std::string& path) c
     if (!isFolder && !S_ISREG(status.st_mode))
         return std::nullopt;
     return Info{status.st_size, isFolder};
+}
+
+std::optional<std::string> PosixFileCopier::canonicalPath(const std::string& path) const {
+    const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
+                                                               &std::free);
+    return resolved ? std::optional<std::string>(resolved.get()) : std::nullopt;
 }
 
 FileCopier::Outcome PosixFileCopier::copy(const std::string& source, const std::string& folder,

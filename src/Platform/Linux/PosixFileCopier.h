@@ -10,6 +10,7 @@ class PosixFileCopier : public FileCopier {
 public:
     bool makeFolder(const std::string& path) override;
     std::optional<Info> info(const std::string& path) const override;
+    std::optional<std::string> canonicalPath(const std::string& path) const override;
     Outcome copy(const std::string& source, const std::string& folder, const std::string& name,
                  const std::atomic<bool>& cancelled) override;
     bool remove(const std::string& path) override;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
 #include <utility>
 
 namespace orvelle {
@@ -35,6 +36,18 @@ const Kind* kindOf(std::string_view name) {
 }
 
 } // namespace
+
+std::optional<std::string> SimulatedFileCopier::canonicalPath(const std::string& path) const {
+    std::string resolved;
+    for (const auto& component : std::filesystem::path(path).lexically_normal().relative_path()) {
+        if (component.empty())
+            continue; // behind a trailing slash
+        resolved += "/" + component.string();
+        if (const auto link = links.find(resolved); link != links.end())
+            resolved = link->second;
+    }
+    return resolved.empty() ? "/" : resolved;
+}
 
 std::optional<std::string> SimulatedFileIcons::type(const std::string& name) const {
     const auto* kind = kindOf(name);

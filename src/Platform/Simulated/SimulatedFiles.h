@@ -19,7 +19,8 @@ public:
     void print(std::string_view line) override { lines.emplace_back(line); }
 };
 
-/// Copies among the files of a simulated file system, where folders are only parts of paths.
+/// Copies among the files of a simulated file system, where folders are only parts of paths, all of
+/// which are there. `canonicalPath` was compared with realpath(3).
 class SimulatedFileCopier : public FileCopier {
 public:
     explicit SimulatedFileCopier(SimulatedFileSystem& fileSystem) : files_(fileSystem.files) {}
@@ -27,6 +28,7 @@ public:
     /// Why every copy fails, when it does.
     std::optional<std::string> failure;
     std::vector<std::string> madeFolders;
+    std::map<std::string, std::string> links; ///< other spellings of folders
 
     bool makeFolder(const std::string& path) override {
         madeFolders.push_back(path);
@@ -38,6 +40,7 @@ public:
             return std::nullopt;
         return Info{static_cast<std::int64_t>(found->second.size()), false};
     }
+    std::optional<std::string> canonicalPath(const std::string& path) const override;
     Outcome copy(const std::string& source, const std::string& folder, const std::string& name,
                  const std::atomic<bool>&) override {
         const auto found = files_.find(source);

@@ -243,7 +243,7 @@ TEST_F(AppDelegateTest, ASwitchedOffFeatureRunsNoTimerAndAsksNothing) {
                             "batteryEnabled", "timeEnabled"})
         defaults().set(key, false);
     launchNormally();
-    EXPECT_EQ(featureTimers(), 0u);
+    EXPECT_EQ(featureTimers(), 1u) << "the shelf's, which takes drops all the same";
     advance(3600);
     EXPECT_EQ(platform.powerSourcesPort.snapshotCount, 0);
     EXPECT_EQ(platform.hostStatisticsPort.readCount, 0);
@@ -261,6 +261,21 @@ TEST_F(AppDelegateTest, AFeatureFollowsItsSettingWhileTheProgramRuns) {
     EXPECT_FALSE(app.systemMonitorManager.isEnabled);
     EXPECT_FALSE(app.systemMonitorManager.updateTimer);
     EXPECT_EQ(app.systemMonitorManager.previousCPUInfo, std::nullopt);
+}
+
+TEST_F(AppDelegateTest, TheShelfIsCleanedUpWhateverItsSwitchSays) {
+    defaults().set("fileShelfEnabled", false);
+    launchNormally();
+    EXPECT_FALSE(app.fileShelfManager.isEnabled);
+    EXPECT_TRUE(app.fileShelfManager.cleanupTimer);
+    for (const bool isOn : {true, false}) {
+        defaults().set("fileShelfEnabled", isOn);
+        runPosted();
+        EXPECT_EQ(app.fileShelfManager.isEnabled, isOn);
+        EXPECT_TRUE(app.fileShelfManager.cleanupTimer);
+    }
+    app.applicationWillTerminate();
+    EXPECT_FALSE(app.fileShelfManager.cleanupTimer);
 }
 
 TEST_F(AppDelegateTest, AFeatureThatObeysItsSwitchIsStartedAndStoppedOnceByItsSetting) {

@@ -183,11 +183,13 @@ TEST_F(FileShelfManagerTest, AnItemThatExpiresIsDeletedWithItsFile) {
     EXPECT_TRUE(files().contains("/home/a.txt"));
 }
 
-TEST_F(FileShelfManagerTest, WithoutTheFeatureNothingIsCleanedUp) {
+TEST_F(FileShelfManagerTest, IsCleanedUpWhateverItsSwitchSays) {
     shelf->isEnabled = false;
     shelf->start();
-    EXPECT_FALSE(shelf->cleanupTimer);
-    EXPECT_EQ(platform.fileSystemPort.writeCount, 0);
+    add("/home/a.txt", "a");
+    platform.runLoopPort.advance(24 * hour + FileShelfManager::cleanupInterval);
+    EXPECT_TRUE(shelf->items->empty());
+    EXPECT_FALSE(files().contains(folder + "/a.txt"));
 }
 
 TEST_F(FileShelfManagerTest, TheListsFileHasTheKeysAndFormOfAnEncodedArray) {
@@ -224,6 +226,23 @@ TEST_F(FileShelfManagerTest, WhatLiesOutsideTheFolderIsNeverListedAndSoNeverDele
     }
 }
 
+TEST_F(FileShelfManagerTest, AnotherSpellingOfTheFolderKeepsWhatLiesInIt) {
+    platform.fileCopierPort.links["/home/link"] = "/simulated/share";
+    for (const std::string spelled :
+         {"/simulated/share//Orvelle/FileShelf/", "/simulated//share/./Orvelle/FileShelf/",
+          "/simulated/x/../share/Orvelle/FileShelf/", "/home/link/Orvelle/FileShelf/"}) {
+        files() = {
+            {folder + "/a.txt", "a"},
+            {listFile, R"([{"urlPath":")" + spelled + R"(a.txt","addedAt":1,"expiresAt":2}])"}};
+        restart();
+        ASSERT_EQ(names(), Names{"a.txt"}) << spelled;
+        EXPECT_EQ(item(0).url, FileURL::ofPath(folder + "/a.txt"));
+        shelf->removeFile(ShelfItem(item(0)));
+        runPosted();
+        EXPECT_FALSE(files().contains(folder + "/a.txt")) << spelled;
+    }
+}
+
 class UnusableName : public FileShelfManagerTest,
                      public testing::WithParamInterface<const char*> {};
 
@@ -241,8 +260,9 @@ INSTANTIATE_TEST_SUITE_P(Of, UnusableName,
                          testing::Values("file:///", "file:///home/..", "file:///home/.",
                                          "file:///home/.shelf_metadata.json",
                                          "file:///home/.shelf_metadata.json.corrupt",
-                                         "file:///home/.incoming", "https://example.org/x",
-                                         "/home/x", "", "file:///home/%00", "file:///home/%2"));
+                                         "file:///home/.incoming", "file:///home/.removals.json",
+                                         "https://example.org/x", "/home/x", "", "file:///home/%00",
+                                         "file:///home/%2"));
 
 TEST_F(FileShelfManagerTest, AnEscapedSeparatorNamesAFileBelowAndNoPlaceAbove) {
     files()["/home/../etc/passwd"] = "root";
