@@ -16,7 +16,7 @@ StyledSymbol PomodoroCollapsedView::icon() const {
 
 StyledText PomodoroCollapsedView::text() const {
     return {isIdle() ? "Focus" : manager_.state->formattedTimeRemaining(),
-            {10, FontWeight::medium, Color::white(1, isIdle() ? 0.4 : 1)}};
+            {10, FontWeight::medium, Color::white(1, isIdle() ? 0.4 : 1), FontDesign::monospaced}};
 }
 
 } // namespace orvelle

@@ -30,6 +30,11 @@ std::string_view title(PomodoroTimerStyle style) {
     return "Digital";
 }
 
+/// Of one width each, so that the time does not tremble.
+StyledText figures(const std::string& text, double size, FontWeight weight) {
+    return {text, {size, weight, colors::white, FontDesign::monospaced}};
+}
+
 std::string upperCase(std::string_view label) {
     std::string text(label);
     std::transform(text.begin(), text.end(), text.begin(), [](unsigned char character) {
@@ -67,13 +72,13 @@ StyledText PomodoroExpandedView::time(double size) const {
     case PomodoroTimerStyle::digital:
         break;
     case PomodoroTimerStyle::ring:
-        return {text, {size <= smallRing ? 14.0 : 18.0, FontWeight::medium, colors::white}};
+        return figures(text, size <= smallRing ? 14 : 18, FontWeight::medium);
     case PomodoroTimerStyle::analog:
-        return {text, {10, FontWeight::regular, colors::white}};
+        return figures(text, 10, FontWeight::regular);
     case PomodoroTimerStyle::minimal:
-        return {text, {44, FontWeight::ultraLight, colors::white}};
+        return figures(text, 44, FontWeight::ultraLight);
     }
-    return {text, {36, FontWeight::light, colors::white}};
+    return figures(text, 36, FontWeight::light);
 }
 
 StyledText PomodoroExpandedView::phaseLabel() const {

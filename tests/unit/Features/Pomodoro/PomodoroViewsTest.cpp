@@ -10,6 +10,10 @@
 namespace orvelle {
 namespace {
 
+TextStyle monospaced(double size, FontWeight weight, Color color = colors::white) {
+    return {size, weight, color, FontDesign::monospaced};
+}
+
 class PomodoroViewsTest : public testing::Test {
 protected:
     void setPhase(PomodoroPhase phase) {
@@ -61,16 +65,16 @@ TEST_F(PomodoroViewsTest, TheMenuListsTheStylesAndMarksTheCurrentOne) {
 
 TEST_F(PomodoroViewsTest, EveryStyleHasItsOwnFigures) {
     setStyle("digital");
-    EXPECT_EQ(view.time(80).style, (TextStyle{36, FontWeight::light, colors::white}));
+    EXPECT_EQ(view.time(80).style, monospaced(36, FontWeight::light));
     EXPECT_EQ(view.phaseLabel().text, "READY");
     setStyle("ring");
-    EXPECT_EQ(view.time(61).style, (TextStyle{18, FontWeight::medium, colors::white}));
-    EXPECT_EQ(view.time(60).style, (TextStyle{14, FontWeight::medium, colors::white}));
+    EXPECT_EQ(view.time(61).style, monospaced(18, FontWeight::medium));
+    EXPECT_EQ(view.time(60).style, monospaced(14, FontWeight::medium));
     EXPECT_EQ(view.phaseLabel().style.size, 9);
     setStyle("analog");
-    EXPECT_EQ(view.time(80).style.size, 10);
+    EXPECT_EQ(view.time(80).style, monospaced(10, FontWeight::regular));
     setStyle("minimal");
-    EXPECT_EQ(view.time(80).style, (TextStyle{44, FontWeight::ultraLight, colors::white}));
+    EXPECT_EQ(view.time(80).style, monospaced(44, FontWeight::ultraLight));
     EXPECT_EQ(view.phaseLabel().style.weight, FontWeight::semibold);
 }
 
@@ -100,10 +104,10 @@ TEST_F(PomodoroViewsTest, TheDotsFillWithTheSessions) {
 
 TEST_F(PomodoroViewsTest, TheSmallFormSaysFocusUntilAPhaseIsOn) {
     EXPECT_EQ(collapsed.text(),
-              (StyledText{"Focus", {10, FontWeight::medium, Color::white(1, 0.4)}}));
+              (StyledText{"Focus", monospaced(10, FontWeight::medium, Color::white(1, 0.4))}));
     EXPECT_EQ(collapsed.icon(), (StyledSymbol{"timer", 10, Color::white(1, 0.4)}));
     manager.startTimer();
-    EXPECT_EQ(collapsed.text().text, "25:00");
+    EXPECT_EQ(collapsed.text(), (StyledText{"25:00", monospaced(10, FontWeight::medium)}));
     EXPECT_EQ(collapsed.icon(), (StyledSymbol{"brain.head.profile", 10, Color::white(1, 0.7)}));
     setPhase(PomodoroPhase::longBreak);
     EXPECT_EQ(collapsed.icon().name, "cup.and.saucer");
