@@ -18,6 +18,14 @@ namespace {
 
 using Predicate = bool (*)(UChar32);
 
+bool isASCII(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+char loweredASCII(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
 bool isBlank(UChar32 character) {
     return character == '\t' || u_charType(character) == U_SPACE_SEPARATOR;
 }
@@ -89,6 +97,21 @@ std::string_view trimmingBlanksAndNewlines(std::string_view text) {
     return trimming(text, isBlankOrNewline);
 }
 
+std::string inOneLine(std::string_view text) {
+    constexpr std::string_view ends[] = {"\r\n", "\n",     "\v",     "\f",
+                                         "\r",   "\u0085", "\u2028", "\u2029"};
+    std::string line;
+    line.reserve(text.size());
+    while (!text.empty()) {
+        const auto* end = std::ranges::find_if(
+            ends, [&](std::string_view each) { return text.starts_with(each); });
+        const bool isEnd = end != std::end(ends);
+        line += isEnd ? ' ' : text.front();
+        text.remove_prefix(isEnd ? end->size() : 1);
+    }
+    return line;
+}
+
 std::string_view firstCharacters(std::string_view text, std::size_t count) {
     auto* boundaries = characterBoundaries();
     if (!boundaries)
@@ -108,6 +131,11 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
 
 std::string folded(std::string_view text, std::string_view locale) {
     const bool hasDotlessI = locale.starts_with("tr") || locale.starts_with("az");
+    if (!hasDotlessI && std::ranges::all_of(text, isASCII)) {
+        std::string result(text);
+        std::ranges::transform(result, result.begin(), loweredASCII);
+        return result;
+    }
     UErrorCode status = U_ZERO_ERROR;
     std::string cases;
     icu::StringByteSink<std::string> caseSink(&cases);

@@ -12,6 +12,9 @@ std::string_view trimmingBlanks(std::string_view text);
 /// Without the blanks and line ends at both ends.
 std::string_view trimmingBlanksAndNewlines(std::string_view text);
 
+/// With a blank for each line end, and all else as it stands.
+std::string inOneLine(std::string_view text);
+
 /// The longest beginning of at most `count` characters, as a reader counts them: a letter and its
 /// accents are one, and so is an emoji of several parts.
 std::string_view firstCharacters(std::string_view text, std::size_t count);

@@ -18,7 +18,8 @@ public:
     /// Longer texts are not read.
     static constexpr std::size_t maximumSize = 1 << 20;
     /// None when there is no text to be had: nothing or no text was copied, it is too long, its
-    /// owner marks it as secret, or the owner does not answer within seconds.
+    /// owner marks it as secret, or the owner does not answer within seconds. Copied files are no
+    /// text, though file managers offer their paths as one beside them.
     using Reading = std::function<void(std::optional<std::string>)>;
 
     /// None when no files were copied, or their owner does not answer within seconds.
@@ -31,6 +32,9 @@ public:
     /// Reads the text as it stands, in valid UTF-8. `done` may be called before this returns; a
     /// handle that dies calls it off.
     [[nodiscard]] virtual Subscription readString(Reading done) = 0;
+    /// Likewise the text that is selected in whichever program, for the middle button to paste.
+    /// Where there is no such thing, none.
+    [[nodiscard]] virtual Subscription readSelection(Reading done) = 0;
     /// Likewise the addresses of files of this machine, as file managers copy them.
     [[nodiscard]] virtual Subscription readFiles(FileReading done) = 0;
     /// Replaces the content; the change is counted when this returns.

@@ -42,9 +42,11 @@ public:
     SelectionOwner& operator=(const SelectionOwner&) = delete;
 
     /// Becomes the owner of the clipboard.
-    void copy() {
-        xcb_set_selection_owner(connection_, window_, atom("CLIPBOARD"), XCB_CURRENT_TIME);
-        xcb_flush(connection_);
+    void copy() { own("CLIPBOARD"); }
+    /// Becomes the owner of what the middle button pastes.
+    void select(const std::string& text) {
+        offers = {{"UTF8_STRING", text}};
+        own("PRIMARY");
     }
     void copy(const std::string& text) {
         offers = {{"UTF8_STRING", text}};
@@ -66,6 +68,10 @@ private:
         std::string rest;
     };
 
+    void own(const char* selection) {
+        xcb_set_selection_owner(connection_, window_, atom(selection), XCB_CURRENT_TIME);
+        xcb_flush(connection_);
+    }
     xcb_atom_t atom(const std::string& name) {
         auto& known = atoms_[name];
         if (known == XCB_ATOM_NONE) {

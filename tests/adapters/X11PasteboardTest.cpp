@@ -71,6 +71,51 @@ TEST_F(X11PasteboardTest, APictureHasNoText) {
     EXPECT_EQ(owner.requests, Texts{"TARGETS"});
 }
 
+TEST_F(X11PasteboardTest, CopiedFilesAreNoTextWhoeverCopiedThem) {
+    const std::string uris = "# files\r\nfile:///home/a%20b.txt\r\n";
+    for (const auto& offers : std::vector<std::map<std::string, std::string>>{
+             {{"text/uri-list", uris}, {"UTF8_STRING", "/home/a b.txt"}},
+             {{"text/uri-list", "FILE://elsewhere/a"}, {"STRING", "/a"}},
+             {{"text/uri-list", "sftp://host/a"},
+              {"x-special/gnome-copied-files", "copy\nsftp://host/a"},
+              {"text/plain;charset=utf-8", "sftp://host/a"}},
+             {{"x-special/mate-copied-files", "copy\nfile:///a"}, {"UTF8_STRING", "/a"}},
+             {{"application/x-kde-cutselection", "0"}, {"UTF8_STRING", "/a"}}}) {
+        owner.offers = offers;
+        copy();
+        EXPECT_EQ(readAndWait(), std::nullopt) << offers.begin()->first;
+    }
+}
+
+TEST_F(X11PasteboardTest, OwnFilesAreNoText) {
+    pasteboard.writeFiles({"file:///home/a.txt"});
+    EXPECT_EQ(readAndWait(), std::nullopt);
+}
+
+TEST_F(X11PasteboardTest, ACopiedLinkIsItsText) {
+    owner.offers = {{"text/uri-list", "https://host.example/file:///a\r\n"},
+                    {"UTF8_STRING", "https://host.example"}};
+    copy();
+    EXPECT_EQ(readAndWait(), "https://host.example");
+    EXPECT_EQ(owner.requests, (Texts{"TARGETS", "text/uri-list", "UTF8_STRING"}));
+}
+
+TEST_F(X11PasteboardTest, TheSelectionIsReadBesideTheClipboard) {
+    const auto readSelection = [this] {
+        std::optional<std::optional<std::string>> selected;
+        auto selecting = pasteboard.readSelection([&](auto answer) { selected = answer; });
+        read();
+        EXPECT_TRUE(waitUntil([&] { return isAnswered && selected; }));
+        return selected.value_or(std::nullopt);
+    };
+    copy("copied");
+    EXPECT_EQ(readSelection(), std::nullopt);
+    SelectionOwner other;
+    other.select("selected");
+    EXPECT_TRUE(waitUntil([&] { return readSelection() == "selected"; }));
+    EXPECT_EQ(text, "copied");
+}
+
 TEST_F(X11PasteboardTest, AnOwnerThatNeverAnswersIsGivenUp) {
     owner.isSilent = true;
     copy("never");

@@ -1,6 +1,7 @@
 #include "views/ViewFixture.h"
 
 #include <QCoreApplication>
+#include <QFontInfo>
 #include <QKeyEvent>
 #include <QTest>
 
@@ -156,13 +157,35 @@ TEST_F(ListPanelsTest, ANoteIsCopiedByItsButtonItsSwipeAndItsKey) {
     picture("notes");
 }
 
-TEST_F(ListPanelsTest, PastingReadsTheClipboardInOneLine) {
+TEST_F(ListPanelsTest, PastingKeepsTheTextAndTurnsLineEndsAloneIntoBlanks) {
     open(ActivePanel::todo, "field");
     type("ab");
-    platform.pasteboardPort.copy("one\ntwo ");
+    platform.pasteboardPort.copy("  one\n\ntwo\tthree   four\r\nfive ");
     QKeyEvent paste(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier, "\x16");
     QCoreApplication::sendEvent(&window, &paste);
-    EXPECT_EQ(textOf("field"), "abone two");
+    EXPECT_EQ(textOf("field"), "ab  one  two\tthree   four five ");
+}
+
+TEST_F(ListPanelsTest, TheMiddleButtonPastesTheSelectionWhereItIsPressed) {
+    open(ActivePanel::todo, "field");
+    type("behind");
+    platform.pasteboardPort.copy("copied");
+    platform.pasteboardPort.selection = "selected\n";
+    const auto frame = frameOf("field");
+    QTest::mouseClick(&window, Qt::MiddleButton, {},
+                      QPointF(frame.left() + 1, frame.center().y()).toPoint());
+    EXPECT_EQ(textOf("field"), "selected behind");
+    platform.pasteboardPort.selection.reset();
+    QTest::mouseClick(&window, Qt::MiddleButton, {}, frame.center().toPoint());
+    EXPECT_EQ(textOf("field"), "selected behind");
+}
+
+TEST_F(ListPanelsTest, CopiedFilesPasteNoText) {
+    open(ActivePanel::todo, "field");
+    platform.pasteboardPort.copyFiles({"file:///home/a.txt"}, "/home/a.txt");
+    QKeyEvent paste(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier, "\x16");
+    QCoreApplication::sendEvent(&window, &paste);
+    EXPECT_EQ(textOf("field"), "");
 }
 
 class ClipboardPanelTest : public ListPanelsTest {
@@ -233,6 +256,8 @@ TEST_F(PomodoroPanelTest, EveryStyleShowsTheTime) {
         play(300);
         show(style);
         EXPECT_EQ(textOf("time"), "20:00") << style;
+        const QFontInfo face(item("time")->property("font").value<QFont>());
+        EXPECT_TRUE(face.fixedPitch()) << style << ": " << face.family().toStdString();
         picture(std::string("pomodoro-") + style);
         pomodoro.reset();
     }

@@ -52,6 +52,8 @@ void X11Pasteboard::connect() {
         return;
     reader_ = std::make_unique<X11TextReader>(connection, window,
                                               internAtom(connection, clipboardName), patience_);
+    selectionReader_ = std::make_unique<X11TextReader>(connection, makeWindow(connection),
+                                                       XCB_ATOM_PRIMARY, patience_);
     arrivals_ = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection),
                                                   QSocketNotifier::Read);
     QObject::connect(arrivals_.get(), &QSocketNotifier::activated, arrivals_.get(),
@@ -88,6 +90,7 @@ void X11Pasteboard::handleEvents() {
             ++changeCount_;
         } else {
             reader_->handle(*event);
+            selectionReader_->handle(*event);
         }
     }
     if (xcb_connection_has_error(connection_.get()))
@@ -106,6 +109,16 @@ Subscription X11Pasteboard::readString(Reading done) {
         return {};
     }
     return reader_->read(ownedSince_, std::move(done));
+}
+
+Subscription X11Pasteboard::readSelection(Reading done) {
+    connect();
+    if (!selectionReader_) {
+        done(std::nullopt);
+        return {};
+    }
+    // Its owners are not followed: they change with every movement that selects.
+    return selectionReader_->read(XCB_CURRENT_TIME, std::move(done));
 }
 
 Subscription X11Pasteboard::readFiles(FileReading done) {

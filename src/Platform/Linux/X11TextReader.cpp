@@ -3,6 +3,7 @@
 #include "Platform/Linux/X11Connection.h"
 
 #include <QString>
+#include <QUtf8StringView>
 
 #include <algorithm>
 #include <utility>
@@ -14,9 +15,16 @@ namespace {
 constexpr std::uint32_t mostOffers = 1024;
 
 /// In the order of the enumeration, the properties left out.
-constexpr const char* atomNames[] = {
-    "TARGETS", "INCR", "x-kde-passwordManagerHint", "UTF8_STRING", "text/plain;charset=utf-8",
-    "STRING"};
+constexpr const char* atomNames[] = {"TARGETS",
+                                     "INCR",
+                                     "x-kde-passwordManagerHint",
+                                     "text/uri-list",
+                                     "x-special/gnome-copied-files",
+                                     "x-special/mate-copied-files",
+                                     "application/x-kde-cutselection",
+                                     "UTF8_STRING",
+                                     "text/plain;charset=utf-8",
+                                     "STRING"};
 
 using PropertyReply = X11::Reply<xcb_get_property_reply_t>;
 
@@ -34,12 +42,24 @@ std::size_t lengthOf(const PropertyReply& reply) {
 }
 
 /// What is said to be Latin-1 is UTF-8 from programs that do not care.
-QString decoded(const std::string& text, bool isCalledLatin1) {
+std::string decoded(std::string text, bool isCalledLatin1) {
+    constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+    const QUtf8StringView view(text.data(), static_cast<qsizetype>(text.size()));
+    if (view.isValidUtf8() && !text.starts_with(byteOrderMark))
+        return text; // a long text is not converted twice
     const auto bytes = QByteArray::fromStdString(text);
     auto decoded = QString::fromUtf8(bytes);
     if (isCalledLatin1 && decoded.contains(QChar::ReplacementCharacter))
-        return QString::fromLatin1(bytes);
-    return decoded;
+        decoded = QString::fromLatin1(bytes);
+    return decoded.toStdString();
+}
+
+/// Whether one of the addresses (RFC 2483) is a file's, wherever that is.
+bool namesFile(const std::string& uriList) {
+    const auto lines = QString::fromUtf8(QByteArray::fromStdString(uriList)).split(u'\n');
+    return std::ranges::any_of(lines, [](const QString& line) {
+        return line.startsWith(QStringLiteral("file:"), Qt::CaseInsensitive);
+    });
 }
 
 } // namespace
@@ -105,7 +125,7 @@ void X11TextReader::request(xcb_atom_t target, Step step) {
 
 void X11TextReader::answered(const xcb_selection_notify_event_t& event) {
     const bool isAwaited = step_ == Step::offers || step_ == Step::text;
-    if (!isAwaited || event.target != target_ || event.time != since_)
+    if (!isAwaited || event.requestor != window_ || event.target != target_ || event.time != since_)
         return;
     if (event.property == XCB_ATOM_NONE) { // refused
         if (step_ == Step::offers)
@@ -132,7 +152,7 @@ void X11TextReader::answered(const xcb_selection_notify_event_t& event) {
     } else {
         take(xcb_get_property_value(reply.get()), lengthOf(reply));
         if (step_ == Step::text)
-            finish(std::move(text_));
+            arrived();
     }
 }
 
@@ -151,7 +171,7 @@ void X11TextReader::propertyArrived(xcb_atom_t property) {
     } else if (lengthOf(reply) > 0) {
         take(xcb_get_property_value(reply.get()), lengthOf(reply));
     } else {
-        finish(std::move(text_));
+        arrived();
     }
 }
 
@@ -160,10 +180,13 @@ void X11TextReader::chooseOffer(const std::vector<xcb_atom_t>& offers) {
         return std::find(offers.begin(), offers.end(), atoms_[atom]) != offers.end();
     };
     acceptable_.clear();
-    if (!offered(secretMark))
+    const auto marks = {secretMark, fileMark, otherFileMark, cutMark};
+    if (std::ranges::none_of(marks, offered))
         for (const auto kind : {latin1, plainText, utf8})
             if (offered(kind))
                 acceptable_.push_back(atoms_[kind]);
+    if (!acceptable_.empty() && offered(uriList))
+        acceptable_.push_back(atoms_[uriList]);
     requestNextOffer();
 }
 
@@ -183,11 +206,20 @@ void X11TextReader::take(const void* bytes, std::size_t count) {
         finish(std::nullopt);
 }
 
+void X11TextReader::arrived() {
+    if (target_ != atoms_[uriList])
+        finish(std::move(text_));
+    else if (namesFile(text_))
+        finish(std::nullopt);
+    else
+        requestNextOffer(); // the text of a link
+}
+
 void X11TextReader::finish(std::optional<std::string> text) {
     deadline_.stop();
     step_ = Step::idle;
     if (text)
-        text = decoded(*text, target_ == atoms_[latin1]).toStdString();
+        text = decoded(*std::move(text), target_ == atoms_[latin1]);
     text_.clear();
     xcb_flush(connection_);
     // Whoever reads anew when it is called waits for another answer.

@@ -14,8 +14,9 @@
 
 namespace orvelle {
 
-/// Reads a selection's text in steps, each an event: what it is offered as, then the text, in one
-/// piece or in many. It waits for the X server alone, never for the selection's owner.
+/// Reads a selection's text in steps, each an event: what it is offered as, then the addresses that
+/// are offered beside it, which may be those of files, then the text, in one piece or in many. It
+/// waits for the X server alone, never for the selection's owner.
 ///
 /// Whatever arrives late or unasked is deleted unread, which also lets the sender of a text in
 /// pieces come to its end.
@@ -35,7 +36,19 @@ public:
 
 private:
     enum class Step { idle, offers, text, pieces };
-    enum Atom { targets, incremental, secretMark, utf8, plainText, latin1, firstProperty };
+    enum Atom {
+        targets,
+        incremental,
+        secretMark,
+        uriList,
+        fileMark,
+        otherFileMark,
+        cutMark,
+        utf8,
+        plainText,
+        latin1,
+        firstProperty
+    };
     /// Each request has a property of its own for the answer, so that late ones are told apart.
     static constexpr std::size_t propertyCount = 8;
     using Waiting = std::map<std::uint64_t, Pasteboard::Reading>;
@@ -46,6 +59,7 @@ private:
     void chooseOffer(const std::vector<xcb_atom_t>& offers);
     void requestNextOffer();
     void take(const void* bytes, std::size_t count);
+    void arrived();
     void finish(std::optional<std::string> text);
 
     xcb_connection_t* connection_;

@@ -55,11 +55,21 @@ FocusScope {
         color: root.promptColor
         font: input.font
     }
-    // The middle button would paste the selection, and wait for its owner.
+    // The field would wait for the selection's owner.
     MouseArea {
         anchors.fill: parent
         acceptedButtons: Qt.MiddleButton
         cursorShape: Qt.IBeamCursor
+        onPressed: {
+            input.forceActiveFocus(Qt.MouseFocusReason)
+            root.pressed()
+        }
+        onReleased: mouse => {
+            const place = mapToItem(input, mouse.x, mouse.y)
+            input.deselect()
+            input.cursorPosition = input.positionAt(place.x, place.y)
+            clipboard.pasteSelection()
+        }
     }
     FieldClipboard {
         id: clipboard

@@ -1,5 +1,6 @@
 #include "Views/Qt/FieldClipboard.h"
 
+#include "Foundation/Text.h"
 #include "Platform/Pasteboard.h"
 #include "Views/Qt/Values.h"
 
@@ -19,10 +20,16 @@ void FieldClipboard::setField(QQuickItem* field) {
 }
 
 void FieldClipboard::paste() {
-    reading_ = platform_->pasteboard().readString([this](const auto& text) {
-        if (text)
-            Q_EMIT pasted(toQt(std::string_view(*text)).simplified());
-    });
+    reading_ = platform_->pasteboard().readString([this](const auto& text) { take(text); });
+}
+
+void FieldClipboard::pasteSelection() {
+    reading_ = platform_->pasteboard().readSelection([this](const auto& text) { take(text); });
+}
+
+void FieldClipboard::take(const std::optional<std::string>& text) {
+    if (text)
+        Q_EMIT pasted(toQt(std::string_view(Text::inOneLine(*text))));
 }
 
 } // namespace orvelle

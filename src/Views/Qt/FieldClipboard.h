@@ -5,6 +5,9 @@
 #include <QPointer>
 #include <QQuickItem>
 
+#include <optional>
+#include <string>
+
 namespace orvelle {
 
 /// Pastes into a text field. The toolkit's own fields read the clipboard at every change of it, and
@@ -20,6 +23,8 @@ public:
 
     /// Reads the clipboard's text, which arrives with `pasted`, in one line.
     Q_INVOKABLE void paste();
+    /// The same with the text that is selected somewhere.
+    Q_INVOKABLE void pasteSelection();
 
 Q_SIGNALS:
     void fieldChanged();
@@ -30,6 +35,8 @@ protected:
     void refresh() override {}
 
 private:
+    void take(const std::optional<std::string>& text);
+
     Platform* platform_ = nullptr;
     QPointer<QQuickItem> field_;
     Subscription reading_;

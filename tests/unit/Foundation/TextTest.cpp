@@ -31,6 +31,20 @@ TEST(TextTest, CharactersCountAsAReaderCountsThem) {
               "👩‍👩‍👧🇩🇪");
 }
 
+TEST(TextTest, InOneLineEveryLineEndIsABlankAndNothingElseIs) {
+    EXPECT_EQ(Text::inOneLine("a\nb\r\nc\rd\n\ne"), "a b c d  e");
+    EXPECT_EQ(Text::inOneLine("\v\f\u0085\u2028\u2029"), "     ");
+    EXPECT_EQ(Text::inOneLine("  a\t b\u00a0  c \u2030 "), "  a\t b\u00a0  c \u2030 ");
+    EXPECT_EQ(Text::inOneLine(""), "");
+}
+
+TEST(TextTest, FoldingKnowsEveryLetterOfASCIIAndNothingAround) {
+    std::string all;
+    for (char byte = 1; byte < 0x7f; ++byte)
+        all += byte;
+    EXPECT_EQ(Text::folded(all), Text::folded(all + "é").substr(0, all.size()));
+}
+
 TEST(TextTest, FoldedTextsDifferInMoreThanCase) {
     EXPECT_EQ(Text::folded("STRASSE Éa"), Text::folded("straße e\u0301A"));
     EXPECT_NE(Text::folded("a"), Text::folded("b"));
