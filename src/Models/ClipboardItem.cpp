@@ -3,14 +3,20 @@
 #include "Foundation/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <functional>
 
 namespace orvelle {
 
 namespace {
 
+/// Texts may be long: a part of several bytes is looked for in steps of its length.
 bool contains(std::string_view text, std::string_view part) {
-    return text.find(part) != std::string_view::npos;
+    if (part.size() <= 1)
+        return text.find(part) != std::string_view::npos;
+    const std::boyer_moore_horspool_searcher searcher(part.begin(), part.end());
+    return std::search(text.begin(), text.end(), searcher) != text.end();
 }
 
 bool isHexDigit(char character) {
@@ -19,10 +25,17 @@ bool isHexDigit(char character) {
 }
 
 /// Letters beyond ASCII count: what takes addresses escapes them.
+constexpr auto urlBytes = [] {
+    std::array<bool, 256> may{};
+    for (std::size_t code = ' ' + 1; code < may.size(); ++code)
+        may[code] = code != 0x7f;
+    for (const char excluded : std::string_view("\"<>\\^`{|}"))
+        may[static_cast<unsigned char>(excluded)] = false;
+    return may;
+}();
+
 bool mayStandInUrl(char character) {
-    constexpr std::string_view excluded = "\"<>\\^`{|}";
-    const auto code = static_cast<unsigned char>(character);
-    return code > ' ' && code != 0x7f && !contains(excluded, {&character, 1});
+    return urlBytes[static_cast<unsigned char>(character)];
 }
 
 bool isUrl(std::string_view text) {

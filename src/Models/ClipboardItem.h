@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Foundation/Date.h"
+#include "Foundation/SharedText.h"
 #include "Foundation/UUID.h"
 
 #include <optional>
@@ -18,7 +19,7 @@ ClipboardContentType detectContentType(std::string_view text);
 /// A text that was copied.
 struct ClipboardItem {
     UUID id;
-    std::string content; ///< as it stands, surrounding white space kept
+    SharedText content; ///< as it stands, surrounding white space kept
     std::optional<std::string> sourceAppBundleID;
     std::string sourceAppName = "Unknown";
     Date timestamp;

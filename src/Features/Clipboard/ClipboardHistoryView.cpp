@@ -2,7 +2,6 @@
 
 #include "App/Constants.h"
 #include "Features/Clipboard/ClipboardManager.h"
-#include "Foundation/Text.h"
 #include "Models/Symbol.h"
 #include "Platform/Formatting.h"
 #include "Platform/RunLoop.h"
@@ -55,28 +54,11 @@ FilePlaceholder ClipboardHistoryView::emptyStateView() const {
             {"No clipboard history", {12, FontWeight::regular, notchTertiary}}};
 }
 
-std::vector<ClipboardItem> ClipboardHistoryView::filteredItems() {
-    auto items = manager_.items.get();
-    std::erase_if(folded_, [&](const auto& entry) { return !find(manager_, entry.first); });
-    if (searchText.empty())
-        return items;
-    const auto wanted = Text::folded(searchText, platform_.formatting().locale());
-    std::erase_if(items, [&](const ClipboardItem& item) {
-        return folded(item).find(wanted) == std::string::npos;
-    });
-    return items;
+std::vector<ClipboardItem> ClipboardHistoryView::filteredItems() const {
+    return manager_.itemsContaining(searchText);
 }
 
-const std::string& ClipboardHistoryView::folded(const ClipboardItem& item) {
-    auto known = folded_.find(item.id);
-    if (known == folded_.end())
-        known =
-            folded_.emplace(item.id, Text::folded(item.content, platform_.formatting().locale()))
-                .first;
-    return known->second;
-}
-
-std::vector<ClipboardHistoryView::ClipboardItemRow> ClipboardHistoryView::rows() {
+std::vector<ClipboardHistoryView::ClipboardItemRow> ClipboardHistoryView::rows() const {
     std::vector<ClipboardItemRow> rows;
     for (const auto& item : filteredItems())
         rows.push_back(row(item));

@@ -4,10 +4,10 @@
 #include "Foundation/Date.h"
 #include "Models/ClipboardItem.h"
 #include "Platform/Platform.h"
+#include "Views/Components/EntryList.h"
 #include "Views/Components/FilePlaceholder.h"
 #include "Views/Components/TextStyle.h"
 
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,6 +53,7 @@ public:
     static constexpr TextStyle searchStyle{12, FontWeight::regular, colors::white};
     static constexpr Color promptColor = notchTertiary;
     static constexpr std::string_view searchPrompt = "Search clipboard...";
+    static constexpr Seconds focusDelay = EntryList::focusDelay;
     static constexpr Seconds deletionDuration = 0.2; ///< eased out
 
     std::string searchText;
@@ -60,19 +61,17 @@ public:
     StyledSymbol searchSymbol() const;
     FilePlaceholder emptyStateView() const;
     /// The items whose content contains the search text, whatever the case; all without one.
-    std::vector<ClipboardItem> filteredItems();
-    std::vector<ClipboardItemRow> rows();
+    std::vector<ClipboardItem> filteredItems() const;
+    std::vector<ClipboardItemRow> rows() const;
 
     void copy(UUID id);
     void remove(UUID id);
 
 private:
     ClipboardItemRow row(const ClipboardItem& item) const;
-    const std::string& folded(const ClipboardItem& item);
 
     ClipboardManager& manager_;
     Platform& platform_;
-    std::map<UUID, std::string> folded_; ///< contents prepared for comparison, when first searched
 };
 
 } // namespace orvelle

@@ -12,7 +12,8 @@ namespace orvelle {
 
 ClipboardManager::ClipboardManager(Platform& platform)
     : FeatureModule("clipboard", "Clipboard", std::string("doc.on.clipboard"_symbol)),
-      platform_(platform) {}
+      platform_(platform), search_(platform),
+      searchFollows_(items.observe([this](const auto& list) { search_.follow(list); })) {}
 
 void ClipboardManager::start() {
     if (!isEnabled)
@@ -73,6 +74,16 @@ void ClipboardManager::copyToClipboard(const ClipboardItem& item) {
         return;
     std::rotate(list.begin(), found, std::next(found));
     items = std::move(list);
+}
+
+std::vector<ClipboardItem> ClipboardManager::itemsContaining(std::string_view text) {
+    auto found = items.get();
+    if (text.empty())
+        return found;
+    const auto wanted = search_.prepared(text);
+    std::erase_if(found,
+                  [&](const ClipboardItem& item) { return !search_.contains(item, wanted); });
+    return found;
 }
 
 void ClipboardManager::deleteItem(const ClipboardItem& item) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Features/Clipboard/ClipboardSearch.h"
 #include "Models/ClipboardItem.h"
 #include "Platform/FrontmostApplication.h"
 #include "Platform/Platform.h"
@@ -9,6 +10,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orvelle {
@@ -28,19 +30,24 @@ public:
 
     /// What is on the pasteboard already is not captured.
     void start() override;
+    /// One look at the pasteboard, as the timer takes it.
+    void checkForChanges();
 
     /// Puts the text on the pasteboard, without capturing it, and the item to the top of the list.
     void copyToClipboard(const ClipboardItem& item);
+    /// What of the list has the text in its content, whatever the case; all without a text.
+    std::vector<ClipboardItem> itemsContaining(std::string_view text);
     /// Every item with the same identifier.
     void deleteItem(const ClipboardItem& item);
 
 private:
-    void checkForChanges();
     void capture(std::string text, const std::optional<ApplicationIdentity>& source);
     void pruneExpiredItems(std::vector<ClipboardItem>& list) const;
 
     Platform& platform_;
     Subscription reading_;
+    ClipboardSearch search_;
+    Subscription searchFollows_;
 };
 
 } // namespace orvelle

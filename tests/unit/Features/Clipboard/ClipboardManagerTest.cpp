@@ -1,11 +1,19 @@
 #include "Features/Clipboard/ClipboardManager.h"
 
 #include "Platform/Simulated/SimulatedPlatform.h"
+#include "Support/ThreadedRunLoop.h"
 
 #include <gtest/gtest.h>
 
 namespace orvelle {
 namespace {
+
+/// A machine whose background work is on threads.
+class ThreadedMachine : public SimulatedPlatform {
+public:
+    ThreadedRunLoop loop;
+    RunLoop& runLoop() override { return loop; }
+};
 
 class ClipboardManagerTest : public testing::Test {
 protected:
@@ -48,6 +56,52 @@ TEST_F(ClipboardManagerTest, AfterAClickOnAnOlderEntryItMovesToTheTopAndNoNewEnt
     tick();
     EXPECT_EQ(contents(), (Contents{"a", "b"}));
     EXPECT_EQ(manager.items->front(), older) << "time and source stay";
+}
+
+TEST_F(ClipboardManagerTest, CopiedFilesAreNoText) {
+    pasteboard().copyFiles({"file:///home/a.txt"}, "/home/a.txt");
+    tick();
+    EXPECT_EQ(contents(), Contents{});
+    copy("a text");
+    EXPECT_EQ(contents(), Contents{"a text"});
+}
+
+TEST_F(ClipboardManagerTest, ACaptureCopiesNoTextOfTheList) {
+    copy("a");
+    const auto* held = &manager.items->front().content.get();
+    copy("b");
+    EXPECT_EQ(&manager.items->back().content.get(), held);
+    manager.copyToClipboard(manager.items->back());
+    EXPECT_EQ(&manager.items->front().content.get(), held);
+    EXPECT_EQ(&manager.itemsContaining("A").front().content.get(), held);
+}
+
+TEST(ClipboardSearchTest, EveryCaptureIsPreparedForTheSearchInTheBackgroundOnce) {
+    ThreadedMachine machine;
+    ClipboardManager manager(machine);
+    manager.start();
+    for (const char* text : {"First", "Second"}) {
+        const int before = machine.loop.detachCount;
+        machine.pasteboardPort.copy(text);
+        machine.loop.advance(ClipboardManager::pollInterval);
+        EXPECT_EQ(machine.loop.detachCount, before + 1);
+        machine.loop.complete();
+    }
+    EXPECT_EQ(manager.itemsContaining("FIRST").size(), 1u);
+    EXPECT_EQ(manager.itemsContaining("first").front().content, "First");
+    EXPECT_EQ(manager.itemsContaining("").size(), 2u);
+    EXPECT_EQ(machine.loop.detachCount, 2);
+}
+
+TEST(ClipboardSearchTest, WhatTheBackgroundHasNotComeToIsFoundAllTheSame) {
+    ThreadedMachine machine;
+    machine.loop.isBusy = true;
+    ClipboardManager manager(machine);
+    manager.start();
+    machine.pasteboardPort.copy("Straße");
+    machine.loop.advance(ClipboardManager::pollInterval);
+    EXPECT_EQ(manager.itemsContaining("STRASSE").size(), 1u);
+    EXPECT_TRUE(manager.itemsContaining("other").empty());
 }
 
 TEST_F(ClipboardManagerTest, WithTheMaximumAgeAt0TheLimitIs24Hours) {
