@@ -60,16 +60,9 @@ FormPage {
                     anchors.right: parent.right
                     anchors.verticalCenter: parent.verticalCenter
                     content: row.entry.eye
-                    name: qsTr("%1: %2").arg(row.entry.help).arg(row.name)
+                    name: qsTr("%1: %2").arg(help).arg(row.name)
+                    help: row.entry.help
                     onClicked: view.toggleVisibility(row.entry.id)
-
-                    HoverHandler {
-                        id: pointer
-                    }
-                    FormHelp {
-                        text: row.entry.help
-                        visible: pointer.hovered
-                    }
                 }
             }
         }

@@ -6,6 +6,7 @@ FocusScope {
     id: root
 
     property int current: 0
+    readonly property HelpTip helpTip: help
 
     function choose(index) {
         current = (index + tabs.count) % tabs.count
@@ -32,6 +33,13 @@ FocusScope {
     Rectangle {
         anchors.fill: parent
         color: FormStyle.windowColor
+    }
+    HelpTip {
+        id: help
+        color: FormStyle.popupColor
+        border.color: FormStyle.edgeColor
+        textColor: FormStyle.textColor
+        textSize: FormStyle.noteSize
     }
     FocusScope {
         id: bar

@@ -6,6 +6,7 @@ FocusScope {
     id: root
 
     property NotchContentBinding view
+    readonly property HelpTip helpTip: help
 
     objectName: "expandedContent"
     focus: true
@@ -22,6 +23,9 @@ FocusScope {
             menu.openAt(width / 2, divider.y)
     }
 
+    HelpTip {
+        id: help
+    }
     ContextMenu {
         id: menu
         anchors.fill: parent

@@ -188,6 +188,76 @@ TEST_F(ListPanelsTest, CopiedFilesPasteNoText) {
     EXPECT_EQ(textOf("field"), "");
 }
 
+class HelpTest : public ListPanelsTest {
+protected:
+    void hover(const QString& objectName) {
+        ASSERT_TRUE(eventually([&] { return item(objectName) != nullptr; }));
+        hover(frameOf(objectName).center());
+    }
+    void hover(QPointF at) { QTest::mouseMove(&window, at.toPoint()); }
+    bool isHelpShown() { return item("help")->isVisible(); }
+    bool isHelpShownSoon() {
+        return eventually([&] { return isHelpShown(); });
+    }
+    bool isHelpGoneSoon() {
+        return eventually([&] { return !isHelpShown(); });
+    }
+    QString help() { return item("help")->childItems().constFirst()->property("text").toString(); }
+};
+
+TEST_F(HelpTest, TheNotesCopyButtonShowsWhatItDoes) {
+    notes.addItem("a");
+    open(ActivePanel::notes, "field");
+    hover("rowButton");
+    ASSERT_TRUE(isHelpShownSoon());
+    EXPECT_EQ(help(), "Copy to clipboard");
+    EXPECT_TRUE(frameOf("expandedContent").contains(frameOf("help")));
+    EXPECT_FALSE(frameOf("help").intersects(frameOf("rowButton")));
+    picture("help-notes");
+    hover("field");
+    EXPECT_TRUE(isHelpGoneSoon());
+}
+
+TEST_F(HelpTest, APressEndsTheHelp) {
+    notes.addItem("a");
+    open(ActivePanel::notes, "field");
+    hover("rowButton");
+    ASSERT_TRUE(isHelpShownSoon());
+    QTest::mousePress(&window, Qt::LeftButton, {}, frameOf("rowButton").center().toPoint());
+    EXPECT_FALSE(isHelpShown());
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, frameOf("rowButton").center().toPoint());
+    EXPECT_EQ(platform.pasteboardPort.text, "a") << "and the press is the button's all the same";
+}
+
+TEST_F(HelpTest, ATasksButtonShowsWhatItDoes) {
+    todo.addItem("a");
+    open(ActivePanel::todo, "field");
+    hover("rowButton");
+    ASSERT_TRUE(isHelpShownSoon());
+    EXPECT_EQ(help(), "Done");
+}
+
+TEST_F(HelpTest, GoesWithWhatItHelpsWith) {
+    notes.addItem("a");
+    open(ActivePanel::notes, "field");
+    hover("rowButton");
+    ASSERT_TRUE(isHelpShownSoon());
+    notes.clear();
+    EXPECT_TRUE(isHelpGoneSoon());
+}
+
+TEST_F(HelpTest, ATabThatTheKeyboardRestsOnIsNamed) {
+    show(ActivePanel::battery);
+    item("tab.battery")->forceActiveFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(isHelpShownSoon());
+    EXPECT_EQ(help(), "Battery");
+    press(Qt::Key_Right);
+    EXPECT_TRUE(isHelpShown()) << "from one to the next it follows at once";
+    EXPECT_NE(help(), "Battery");
+    press(Qt::Key_Space, " ");
+    EXPECT_FALSE(isHelpShown());
+}
+
 class ClipboardPanelTest : public ListPanelsTest {
 protected:
     ClipboardPanelTest() {
@@ -216,10 +286,14 @@ TEST_F(ClipboardPanelTest, AClickCopiesAndMovesTheRowToTheTop) {
     EXPECT_EQ(clipboard.items->front().content, "first text");
 }
 
+TEST_F(ClipboardPanelTest, TheSearchFieldTakesTheKeyboardWhenThePanelAppears) {
+    open(ActivePanel::clipboard, "field");
+    type("f");
+    EXPECT_EQ(textOf("field"), "f");
+}
+
 TEST_F(ClipboardPanelTest, TypingSearches) {
-    show(ActivePanel::clipboard);
-    click("searchField");
-    item("field")->forceActiveFocus();
+    open(ActivePanel::clipboard, "field");
     type("FIRST");
     EXPECT_EQ(item("history")->property("count"), 1);
     type("x");

@@ -243,6 +243,15 @@ TEST_F(SettingsViewTest, AWidgetGoesToAnotherZoneAndAnEmptyZoneSaysSo) {
     EXPECT_EQ(focused(), QStringLiteral("zonePicker"));
 }
 
+TEST_F(SettingsViewTest, TheEyeSaysWhatItDoes) {
+    choose(4);
+    auto* eye = item(find(QStringLiteral("row.calendar")), QStringLiteral("eye"));
+    eye->forceActiveFocus(Qt::TabFocusReason);
+    auto* help = find(QStringLiteral("help"));
+    ASSERT_TRUE(eventually([&] { return help->isVisible(); }));
+    EXPECT_EQ(help->childItems().constFirst()->property("text"), "Hide panel");
+}
+
 TEST_F(SettingsViewTest, TheEyeHidesItsPanelAlone) {
     choose(4);
     press(item(find(QStringLiteral("row.calendar")), QStringLiteral("eye")));

@@ -89,4 +89,9 @@ FocusScope {
         visible: list.count === 0
         placeholder: view.emptyState
     }
+    Timer {
+        interval: view.focusDelay * 1000
+        running: true
+        onTriggered: field.forceActiveFocus()
+    }
 }

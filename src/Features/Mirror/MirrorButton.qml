@@ -5,8 +5,8 @@ import Orvelle
 Rectangle {
     id: root
 
-    property string helpText
-    readonly property alias isHovered: pointer.containsMouse
+    property string name
+    property string help
     signal clicked
 
     activeFocusOnTab: true
@@ -14,7 +14,7 @@ Rectangle {
     border.color: Style.focusColor
     border.width: activeFocus ? 1 : 0
     Accessible.role: Accessible.Button
-    Accessible.name: helpText
+    Accessible.name: name
     Accessible.focusable: true
     Accessible.focused: activeFocus
     Accessible.onPressAction: clicked()
@@ -27,5 +27,8 @@ Rectangle {
         anchors.fill: parent
         hoverEnabled: true
         onClicked: root.clicked()
+    }
+    HelpSpot {
+        helpText: root.help
     }
 }

@@ -44,7 +44,6 @@ Item {
                 }
             }
             MirrorButton {
-                id: toggle
                 objectName: "mirrorToggle"
                 anchors.top: parent.top
                 anchors.right: parent.right
@@ -53,18 +52,15 @@ Item {
                 height: width
                 radius: width / 2
                 color: view.toggleBackground
-                helpText: view.toggleHelp
+                name: help
+                help: view.toggleHelp
                 onClicked: view.toggleMirrored()
-                onIsHoveredChanged: isHovered ? tip.offer(toggle) : tip.withdraw(toggle)
 
                 PanelSymbol {
                     id: symbol
                     content: view.toggleSymbol
                     anchors.centerIn: parent
                 }
-            }
-            HelpTip {
-                id: tip
             }
         }
     }
@@ -97,7 +93,7 @@ Item {
                     height: caption.height + 2 * view.buttonVerticalPadding
                     radius: view.buttonCornerRadius
                     color: view.buttonBackground
-                    helpText: caption.text
+                    name: caption.text
                     onClicked: view.openSystemSettings()
 
                     PanelText {

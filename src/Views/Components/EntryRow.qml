@@ -35,7 +35,8 @@ SwipeRow {
         height: 16
         anchors.verticalCenter: parent.verticalCenter
         content: root.entry.button
-        name: root.entry.help
+        name: help
+        help: root.entry.help
         activeFocusOnTab: false
         onClicked: root.leadingPerformed()
     }

@@ -7,6 +7,7 @@ Item {
 
     property var content
     property string name
+    property string help
     property real margin: 4
     signal clicked
 
@@ -41,5 +42,8 @@ Item {
         anchors.margins: -root.margin
         hoverEnabled: true
         onClicked: root.clicked()
+    }
+    HelpSpot {
+        helpText: root.help
     }
 }

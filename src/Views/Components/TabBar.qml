@@ -40,7 +40,6 @@ FocusScope {
             onClicked: root.selected(entry.id)
             Keys.onLeftPressed: root.focusTab(index - 1)
             Keys.onRightPressed: root.focusTab(index + 1)
-            onIsHoveredChanged: isHovered ? help.offer(button) : help.withdraw(button)
         }
     }
 
@@ -48,9 +47,5 @@ FocusScope {
         isLedByPointer = false
         const tab = tabs.itemAt((index + tabs.count) % tabs.count)
         tab.forceActiveFocus(Qt.TabFocusReason)
-    }
-
-    HelpTip {
-        id: help
     }
 }

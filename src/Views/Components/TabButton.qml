@@ -6,8 +6,6 @@ Rectangle {
     id: root
 
     property var tab
-    readonly property alias isHovered: pointer.containsMouse
-    readonly property string helpText: tab.label
     property bool showsFocus: activeFocus
     signal pressed
     signal clicked
@@ -43,5 +41,8 @@ Rectangle {
         hoverEnabled: true
         onPressed: root.pressed()
         onClicked: root.clicked()
+    }
+    HelpSpot {
+        helpText: root.tab.label
     }
 }
