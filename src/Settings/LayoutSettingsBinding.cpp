@@ -21,7 +21,7 @@ void HoverLayoutSettingsBinding::attach(const ViewEnvironment& environment) {
             QVariantMap{{QStringLiteral("value"), toQt(rawValue(zone))},
                         {QStringLiteral("label"), toQt(HoverLayoutSettingsView::zoneName(zone))}});
     show_zones(shown);
-    follow(environment.notch.hoverLayoutManager.placements, theme_->systemAccentRefresh);
+    follow(environment.notch.hoverLayoutManager.placements, *theme_);
 }
 
 void HoverLayoutSettingsBinding::refresh() {
@@ -68,7 +68,7 @@ void HoverLayoutSettingsBinding::setVisible(const QString& id, bool isVisible) {
 void PanelOrderSettingsBinding::attach(const ViewEnvironment& environment) {
     const auto& theme = environment.notch.themeManager;
     view_.emplace(environment.notch.panelOrderManager, theme);
-    follow(environment.notch.panelOrderManager.panelOrder, theme.systemAccentRefresh);
+    follow(environment.notch.panelOrderManager.panelOrder, theme);
 }
 
 void PanelOrderSettingsBinding::refresh() {

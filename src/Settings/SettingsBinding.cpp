@@ -12,8 +12,7 @@ void SettingsBinding::attach(const ViewEnvironment& environment) {
                                     {QStringLiteral("symbol"), toQt(tab.symbol)},
                                     {QStringLiteral("view"), toQt(tab.view)}});
     show_tabs(shown);
-    follow(theme_->systemAccentRefresh, theme_->themeMode, theme_->customAccentHue,
-           theme_->customAccentSaturation);
+    follow(*theme_);
 }
 
 void SettingsBinding::refresh() {

@@ -88,7 +88,7 @@ std::vector<SettingsRowValue> rowValues(const std::vector<SettingsRow>& rows) {
 void SettingsPageBinding::attach(const ViewEnvironment& environment) {
     theme_ = &environment.notch.themeManager;
     page_ = makePage(environment);
-    follow(page_->rows, theme_->systemAccentRefresh);
+    follow(page_->rows, *theme_);
 }
 
 void SettingsPageBinding::refresh() {

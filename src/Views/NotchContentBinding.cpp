@@ -70,8 +70,7 @@ void NotchContentBinding::attach(const ViewEnvironment& environment) {
     follow(state_->expandedState, state_->notchSize, state_->activePanel, state_->isHUDVisible,
            state_->hudType, state_->hudValue);
     follow(view_->animationSpeed, notch.panelOrderManager.panelOrder);
-    follow(notch.themeManager.themeMode, notch.themeManager.customAccentHue,
-           notch.themeManager.customAccentSaturation, notch.themeManager.systemAccentRefresh);
+    follow(notch.themeManager);
     // What widens the hover bar.
     follow(notch.hoverLayoutManager.placements, notch.mediaManager.currentMedia,
            notch.weatherManager.weather, notch.fileShelfManager.isEnabled,

@@ -30,6 +30,14 @@ protected:
         return step->x() == 0 && step->opacity() == 1;
     }
 
+    static int pixelsIn(const QImage& picture, const QColor& color) {
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                count += picture.pixelColor(x, y) == color;
+        return count;
+    }
+
     int completions = 0;
     ViewEngine engine{ViewEnvironment{environment, platform, {}, {}, [this] { ++completions; }}};
     QQuickWindow shell;
@@ -54,6 +62,26 @@ TEST_F(OnboardingPictureTest, TheKeyboardReachesEveryControlOfEveryStepAndIsSeen
         keyboard.press(Qt::Key_Return);
     }
     EXPECT_EQ(completions, 1);
+}
+
+TEST_F(OnboardingPictureTest, EveryStepIsRecolouredAtOnceByAModeFromOutside) {
+    platform.appearancePort.accent = Color{1, 0, 0};
+    platform.userDefaultsPort.set("customAccentHue", 0.5);
+    const QColor custom = toQt(Color::hsb(0.5, 0.8, 0.9));
+    for (int step = 0; step < 7; ++step) {
+        platform.userDefaultsPort.set("themeMode", std::string("system"));
+        turn();
+        ASSERT_TRUE(eventually([this] { return isAtRest(); })) << step;
+        const auto before = shell.grabWindow();
+        platform.userDefaultsPort.set("themeMode", std::string("custom"));
+        turn();
+        const auto after = shell.grabWindow();
+        EXPECT_EQ(pixelsIn(before, custom), 0) << step;
+        EXPECT_GT(pixelsIn(after, custom), 50) << step;
+        EXPECT_EQ(pixelsIn(after, QColor(Qt::red)), 0) << step;
+        ASSERT_TRUE(keyboard.leadsTo(item(wizard.get(), QStringLiteral("forward"))));
+        keyboard.press(Qt::Key_Return);
+    }
 }
 
 } // namespace

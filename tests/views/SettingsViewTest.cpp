@@ -158,6 +158,52 @@ TEST_F(SettingsViewTest, AFeatureThatGoesOffTakesItsRowsAlong) {
     EXPECT_EQ(find(QStringLiteral("row.fileShelfMaxItems")), nullptr);
 }
 
+/// How many things below `top` are painted in a colour: fills, texts and symbols.
+int paintedIn(QQuickItem* top, const QColor& color) {
+    int count = 0;
+    const auto own = top->property("color");
+    const auto content = top->property("content");
+    if (top->isVisible() && own.isValid() && own.value<QColor>() == color)
+        ++count;
+    if (top->isVisible() && content.canConvert<SymbolValue>() &&
+        content.value<SymbolValue>().color == color)
+        ++count;
+    for (auto* child : top->childItems())
+        count += paintedIn(child, color);
+    return count;
+}
+
+class ThemedPages : public SettingsViewTest {
+protected:
+    static constexpr Color red{1, 0, 0};
+    static QColor custom() { return toQt(Color::hsb(0.5, 0.8, 0.9)); }
+};
+
+TEST_F(ThemedPages, EveryPageIsRecolouredAtOnceByAModeFromOutside) {
+    platform.appearancePort.accent = red;
+    platform.userDefaultsPort.set("customAccentHue", 0.5);
+    for (int tab = 0; tab < static_cast<int>(SettingsView::tabs().size()); ++tab) {
+        const auto name = SettingsView::tabs().at(static_cast<std::size_t>(tab)).title;
+        platform.userDefaultsPort.set("themeMode", std::string("system"));
+        choose(tab);
+        auto* page = find(QStringLiteral("page"));
+        const int before = paintedIn(page, toQt(red));
+        EXPECT_GT(before, 0) << name;
+        platform.userDefaultsPort.set("themeMode", std::string("custom"));
+        turn();
+        EXPECT_EQ(paintedIn(settings.get(), toQt(red)), 0) << name;
+        EXPECT_GE(paintedIn(page, custom()), before) << name;
+        platform.userDefaultsPort.set("customAccentHue", 0.25);
+        turn();
+        EXPECT_EQ(paintedIn(settings.get(), custom()), 0) << name << " by the hue";
+        platform.userDefaultsPort.set("customAccentSaturation", 0.5);
+        turn();
+        EXPECT_GE(paintedIn(page, toQt(Color::hsb(0.25, 0.5, 0.9))), before) << name;
+        platform.userDefaultsPort.remove("customAccentSaturation");
+        platform.userDefaultsPort.set("customAccentHue", 0.5);
+    }
+}
+
 TEST_F(SettingsViewTest, TheKeyboardLeadsFromTabToTab) {
     focus(find(QStringLiteral("tab.General")));
     key(Qt::Key_Right);

@@ -32,7 +32,7 @@ void OnboardingBinding::attach(const ViewEnvironment& environment) {
     const auto& theme = environment.notch.themeManager;
     view_.emplace(environment.completeOnboarding, theme, environment.platform);
     follow(view_->currentStep, view_->locationStatusText, view_->calendarStatusText,
-           view_->cameraStatusText, view_->launchAtLogin, theme.systemAccentRefresh);
+           view_->cameraStatusText, view_->launchAtLogin, theme);
 }
 
 void OnboardingBinding::refresh() {

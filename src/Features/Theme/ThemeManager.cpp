@@ -5,6 +5,8 @@
 #include "Platform/Screens.h"
 
 #include <algorithm>
+#include <memory>
+#include <vector>
 
 namespace orvelle {
 
@@ -25,6 +27,16 @@ Color ThemeManager::accentColor() const {
         return Color::hsb(customAccentHue.get(), std::clamp(customAccentSaturation.get(), 0.0, 1.0),
                           customBrightness);
     return platform_.appearance().controlAccentColor();
+}
+
+Subscription ThemeManager::observe(std::function<void(const ThemeManager&)> changed) const {
+    const auto tell = [this, changed = std::move(changed)](const auto&) { changed(*this); };
+    const auto sources = std::make_shared<std::vector<Subscription>>();
+    sources->push_back(themeMode.observe(tell));
+    sources->push_back(customAccentHue.observe(tell));
+    sources->push_back(customAccentSaturation.observe(tell));
+    sources->push_back(systemAccentRefresh.observe(tell));
+    return Subscription([sources] { sources->clear(); });
 }
 
 void ThemeManager::observeSystemAccentChanges() {

@@ -6,6 +6,8 @@
 #include "Platform/Platform.h"
 #include "Settings/Setting.h"
 
+#include <functional>
+
 namespace orvelle {
 
 /// The one source of the accent colour.
@@ -20,6 +22,9 @@ public:
     Published<UUID> systemAccentRefresh;
 
     Color accentColor() const;
+
+    /// Now, and whenever something changes that the colours come from.
+    [[nodiscard]] Subscription observe(std::function<void(const ThemeManager&)> changed) const;
 
 private:
     void observeSystemAccentChanges();
