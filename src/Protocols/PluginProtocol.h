@@ -62,10 +62,18 @@ public:
 /// A feature that watches the system's level displays.
 class HUDInterceptor {
 public:
+    HUDInterceptor() = default;
+    HUDInterceptor(const HUDInterceptor&) = delete;
+    HUDInterceptor& operator=(const HUDInterceptor&) = delete;
     virtual ~HUDInterceptor() = default;
-    Published<bool> isIntercepting{false}; ///< written by the feature alone
     virtual void startIntercepting() = 0;
     virtual void stopIntercepting() = 0;
+
+protected:
+    Published<bool> intercepts_{false};
+
+public:
+    const Published<bool>& isIntercepting{intercepts_};
 };
 
 /// A feature that comes from outside the program.

@@ -33,13 +33,13 @@ void HUDManager::stop() {
 void HUDManager::startIntercepting() {
     if (isIntercepting)
         return;
-    isIntercepting = true;
+    intercepts_ = true;
     startVolumeListener();
     startBrightnessPolling();
 }
 
 void HUDManager::stopIntercepting() {
-    isIntercepting = false;
+    intercepts_ = false;
     stopVolumeListener();
     brightnessTimer_.reset();
     hideTimer_.reset();

@@ -84,6 +84,18 @@ TEST_F(FeatureIdentity, HUDAloneHasNoPanel) {
     expect(HUDManager({}, platform), "hud", "HUD", "speaker.wave.2");
 }
 
+TEST_F(FeatureIdentity, WhetherAFeatureInterceptsIsReadOnly) {
+    using Property = decltype((std::declval<HUDManager&>().isIntercepting));
+    static_assert(!std::is_assignable_v<Property, bool>);
+    static_assert(std::is_convertible_v<Property, bool>);
+    HUDManager manager({}, platform);
+    int changes = 0;
+    const auto observer = manager.isIntercepting.observe([&](bool) { ++changes; });
+    manager.startIntercepting();
+    EXPECT_TRUE(manager.isIntercepting);
+    EXPECT_EQ(changes, 2) << "the first value, and the change";
+}
+
 TEST_F(FeatureIdentity, Calendar) {
     expect(CalendarManager(platform), "calendar", "Calendar", "calendar");
 }
