@@ -56,7 +56,8 @@ std::string_view CommandLine::usage() {
            "\n"
            "  --demo       show everything with made-up data; touches no file and no network\n"
            "  --tour DIR   as --demo, and write a picture of every state and panel to DIR\n"
-           "  defaults     read and change settings, whether or not the program runs\n"
+           "  defaults     read and change settings, whether or not the program runs; without a\n"
+           "               type VALUE is of the key's own, or a text for a key of none\n"
            "  --help       show this text\n"
            "  --version    show the version\n";
 }

@@ -1,6 +1,8 @@
 #include "App/DefaultsCommand.h"
 
+#include "Foundation/Text.h"
 #include "Platform/DefaultsCoding.h"
+#include "Settings/KnownSettings.h"
 
 #include <charconv>
 #include <cmath>
@@ -32,9 +34,10 @@ std::optional<DefaultsValue> numberIn(std::string_view text) {
 }
 
 std::optional<DefaultsValue> booleanIn(std::string_view text) {
-    if (text == "true" || text == "yes" || text == "1")
+    const auto word = Text::folded(text);
+    if (word == "true" || word == "yes" || word == "1" || word == "on")
         return true;
-    if (text == "false" || text == "no" || text == "0")
+    if (word == "false" || word == "no" || word == "0" || word == "off")
         return false;
     return std::nullopt;
 }
@@ -52,6 +55,43 @@ std::optional<DefaultsValue> valueOf(std::string_view type, const std::string& t
     if (type == "-float")
         return numberIn<double>(text);
     return text;
+}
+
+/// The value that `text` stands for, by the type of the key.
+std::optional<DefaultsValue> valueOf(SettingType type, const std::string& text) {
+    switch (type) {
+    case SettingType::boolean:
+        return booleanIn(text);
+    case SettingType::wholeNumber:
+        return numberIn<std::int64_t>(text);
+    case SettingType::number:
+        return numberIn<double>(text);
+    case SettingType::text:
+        return text;
+    case SettingType::data:
+    case SettingType::date:
+        break;
+    }
+    return std::nullopt;
+}
+
+std::string complaint(const std::string& key, SettingType type, const std::string& text) {
+    const auto takes = [&](std::string_view values) {
+        return key + " takes " + std::string(values) + ", not \"" + text + '"';
+    };
+    switch (type) {
+    case SettingType::boolean:
+        return takes("true or false");
+    case SettingType::wholeNumber:
+        return takes("a whole number");
+    case SettingType::number:
+        return takes("a number");
+    case SettingType::text:
+    case SettingType::data:
+    case SettingType::date:
+        break;
+    }
+    return key + " is kept by the program";
 }
 
 std::string jsonText(const DefaultsValue& value) {
@@ -108,11 +148,26 @@ private:
             return refuse("write takes a KEY and a VALUE");
         if (typed != isType(operands[1]))
             return refuse(typed ? "there is no type \"" + operands[1] + "\"" : "VALUE is missing");
-        const std::string type = typed ? operands[1] : "-string";
-        const auto value = valueOf(type, operands.back());
+        return typed ? writeAs(operands[1], operands[0], operands[2])
+                     : writeAsKnown(operands[0], operands[1]);
+    }
+
+    int writeAs(const std::string& type, const std::string& key, const std::string& text) {
+        const auto value = valueOf(type, text);
         if (!value)
-            return refuse("\"" + operands.back() + "\" is no value for " + operands[1]);
-        file_.set(operands[0], *value);
+            return refuse("\"" + text + "\" is no value for " + type);
+        file_.set(key, *value);
+        return save();
+    }
+
+    int writeAsKnown(const std::string& key, const std::string& text) {
+        const auto type = knownSettingType(key).value_or(SettingType::text);
+        const auto value = valueOf(type, text);
+        if (!value) {
+            errors_ << "orvelle defaults: " << complaint(key, type, text) << '\n';
+            return usageError;
+        }
+        file_.set(key, *value);
         return save();
     }
 

@@ -53,6 +53,62 @@ TEST_F(DefaultsCommandTest, BooleanTakesThreeWordsForEachValue) {
     }
 }
 
+TEST_F(DefaultsCommandTest, AKnownKeyHasItsOwnType) {
+    for (const std::string word : {"true", "yes", "1", "on", "On", "TRUE"}) {
+        EXPECT_EQ(run({"write", "weatherEnabled", word}), 0);
+        EXPECT_EQ(stored("weatherEnabled"), DefaultsValue(true)) << word;
+    }
+    for (const std::string word : {"false", "no", "0", "off", "Off", "NO"}) {
+        EXPECT_EQ(run({"write", "weatherEnabled", word}), 0);
+        EXPECT_EQ(stored("weatherEnabled"), DefaultsValue(false)) << word;
+    }
+    EXPECT_EQ(run({"write", "scrollSensitivity", "12"}), 0);
+    EXPECT_EQ(run({"write", "customAccentHue", "0.25"}), 0);
+    EXPECT_EQ(run({"write", "weather_humidity", "80"}), 0);
+    EXPECT_EQ(run({"write", "weather_isDay", "yes"}), 0);
+    EXPECT_EQ(run({"write", "weather_temperature", "-3.5"}), 0);
+    EXPECT_EQ(run({"write", "themeMode", "custom"}), 0);
+    EXPECT_EQ(run({"write", "animationSpeed", "1"}), 0);
+    EXPECT_EQ(stored("scrollSensitivity"), DefaultsValue(12.0));
+    EXPECT_EQ(stored("customAccentHue"), DefaultsValue(0.25));
+    EXPECT_EQ(stored("weather_humidity"), DefaultsValue(std::int64_t{80}));
+    EXPECT_EQ(stored("weather_isDay"), DefaultsValue(true));
+    EXPECT_EQ(stored("weather_temperature"), DefaultsValue(-3.5));
+    EXPECT_EQ(stored("themeMode"), DefaultsValue(std::string("custom")));
+    EXPECT_EQ(stored("animationSpeed"), DefaultsValue(std::string("1")));
+}
+
+TEST_F(DefaultsCommandTest, WhatDoesNotFitAKnownKeyIsRefused) {
+    EXPECT_EQ(run({"write", "weatherEnabled", "maybe"}), 2);
+    EXPECT_EQ(errors.str(),
+              "orvelle defaults: weatherEnabled takes true or false, not \"maybe\"\n");
+    EXPECT_EQ(run({"write", "weatherEnabled", "2"}), 2);
+    EXPECT_EQ(run({"write", "weatherEnabled", ""}), 2);
+    EXPECT_EQ(run({"write", "scrollSensitivity", "much"}), 2);
+    EXPECT_EQ(errors.str(), "orvelle defaults: scrollSensitivity takes a number, not \"much\"\n");
+    EXPECT_EQ(run({"write", "scrollSensitivity", "5 px"}), 2);
+    EXPECT_EQ(run({"write", "scrollSensitivity", "nan"}), 2);
+    EXPECT_EQ(run({"write", "weather_humidity", "80.5"}), 2);
+    EXPECT_EQ(errors.str(),
+              "orvelle defaults: weather_humidity takes a whole number, not \"80.5\"\n");
+    EXPECT_EQ(run({"write", "panelTabBarOrder", "media"}), 2);
+    EXPECT_EQ(errors.str(), "orvelle defaults: panelTabBarOrder is kept by the program\n");
+    EXPECT_EQ(run({"write", "weather_lastUpdated", "5"}), 2);
+    EXPECT_EQ(fileSystem.writeCount, 0);
+}
+
+TEST_F(DefaultsCommandTest, ATypeThatIsGivenHoldsForAKnownKeyToo) {
+    EXPECT_EQ(run({"write", "weatherEnabled", "-string", "maybe"}), 0);
+    EXPECT_EQ(stored("weatherEnabled"), DefaultsValue(std::string("maybe")));
+}
+
+TEST_F(DefaultsCommandTest, AnUnknownKeyTakesAText) {
+    for (const std::string word : {"true", "12", "on", ""}) {
+        EXPECT_EQ(run({"write", "weatherenabled", word}), 0);
+        EXPECT_EQ(stored("weatherenabled"), DefaultsValue(word));
+    }
+}
+
 TEST_F(DefaultsCommandTest, ReadsOneValue) {
     run({"write", "text", "two words"});
     EXPECT_EQ(run({"read", "text"}), 0);
