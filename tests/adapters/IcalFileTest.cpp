@@ -165,6 +165,48 @@ TEST(IcalFile, AddsFurtherDates) {
               (Starts{6, 21}));
 }
 
+/// Start and end of each event, in hours from noon UTC.
+std::vector<std::pair<double, double>> spansOf(const std::string& text) {
+    std::vector<std::pair<double, double>> spans;
+    for (const auto& each : eventsOf(text))
+        spans.emplace_back((*each.startDate - noon) / hour, (*each.endDate - noon) / hour);
+    std::ranges::sort(spans);
+    return spans;
+}
+
+using Spans = std::vector<std::pair<double, double>>;
+
+TEST(IcalFile, AFurtherDateThatIsAPeriodKeepsItsOwnLength) {
+    EXPECT_EQ(
+        spansOf(calendar(event("UID:r\r\nDTSTART:20260115T150000Z\r\nDTEND:20260115T160000Z\r\n"
+                               "RDATE;VALUE=PERIOD:20260115T180000Z/PT3H,"
+                               "20260115T220000Z/20260115T223000Z\r\nRDATE:20260116T020000Z\r\n"))),
+        (Spans{{3, 4}, {6, 9}, {10, 10.5}, {14, 15}}));
+}
+
+TEST(IcalFile, APeriodThatBeganBeforeTheSpanIsThereUntilItsOwnEnd) {
+    EXPECT_EQ(spansOf(calendar(
+                  event("UID:r\r\nDTSTART:20260101T150000Z\r\nDTEND:20260101T153000Z\r\n"
+                        "RDATE;VALUE=PERIOD:20260115T100000Z/PT4H,20260115T060000Z/PT4H\r\n"))),
+              (Spans{{-2, 2}}));
+}
+
+TEST(IcalFile, APeriodIsInTheZoneThatItNames) {
+    EXPECT_EQ(
+        spansOf(calendar(event("UID:r\r\nDTSTART:20260101T150000Z\r\nDTEND:20260101T160000Z\r\n"
+                               "RDATE;VALUE=PERIOD;TZID=America/New_York:20260115T090000/"
+                               "20260115T110000\r\n"))),
+        (Spans{{2, 4}}));
+}
+
+TEST(IcalFile, APeriodOfAnAllDayEventHasItsTimes) {
+    const auto events = eventsOf(calendar(event("UID:r\r\nDTSTART;VALUE=DATE:20260101\r\n"
+                                                "RDATE;VALUE=PERIOD:20260115T150000Z/PT2H\r\n")));
+    ASSERT_EQ(events.size(), 1u);
+    EXPECT_FALSE(events[0].isAllDay);
+    EXPECT_EQ(*events[0].endDate - *events[0].startDate, 2 * hour);
+}
+
 TEST(IcalFile, AChangedOccurrenceStandsForTheOriginal) {
     const auto rule =
         event("UID:r\r\nDTSTART:20260101T150000Z\r\nRRULE:FREQ=DAILY\r\nSUMMARY:Daily\r\n");

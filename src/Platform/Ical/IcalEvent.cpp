@@ -53,6 +53,15 @@ public:
         return end->instant - start.instant;
     }
 
+    /// Seconds; a period has an end or a duration.
+    std::time_t lengthOf(icalproperty* property, const IcalMoment& start,
+                         const icalperiodtype& period) {
+        const auto end = moment(property, period.end);
+        const auto length =
+            end ? end->instant - start.instant : icaldurationtype_as_int(period.duration);
+        return std::max<std::time_t>(length, 0);
+    }
+
 private:
     icaltimezone* zoneOf(icalproperty* property) {
         auto* parameter = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER);
@@ -119,11 +128,14 @@ IcalEvent IcalEvent::read(icalcomponent* component, const ZoneTable& zones) {
             event.rules.push_back(icalproperty_get_rrule(property));
     });
     forEach(component, ICAL_RDATE_PROPERTY, [&](icalproperty* property) {
-        auto date = icalproperty_get_rdate(property);
-        if (icaltime_is_null_time(date.time))
-            date.time = date.period.start;
-        if (const auto moment = reader.moment(property, date.time))
-            event.furtherStarts.push_back(*moment);
+        const auto date = icalproperty_get_rdate(property);
+        if (!icaltime_is_null_time(date.time)) {
+            if (const auto moment = reader.moment(property, date.time))
+                event.furtherDates.push_back({*moment, std::nullopt});
+        } else if (const auto moment = reader.moment(property, date.period.start)) {
+            event.furtherDates.push_back(
+                {*moment, reader.lengthOf(property, *moment, date.period)});
+        }
     });
     forEach(component, ICAL_EXDATE_PROPERTY, [&](icalproperty* property) {
         if (!hasDate(property))

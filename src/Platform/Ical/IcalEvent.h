@@ -15,6 +15,12 @@ struct IcalMoment {
     std::time_t instant; ///< seconds since 1970
 };
 
+/// A date that an event names beside those of its rules.
+struct IcalFurtherDate {
+    IcalMoment start;
+    std::optional<std::time_t> duration; ///< seconds, where it has one of its own
+};
+
 /// One VEVENT.
 struct IcalEvent {
     std::string uid;
@@ -28,11 +34,11 @@ struct IcalEvent {
     std::time_t duration = 0;               ///< seconds; of whole days their number times 86,400
     std::optional<IcalMoment> recurrenceId; ///< the occurrence that this event stands for
     std::vector<icalrecurrencetype> rules;
-    std::vector<IcalMoment> furtherStarts;
+    std::vector<IcalFurtherDate> furtherDates;
     std::vector<IcalMoment> exceptions;
 
     bool isAllDay() const { return start && start->time.is_date; }
-    bool isRepeated() const { return !rules.empty() || !furtherStarts.empty(); }
+    bool isRepeated() const { return !rules.empty() || !furtherDates.empty(); }
 
     /// Without a start for what is no event. Its rules are those of `component`, and live as long.
     static IcalEvent read(icalcomponent* component, const ZoneTable& zones);

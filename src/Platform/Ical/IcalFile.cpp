@@ -80,20 +80,21 @@ private:
 
     void addOccurrences(const IcalEvent& event) {
         if (event.recurrenceId || !event.isRepeated()) {
-            add(event, *event.start);
+            add(event, *event.start, event.duration);
             return;
         }
         std::set<std::time_t> starts;
-        const auto addStart = [&](const icaltimetype& time) {
+        const auto addDate = [&](const icaltimetype& time, std::time_t duration) {
             const auto instant =
                 icaltime_as_timet_with_zone(time, const_cast<icaltimezone*>(time.zone));
             if (!isException(event, time, instant) && starts.insert(instant).second)
-                add(event, {time, instant});
+                add(event, {time, instant}, duration);
         };
+        const auto addStart = [&](const icaltimetype& time) { addDate(time, event.duration); };
         if (event.rules.empty())
             addStart(event.start->time);
-        for (const auto& moment : event.furtherStarts)
-            addStart(moment.time);
+        for (const auto& further : event.furtherDates)
+            addDate(further.start.time, further.duration.value_or(event.duration));
         const auto lookBack = std::min(event.duration, longestRepeated) + day;
         for (const auto& rule : event.rules)
             if (!isOutOfTime())
@@ -109,8 +110,8 @@ private:
     }
 
     /// Where it shares time with the span.
-    void add(const IcalEvent& event, const IcalMoment& start) {
-        const auto end = endOf(event, start);
+    void add(const IcalEvent& event, const IcalMoment& start, std::time_t duration) {
+        const auto end = endOf(start, duration);
         if (start.instant >= to_ || end < from_ || found_.size() >= maximumOccurrences)
             return;
         StoredEvent stored;
@@ -127,18 +128,18 @@ private:
         stored.title = event.title;
         stored.location = event.location;
         stored.url = event.url;
-        stored.isAllDay = event.isAllDay();
+        stored.isAllDay = start.time.is_date != 0;
         stored.startDate = Date::fromUnix(static_cast<Seconds>(start.instant));
         stored.endDate = Date::fromUnix(static_cast<Seconds>(end));
         found_.emplace_back(std::move(occurrence), std::move(stored));
     }
 
     /// Whole days end at midnight, however long the last of them was.
-    std::time_t endOf(const IcalEvent& event, const IcalMoment& start) const {
+    std::time_t endOf(const IcalMoment& start, std::time_t duration) const {
         if (!start.time.is_date)
-            return start.instant + event.duration;
+            return start.instant + duration;
         auto end = start.time;
-        icaltime_adjust(&end, static_cast<int>(event.duration / day), 0, 0, 0);
+        icaltime_adjust(&end, static_cast<int>(duration / day), 0, 0, 0);
         return icaltime_as_timet_with_zone(end, zones_.local());
     }
 
