@@ -37,6 +37,33 @@ TEST_F(MirrorPanelTest, runsTheCameraWhileItIsShown) {
     EXPECT_FALSE(mirror.isSessionRunning);
 }
 
+TEST_F(MirrorPanelTest, runsNoCameraWhileItsWindowIsAway) {
+    show(ActivePanel::mirror);
+    window.hide();
+    EXPECT_FALSE(mirror.isSessionRunning);
+    turn();
+    EXPECT_FALSE(mirror.isSessionRunning);
+    window.show();
+    EXPECT_TRUE(mirror.isSessionRunning);
+}
+
+TEST_F(MirrorPanelTest, runsNoCameraInAWindowThatIsNotShownYet) {
+    window.hide();
+    show(ActivePanel::mirror);
+    EXPECT_FALSE(mirror.isSessionRunning);
+    window.show();
+    EXPECT_TRUE(mirror.isSessionRunning);
+}
+
+TEST_F(MirrorPanelTest, permissionThatComesWhileTheWindowIsAwayStartsNothing) {
+    platform.cameraPort.status = CameraAuthorizationStatus::notDetermined;
+    show(ActivePanel::mirror);
+    window.hide();
+    platform.runLoopPort.runPosted();
+    platform.runLoopPort.advance(1);
+    EXPECT_FALSE(mirror.isSessionRunning);
+}
+
 TEST_F(MirrorPanelTest, saysThatTheCameraStarts) {
     show(ActivePanel::mirror);
     EXPECT_EQ(textOf("startingText"), "Starting camera...");

@@ -2,10 +2,12 @@
 
 #include "Features/Mirror/MirrorManager.h"
 
+#include <QScreen>
+
 namespace orvelle {
 
 MirrorExpandedBinding::~MirrorExpandedBinding() {
-    setOnScreen(false);
+    setShown(false);
 }
 
 void MirrorExpandedBinding::attach(const ViewEnvironment& environment) {
@@ -28,15 +30,50 @@ void MirrorExpandedBinding::refresh() {
     show_settingsButton(toQt(view_->settingsButton()));
 }
 
-void MirrorExpandedBinding::setOnScreen(bool isOnScreen) {
-    if (isOnScreen == isOnScreen_)
+void MirrorExpandedBinding::setShown(bool isShown) {
+    if (isShown == isShown_)
         return;
-    isOnScreen_ = isOnScreen;
-    if (isOnScreen)
+    isShown_ = isShown;
+    runCamera();
+    Q_EMIT isShownChanged();
+}
+
+void MirrorExpandedBinding::setWindow(QWindow* window) {
+    if (window == window_)
+        return;
+    if (window_)
+        disconnect(window_, nullptr, this, nullptr);
+    window_ = window;
+    if (window_) {
+        connect(window_, &QWindow::visibleChanged, this, [this] { runCamera(); });
+        connect(window_, &QWindow::screenChanged, this, [this] { followScreen(); });
+    }
+    followScreen();
+    Q_EMIT windowChanged();
+}
+
+void MirrorExpandedBinding::followScreen() {
+    disconnect(screenSize_);
+    if (window_ && window_->screen())
+        screenSize_ =
+            connect(window_->screen(), &QScreen::geometryChanged, this, [this] { runCamera(); });
+    runCamera();
+}
+
+bool MirrorExpandedBinding::isOnScreen() const {
+    // An empty screen stands in while none is connected.
+    return isShown_ && window_ && window_->isVisible() && window_->screen() &&
+           !window_->screen()->geometry().isEmpty();
+}
+
+void MirrorExpandedBinding::runCamera() {
+    if (isOnScreen() == isRunning_)
+        return;
+    isRunning_ = !isRunning_;
+    if (isRunning_)
         view_->appear();
     else
         view_->disappear();
-    Q_EMIT isOnScreenChanged();
 }
 
 void MirrorExpandedBinding::toggleMirrored() {

@@ -5,6 +5,8 @@
 #include "Views/Qt/Values.h"
 
 #include <QImage>
+#include <QPointer>
+#include <QWindow>
 
 #include <optional>
 
@@ -32,15 +34,20 @@ class MirrorExpandedBinding : public Binding {
     ORVELLE_SHOWN(orvelle::TextValue, permissionTitle)
     ORVELLE_SHOWN(orvelle::TextValue, permissionText)
     ORVELLE_SHOWN(orvelle::TextValue, settingsButton)
-    /// Whether the panel is the one that is looked at: it has the camera run.
-    Q_PROPERTY(bool isOnScreen READ isOnScreen WRITE setOnScreen NOTIFY isOnScreenChanged FINAL)
+    /// Whether the panel is the one that is shown in its window, and that window. While the window
+    /// is on a screen, too, the camera runs.
+    Q_PROPERTY(bool isShown READ isShown WRITE setShown NOTIFY isShownChanged FINAL)
+    Q_PROPERTY(QWindow* window READ window WRITE setWindow NOTIFY windowChanged FINAL)
 
 public:
     ~MirrorExpandedBinding() override;
 
-    bool isOnScreen() const { return isOnScreen_; }
-    void setOnScreen(bool isOnScreen);
-    Q_SIGNAL void isOnScreenChanged();
+    bool isShown() const { return isShown_; }
+    void setShown(bool isShown);
+    Q_SIGNAL void isShownChanged();
+    QWindow* window() const { return window_; }
+    void setWindow(QWindow* window);
+    Q_SIGNAL void windowChanged();
 
     Q_INVOKABLE void toggleMirrored();
     Q_INVOKABLE void openSystemSettings();
@@ -50,9 +57,16 @@ protected:
     void refresh() override;
 
 private:
+    bool isOnScreen() const;
+    void followScreen();
+    void runCamera();
+
     const MirrorManager* manager_ = nullptr;
     std::optional<MirrorExpandedView> view_;
-    bool isOnScreen_ = false;
+    QPointer<QWindow> window_;
+    QMetaObject::Connection screenSize_;
+    bool isShown_ = false;
+    bool isRunning_ = false; ///< the view has been told that it is on screen
 };
 
 } // namespace orvelle

@@ -7,7 +7,8 @@ Item {
 
     MirrorExpandedBinding {
         id: view
-        isOnScreen: root.enabled // false as soon as the panel begins to leave
+        isShown: root.enabled // false as soon as the panel begins to leave
+        window: root.Window.window
     }
     Loader {
         anchors.fill: parent
