@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Foundation/Date.h"
+
 #include <string>
 
 namespace orvelle {
@@ -12,6 +14,8 @@ public:
     /// Opens an address of the program's own with what the user has chosen for it: a page on the
     /// web, a mail, or a page of the desktop's settings. Other schemes are refused.
     virtual void open(const std::string& url) = 0;
+    /// Opens the calendar application, at the day of this moment where it can be told one.
+    virtual void openCalendar(Date day) = 0;
     /// Opens a page whose address came over the network; refuses all but "https".
     virtual void openFromNetwork(const std::string& url) = 0;
     /// Opens one of this machine's files or folders with what the user has chosen for its kind. An

@@ -3,6 +3,7 @@
 #include "Foundation/FileURL.h"
 #include "Platform/Qt/QtRunLoop.h"
 #include "Platform/Simulated/SimulatedMachine.h"
+#include "Platform/Simulated/SimulatedRunLoop.h"
 #include "Support/TemporaryFolder.h"
 #include "Support/TemporaryVariable.h"
 #include "adapters/EventLoopWait.h"
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <set>
 #include <sstream>
 
@@ -41,6 +43,10 @@ protected:
     std::string opened(const char* desktop, const std::string& url) {
         return startedBy([&](LinuxWorkspace& workspace) { workspace.open(url); }, desktop);
     }
+    std::string opened(const char* desktop, Date moment) {
+        return startedBy([&](LinuxWorkspace& workspace) { workspace.openCalendar(moment); },
+                         desktop);
+    }
     std::string openedFromNetwork(const std::string& url) {
         return startedBy([&](LinuxWorkspace& workspace) { workspace.openFromNetwork(url); });
     }
@@ -53,6 +59,8 @@ protected:
     }
     QString path() const { return QString::fromStdString(programs.path()); }
 
+    /// 2026-01-15, noon in Greenwich.
+    static constexpr Date noon = SimulatedRunLoop::defaultStart;
     TemporaryFolder programs;
     SimulatedLog log;
     std::vector<std::string> shown; ///< in their folder
@@ -78,6 +86,19 @@ TEST_F(LinuxWorkspaceTest, TheCalendarIsThatOfTheRunningDesktopElseAnyThatIsInst
     for (const auto* name : {"gnome-calendar", "merkuro-calendar", "orage"})
         programs.remove(name);
     EXPECT_EQ(opened("GNOME", "ical://"), "evolution calendar:");
+}
+
+TEST_F(LinuxWorkspaceTest, TheCalendarShowsADayWhereItTakesOne) {
+    for (const auto* name : {"evolution", "gnome-calendar", "orage"})
+        programs.writeProgram(name);
+    EXPECT_EQ(opened("ubuntu:GNOME", noon), "gnome-calendar --date=01/15/2026");
+    EXPECT_EQ(opened("XFCE", noon), "orage ");
+    EXPECT_EQ(opened("i3", noon), "gnome-calendar --date=01/15/2026");
+    for (const auto* name : {"gnome-calendar", "orage"})
+        programs.remove(name);
+    EXPECT_EQ(opened("GNOME", noon), "evolution calendar:");
+    programs.remove("evolution");
+    EXPECT_EQ(opened("GNOME", noon), "") << "nothing takes it";
 }
 
 TEST_F(LinuxWorkspaceTest, AnUnknownDesktopGetsTheFirstInstalledPage) {

@@ -1,13 +1,15 @@
 """The calendar and the mirror with what other programs leave on the disk."""
 
 import datetime
+import os
+import pathlib
 import shutil
 import subprocess
 import zoneinfo
 
 import pytest
 
-from accessible import accessible_nodes, open_panel
+from accessible import accessible_nodes, open_panel, resting_place
 from desktop import wait_until
 
 KHAL = "/usr/bin/khal"
@@ -75,6 +77,29 @@ def test_repeated_events_of_khal_are_there_from_the_start(desktop, accessibility
     assert "NOW" in texts(desktop)
 
 
+def test_open_in_calendar_shows_the_event_s_day(desktop, accessibility_bus, environment, khal,
+                                                tmp_path, start):
+    told = tmp_path / "told"
+    programs = tmp_path / "programs"
+    programs.mkdir()
+    program = programs / "gnome-calendar"
+    program.write_text(f'#!/bin/sh\nprintf "%s\\n" "$@" > {told}.part && mv {told}.part {told}\n')
+    program.chmod(0o755)
+    environment["PATH"] = f"{programs}:{environment['PATH']}"
+    environment["XDG_CURRENT_DESKTOP"] = "GNOME"
+    khal("Dentist", 120)
+    day = datetime.datetime.now(zoneinfo.ZoneInfo(ZONE)) + datetime.timedelta(minutes=120)
+
+    program = start()
+    open_panel(program, "Calendar")
+    desktop.move_pointer(*resting_place(desktop, "Dentist", "list item"))
+    desktop.click(3)
+    desktop.move_pointer(*resting_place(desktop, "Open in Calendar", "menu item"))
+    desktop.click()
+    wait_until(told.exists, "calendar program", program.describe)
+    assert told.read_text() == f"--date={day:%m/%d/%Y}\n"
+
+
 def y4m(path, colors):
     """A film of one picture for each colour, (Y, Cb, Cr)."""
     width, height = 64, 48
@@ -99,6 +124,26 @@ def test_the_mirror_shows_the_camera_s_frames(desktop, accessibility_bus, enviro
         wait_until(lambda: desktop.pixel(*place)[strong] > 150 > 60 > desktop.pixel(*place)[weak],
                    f"{name} frame", program.describe)
     assert multimedia_is_absent(program), "a file needs no camera's library"
+
+
+def test_no_camera_runs_while_the_panel_is_taken_away(accessibility_bus, environment, settings,
+                                                      tmp_path, start):
+    film = tmp_path / "film.y4m"
+    y4m(film, [(81, 90, 240)] * 5)
+    environment["ORVELLE_CAMERA_FILE"] = str(film)
+    program = start(mirrorEnabled="true")
+    open_panel(program, "Mirror")
+
+    def camera_runs():
+        files = pathlib.Path(f"/proc/{program.process.pid}/fd").iterdir()
+        return any(os.path.realpath(file) == str(film) for file in files)
+
+    wait_until(camera_runs, "camera", program.describe)
+    settings("requireRealNotch", "true")
+    wait_until(lambda: not program.is_shown(), "panel taken away", program.describe)
+    wait_until(lambda: not camera_runs(), "end of the camera", program.describe)
+    settings("requireRealNotch", "false")
+    wait_until(camera_runs, "camera again", program.describe)
 
 
 def multimedia_is_absent(program):

@@ -52,7 +52,7 @@ void runAppleScript(std::string source, const char* action, Platform& platform) 
 } // namespace
 
 void openInCalendar(Date date, Platform& platform) {
-    platform.workspace().open(calendarUrl);
+    platform.workspace().openCalendar(date);
     const auto& formatting = platform.formatting();
     const auto day = formatting.date(date, "EEEE, MMMM d, yyyy", formatting.currentTimeZone());
     runAppleScript("tell application \"Calendar\"\n    activate\n    view calendar at date \"" +

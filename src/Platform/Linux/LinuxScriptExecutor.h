@@ -8,8 +8,8 @@
 namespace orvelle {
 
 /// Answers the program's scripts: those for the players by asking them. Those for the calendar
-/// succeed with nothing done: each comes after the calendar's address was opened, and calendar
-/// programs here take neither a day nor keys from another program.
+/// succeed with nothing done: each comes after the calendar was opened, at its day where it takes
+/// one, and calendar programs here take no keys from another program.
 class LinuxScriptExecutor : public ScriptExecutor {
 public:
     LinuxScriptExecutor(BusProvider sessionBus, UrlData& urls)

@@ -3,10 +3,12 @@
 #include "Foundation/FileURL.h"
 #include "Platform/Linux/DesktopEntry.h"
 
+#include <QDateTime>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 
+#include <cmath>
 #include <map>
 #include <memory>
 #include <string_view>
@@ -22,6 +24,8 @@ struct Counterpart {
     const char* desktop; ///< as in XDG_CURRENT_DESKTOP
     const char* program;
     const char* argument; ///< null for none
+    /// How an argument tells it a day, as QDateTime formats it; null when it takes none.
+    const char* dayFormat = nullptr;
 };
 
 constexpr std::string_view powerPage = "x-apple.systempreferences:com.apple.settings.battery";
@@ -44,7 +48,8 @@ constexpr Counterpart counterparts[] = {
     {cameraPage, "Budgie", "budgie-control-center", "camera"},
     {locationPage, "GNOME", "gnome-control-center", "location"},
     {locationPage, "Budgie", "budgie-control-center", "location"},
-    {calendar, "GNOME", "gnome-calendar", nullptr},
+    // Its dates are written like this in every language.
+    {calendar, "GNOME", "gnome-calendar", nullptr, "'--date='MM/dd/yyyy"},
     {calendar, "KDE", "korganizer", nullptr},
     {calendar, "KDE", "merkuro-calendar", nullptr},
     {calendar, "XFCE", "orage", nullptr},
@@ -98,7 +103,15 @@ LinuxWorkspace::LinuxWorkspace(RunLoop& runLoop, LogSink& log, Environment envir
       running_(running) {}
 
 void LinuxWorkspace::open(const std::string& url) {
-    if (!(isForeign(url) ? openForeign(url) : openAddress(url, ownSchemes)))
+    openWith(url, std::nullopt);
+}
+
+void LinuxWorkspace::openCalendar(Date day) {
+    openWith(std::string(calendar), day);
+}
+
+void LinuxWorkspace::openWith(const std::string& url, std::optional<Date> day) {
+    if (!(isForeign(url) ? openForeign(url, day) : openAddress(url, ownSchemes)))
         report(url, "Nothing here opens " + url);
 }
 
@@ -157,13 +170,17 @@ void LinuxWorkspace::report(const std::string& subject, const std::string& what)
         log_.error(what);
 }
 
-bool LinuxWorkspace::openForeign(const std::string& url) const {
+bool LinuxWorkspace::openForeign(const std::string& url, std::optional<Date> day) const {
     const auto startFirst = [&](auto&& wanted) {
         for (const auto& candidate : counterparts) {
             if (candidate.url != url || !wanted(QLatin1String(candidate.desktop)))
                 continue;
-            const auto arguments =
-                candidate.argument ? QStringList{QLatin1String(candidate.argument)} : QStringList{};
+            QStringList arguments;
+            if (candidate.argument)
+                arguments.append(QLatin1String(candidate.argument));
+            if (day && candidate.dayFormat)
+                arguments.append(QDateTime::fromSecsSinceEpoch(std::llround(day->sinceUnix()))
+                                     .toString(QLatin1String(candidate.dayFormat)));
             if (start(QLatin1String(candidate.program), arguments))
                 return true;
         }

@@ -13,6 +13,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -40,6 +41,7 @@ public:
                    RunningPrograms* running = nullptr);
 
     void open(const std::string& url) override;
+    void openCalendar(Date day) override;
     void openFromNetwork(const std::string& url) override;
     void openDocument(const std::string& fileUrl) override;
     /// An application's bundle identifier is its desktop entry's name, or the one that another
@@ -57,7 +59,8 @@ private:
     void startProgram(const Program& program);
     /// Once a subject.
     void report(const std::string& subject, const std::string& what);
-    bool openForeign(const std::string& url) const;
+    void openWith(const std::string& url, std::optional<Date> day);
+    bool openForeign(const std::string& url, std::optional<Date> day) const;
     bool openAddress(const std::string& url, const std::set<QString>& schemes) const;
     /// Starts an installed program; false when it is not installed.
     bool start(const QString& program, const QStringList& arguments) const;

@@ -193,7 +193,12 @@ public:
     std::vector<std::string> documents;
     std::set<std::string> applications; ///< the installed ones, by bundle identifier
     std::vector<std::string> launched;
+    std::vector<Date> daysShown; ///< of the calendar
     void open(const std::string& url) override { opened.push_back(url); }
+    void openCalendar(Date day) override {
+        opened.push_back("ical://");
+        daysShown.push_back(day);
+    }
     void openFromNetwork(const std::string& url) override {
         if (url.starts_with("https:"))
             openedFromNetwork.push_back(url);

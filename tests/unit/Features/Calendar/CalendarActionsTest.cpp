@@ -41,6 +41,7 @@ TEST_F(CalendarActionsTest, OpeningADayStartsTheCalendarAndRunsTheScript) {
     outcome(ScriptResult{});
     open();
     EXPECT_EQ(platform.workspacePort.opened, std::vector<std::string>{"ical://"});
+    EXPECT_EQ(platform.workspacePort.daysShown, std::vector<Date>{SimulatedRunLoop::defaultStart});
     EXPECT_EQ(platform.scriptExecutorPort.executed, std::vector<std::string>{showDay});
     EXPECT_TRUE(platform.logPort.lines.empty());
 }
@@ -58,6 +59,7 @@ TEST_F(CalendarActionsTest, ANewEventSendsTheKeystrokeWhateverTheDate) {
     CalendarActions::createNewEvent(SimulatedRunLoop::defaultStart, platform);
     platform.runLoopPort.runPosted();
     EXPECT_EQ(platform.workspacePort.opened, (std::vector<std::string>{"ical://", "ical://"}));
+    EXPECT_TRUE(platform.workspacePort.daysShown.empty());
     EXPECT_EQ(platform.scriptExecutorPort.executed, (std::vector<std::string>{newEvent, newEvent}));
 }
 
