@@ -45,6 +45,7 @@ NotchWindowController::NotchWindowController(const NotchEnvironment& environment
         environment.panelOrderManager, platform);
     observeStateChanges();
     observeScreenChanges();
+    observeSettings();
     log_.info("NotchWindowController initialized successfully");
 }
 
@@ -195,10 +196,27 @@ Seconds NotchWindowController::collapseDebounceInterval() const {
 void NotchWindowController::observeScreenChanges() {
     screenChangeObserver_ = platform_.screens().observeChanges([this] {
         platform_.runLoop().post(lifetime_.guard([this] {
-            cachedScreenInfo_ = NotchDetector::detectNotch(platform_);
+            detectScreen();
             updateWindowFrame(environment_.notchState.expandedState);
         }));
     });
+}
+
+void NotchWindowController::observeSettings() {
+    // The screens may have changed while a setting let the panel have none of them.
+    settingsObserver_ = platform_.userDefaults().observeChanges([this] {
+        platform_.runLoop().post(lifetime_.guard([this] {
+            if (cachedScreenInfo_.screen)
+                return;
+            detectScreen();
+            if (cachedScreenInfo_.screen)
+                updateWindowFrame(environment_.notchState.expandedState);
+        }));
+    });
+}
+
+void NotchWindowController::detectScreen() {
+    cachedScreenInfo_ = NotchDetector::detectNotch(platform_);
 }
 
 } // namespace orvelle

@@ -41,6 +41,8 @@ private:
     bool dragPerformed(const std::vector<std::string>& urls);
     void observeStateChanges();
     void observeScreenChanges();
+    void observeSettings();
+    void detectScreen();
     void updateWindowFrame(NotchExpandedState state);
     void shrinkLater(NotchExpandedState state, const Rect& frame);
     void followActivePanel(ActivePanel panel);
@@ -57,6 +59,7 @@ private:
     std::vector<Subscription> cancellables_;
     NotchScreenInfo cachedScreenInfo_; ///< every frame comes from this
     Subscription screenChangeObserver_;
+    Subscription settingsObserver_;
     Timer collapseDebounceTimer_;
     std::list<Timer> pendingShrinks_;
     bool expandedByDrag_ = false;      ///< a drag opened the panel, and leaving closes it

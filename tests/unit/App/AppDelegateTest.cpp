@@ -187,6 +187,37 @@ TEST_F(AppDelegateTest, RequireRealNotchTakesTheWindowAwayAndBringsItBack) {
     EXPECT_EQ(platform.panelWindowsPort.count, 1) << "the window object stays";
 }
 
+TEST_F(AppDelegateTest, AChangeOfScreensWhileTheWindowIsAwayLeavesAPanelThatWorks) {
+    launchNormally();
+    defaults().set("requireRealNotch", true);
+    runPosted();
+    const Screen other{"Other", {{0, 0}, {1920, 1080}}, {{0, 0}, {1920, 1056}}, {}, {}, {}};
+    platform.screensPort.list = {other};
+    platform.screensPort.mainScreen = other;
+    platform.screensPort.notifyChanged();
+    runPosted();
+    EXPECT_FALSE(notchIsShown());
+
+    defaults().set("requireRealNotch", false);
+    runPosted();
+    EXPECT_TRUE(notchIsShown());
+    EXPECT_EQ(window().frame(), (Rect{{870, 1056}, {180, 24}})) << "on the present screen";
+    setState(NotchExpandedState::expanded);
+    EXPECT_EQ(window().frame(), (Rect{{677, 860}, {566, 220}}));
+}
+
+TEST_F(AppDelegateTest, ASettingThatLeavesNoScreenKeepsTheFrame) {
+    launchNormally();
+    platform.screensPort.list.clear();
+    platform.screensPort.mainScreen.reset();
+    platform.screensPort.notifyChanged();
+    runPosted();
+    const auto frame = window().frame();
+    defaults().set("customAccentHue", 0.3);
+    runPosted();
+    EXPECT_EQ(window().frame(), frame);
+}
+
 TEST_F(AppDelegateTest, ASettingCanBringUpTheNotchThatLaunchCouldNot) {
     defaults().set("requireRealNotch", true);
     platform.applicationPort.answer = [](const Alert&) { return std::size_t{1}; };
