@@ -7,10 +7,11 @@ import re
 import select
 import subprocess
 import tempfile
+import threading
 import time
 
 from Xlib import X, Xatom, display as xdisplay, error
-from Xlib.ext import shape, xtest
+from Xlib.ext import record, shape, xtest
 from Xlib.protocol import event
 
 WIDTH, HEIGHT = 1512, 982
@@ -202,6 +203,36 @@ class Desktop:
             subprocess.run(["xrandr", *map(str, arguments)], env=self.environment, check=True,
                            timeout=30)
 
+    @contextlib.contextmanager
+    def questions(self, window):
+        """A list that grows by each answer that the display server gives to the window's program."""
+        watcher = xdisplay.Display(self.name)
+        answers = []
+        begun = threading.Event()
+
+        def take(reply):
+            if reply.category == record.StartOfData:
+                begun.set()
+            elif reply.category == record.FromServer and len(reply.data):
+                answers.append(bytes(reply.data[:32]))
+
+        context = watcher.record_create_context(0, [window.id], [{
+            "core_requests": (0, 0), "core_replies": (1, 127), "ext_requests": (0, 0, 0, 0),
+            "ext_replies": (128, 255, 0, 65535), "delivered_events": (0, 0),
+            "device_events": (0, 0), "errors": (0, 0), "client_started": False,
+            "client_died": False}])
+        watcher.sync()
+        thread = threading.Thread(target=watcher.record_enable_context, args=(context, take))
+        thread.start()
+        assert begun.wait(BOUND)
+        try:
+            yield answers
+        finally:
+            self.display.record_disable_context(context)
+            self.display.sync()
+            thread.join(BOUND)
+            watcher.close()
+
     # Other programs
 
     def open_window(self, x, y, width, height, **properties):
@@ -224,6 +255,12 @@ class Desktop:
             0, 0, WIDTH, height,
             _NET_WM_WINDOW_TYPE=[self.atom("_NET_WM_WINDOW_TYPE_DOCK")],
             _NET_WM_STRUT_PARTIAL=[0, 0, height, 0, 0, 0, 0, 0, 0, WIDTH - 1, 0, 0])
+
+    def reserve(self, bar, height):
+        """What a bar at the top does when it becomes higher."""
+        bar.change_property(self.atom("_NET_WM_STRUT_PARTIAL"), Xatom.CARDINAL, 32,
+                            [0, 0, height, 0, 0, 0, 0, 0, 0, WIDTH - 1, 0, 0])
+        self.display.sync()
 
     def close_window(self, window):
         """As the close button of the window's frame does."""

@@ -137,6 +137,20 @@ def test_one_notch_of_the_wheel_closes_the_panel(start):
     program.wait_for_size(COLLAPSED)
 
 
+# An open panel closes by more than 3.5 times the sensitivity; a notch is 20 points.
+@pytest.mark.parametrize("sensitivity, notches", [(2, 1), (5, 1), (6, 2), (12, 3), (30, 6)])
+def test_a_wheel_opens_and_closes_with_any_sensitivity(start, sensitivity, notches):
+    program = start(scrollSensitivity=sensitivity)
+    program.expand()
+    if notches > 1:
+        program.desktop.wheel_up(notches - 1)
+        assert stays(lambda: program.size() == EXPANDED, 0.6), "a pause ends the stroke"
+    program.desktop.wheel_up(notches)
+    program.wait_for_size(COLLAPSED)
+    program.desktop.wheel_down()
+    program.wait_for_size(EXPANDED)
+
+
 def test_leaving_does_not_close_an_open_panel(start):
     program = start(collapseDebounceInterval=0.05)
     program.expand()
@@ -210,6 +224,16 @@ def test_a_swipe_over_the_tab_bar_changes_the_tab(desktop, accessibility_bus, st
     wait_until(lambda: selected_tab(desktop) == names[before], "the first tab", program.describe)
 
 
+def test_a_tilted_wheel_swipes_with_the_least_sensitivity(desktop, accessibility_bus, start):
+    program = start(horizontalSwipeSensitivity=40)
+    program.expand()
+    before = wait_until(lambda: selected_tab(desktop), "a selected tab", program.describe)
+    swipe_at(program, 40, lambda: desktop.swipe_left(2))
+    assert stays(lambda: selected_tab(desktop) == before, 0.6)
+    swipe_at(program, 40, lambda: desktop.swipe_left(3))
+    wait_until(lambda: selected_tab(desktop) != before, "another tab", program.describe)
+
+
 def test_a_swipe_below_the_tab_bar_changes_no_tab(desktop, accessibility_bus, start):
     program = start()
     program.expand()
@@ -228,6 +252,50 @@ def test_asking_for_a_real_notch_takes_the_panel_away(start, settings):
     settings("requireRealNotch", "false")
     wait_until(program.is_shown, "panel brought back", program.describe)
     assert program.geometry() == centred(COLLAPSED)
+
+
+def test_another_display_while_the_panel_is_away_leaves_one_that_works(desktop, start, settings):
+    program = start()
+    settings("requireRealNotch", True)
+    wait_until(lambda: not program.is_shown(), "panel taken away", program.describe)
+    desktop.resize(1280, 800)
+    settings("customAccentHue", 0.3)
+    settings("requireRealNotch", False)
+    wait_until(program.is_shown, "panel brought back", program.describe)
+    wait_until(lambda: program.geometry() == (550, 0, *COLLAPSED), "new place", program.describe)
+    program.expand()
+
+
+def test_a_changed_setting_asks_the_display_server_nothing(openbox, start, settings):
+    for index in range(60):
+        openbox.open_window(20 * (index % 40), 300 + 5 * index, 100, 80)
+    openbox.open_dock(28)
+    program = start()
+    wait_until(lambda: program.size() == (180, 28), "panel as high as the bar", program.describe)
+
+    def detections():
+        return program.describe().count("Detecting notch")
+
+    with openbox.questions(program.window()) as questions:
+        before = detections()
+        settings("customAccentHue", 0.3)
+        wait_until(lambda: detections() > before, "the new setting", program.describe)
+        assert stays(lambda: not questions, 0.5), questions
+        # The watch itself works: it sees the questions that a window's move is worth.
+        settings("notch.safeAreaTop", 40)
+        program.wait_for_size((180, 40))
+        wait_until(lambda: questions, "questions")
+
+
+def test_a_bar_that_grows_is_followed(openbox, start):
+    bar = openbox.open_dock(28)
+    program = start()
+    wait_until(lambda: program.size() == (180, 28), "panel as high as the bar", program.describe)
+    openbox.reserve(bar, 40)
+    wait_until(lambda: program.size() == (180, 40), "panel as high as the bar", program.describe)
+    bar.destroy()
+    openbox.display.sync()
+    wait_until(lambda: program.size() == COLLAPSED, "panel of its own height", program.describe)
 
 
 def test_a_notch_from_the_settings_gives_the_panel_its_size(start, settings):

@@ -70,14 +70,25 @@ xcb_atom_t atom(const std::string& name) {
 }
 
 std::vector<std::uint32_t> cardinals(xcb_window_t window, xcb_atom_t property) {
-    const auto cookie =
-        xcb_get_property(connection(), 0, window, property, XCB_ATOM_ANY, 0, longestProperty);
-    const Reply<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(connection(), cookie, nullptr));
-    if (!reply || reply->format != 32)
-        return {};
-    const auto* items = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
-    return {items, items + reply->value_len};
+    return cardinals({{window, property}}).front();
+}
+
+std::vector<std::vector<std::uint32_t>> cardinals(const std::vector<PropertyOf>& asked) {
+    std::vector<xcb_get_property_cookie_t> cookies;
+    for (const auto& [window, property] : asked)
+        cookies.push_back(
+            xcb_get_property(connection(), 0, window, property, XCB_ATOM_ANY, 0, longestProperty));
+    std::vector<std::vector<std::uint32_t>> answers;
+    for (const auto cookie : cookies) {
+        auto& answer = answers.emplace_back();
+        const Reply<xcb_get_property_reply_t> reply(
+            xcb_get_property_reply(connection(), cookie, nullptr));
+        if (!reply || reply->format != 32)
+            continue;
+        const auto* items = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+        answer.assign(items, items + reply->value_len);
+    }
+    return answers;
 }
 
 std::vector<std::string> texts(xcb_window_t window, const std::string& property) {

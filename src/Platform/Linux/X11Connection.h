@@ -32,6 +32,13 @@ xcb_atom_t atom(const std::string& name);
 /// A property of 32-bit items, empty when it is unset, of another type or on no window.
 std::vector<std::uint32_t> cardinals(xcb_window_t window, xcb_atom_t property);
 
+struct PropertyOf {
+    xcb_window_t window;
+    xcb_atom_t property;
+};
+/// The same of several, in their order, for one wait.
+std::vector<std::vector<std::uint32_t>> cardinals(const std::vector<PropertyOf>& asked);
+
 /// The parts of a text property, which NULs divide; none when it is unset or on no window.
 std::vector<std::string> texts(xcb_window_t window, const std::string& property);
 

@@ -1,15 +1,15 @@
 #include "Platform/Linux/X11Screens.h"
 
 #include "Platform/Linux/ScreenCoordinates.h"
-#include "Platform/Linux/X11Struts.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 #include <qpa/qplatformscreen.h>
 
-#include <array>
+#include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <utility>
 
 namespace orvelle {
 
@@ -26,11 +26,11 @@ QSize displaySize() {
 }
 
 /// The part of a screen that is free, in the display's pixels.
-QRect freePart(const QRect& screen) {
-    QRect free = withoutStruts(screen, displaySize(), reservedStruts());
+QRect freePart(const QRect& screen, const X11Reservations& reserved) {
+    QRect free = withoutStruts(screen, displaySize(), reserved.struts);
     // With more than one screen the work area spans all of them and says nothing of one.
-    if (QGuiApplication::screens().size() == 1 && workArea().intersects(free))
-        free &= workArea();
+    if (QGuiApplication::screens().size() == 1 && reserved.workArea.intersects(free))
+        free &= reserved.workArea;
     return free;
 }
 
@@ -56,8 +56,9 @@ X11Screens::X11Screens(X11Desktop& desktop, UserDefaults& defaults)
     X11::selectEvents(X11::root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     events_ = X11::observeEvents([this](const auto& event) { handle(event); });
     settings_ = defaults_.observeChanges(changed);
+    readReservations();
     known_ = screens();
-    manager_ = desktop_.hasWindowManager.observe([changed](bool) { changed(); });
+    manager_ = desktop_.hasWindowManager.observe([this](bool) { reservationsChanged(); });
 }
 
 void X11Screens::watch(QScreen* screen) {
@@ -68,14 +69,31 @@ void X11Screens::handle(const xcb_generic_event_t& event) {
     if (X11::typeOf(event) != XCB_PROPERTY_NOTIFY)
         return;
     const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-    if (change.window != X11::root())
-        return;
-    for (const auto* property : {"_NET_WORKAREA", "_NET_CURRENT_DESKTOP"})
-        if (change.atom == X11::atom(property))
-            settle_.start();
+    const bool isRoot = change.window == X11::root();
+    for (const auto* property : {"_NET_CLIENT_LIST", "_NET_WORKAREA", "_NET_CURRENT_DESKTOP"})
+        if (isRoot && change.atom == X11::atom(property))
+            reservationsChanged();
+    for (const auto* property : {"_NET_WM_STRUT_PARTIAL", "_NET_WM_STRUT"})
+        if (!isRoot && change.atom == X11::atom(property))
+            reservationsChanged();
+}
+
+void X11Screens::reservationsChanged() {
+    areReservationsStale_ = true;
+    settle_.start();
+}
+
+void X11Screens::readReservations() {
+    areReservationsStale_ = false;
+    const auto before = std::exchange(reservations_, X11Reservations::read()).strutWindows;
+    for (const auto window : reservations_.strutWindows)
+        if (std::ranges::find(before, window) == before.end())
+            X11::selectEvents(window, XCB_EVENT_MASK_PROPERTY_CHANGE);
 }
 
 void X11Screens::refresh() {
+    if (areReservationsStale_)
+        readReservations();
     auto present = screens();
     if (present == known_)
         return;
@@ -114,7 +132,7 @@ Screen X11Screens::describe(const QScreen& screen) const {
     description.visibleFrame = description.frame;
     if (desktop_.hasWindowManager.get()) {
         const QRect pixels = screen.handle()->geometry();
-        const QRect free = freePart(pixels);
+        const QRect free = freePart(pixels, reservations_);
         const qreal scale = pixels.width() / frame.width();
         const QPointF corner = frame.topLeft() + QPointF(free.topLeft() - pixels.topLeft()) / scale;
         description.visibleFrame =

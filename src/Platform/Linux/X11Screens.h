@@ -3,6 +3,7 @@
 #include "Foundation/Published.h"
 #include "Platform/Linux/X11Connection.h"
 #include "Platform/Linux/X11Desktop.h"
+#include "Platform/Linux/X11Struts.h"
 #include "Platform/Screens.h"
 #include "Platform/UserDefaults.h"
 
@@ -17,7 +18,8 @@ namespace orvelle {
 
 /// The display's screens. A desktop cannot tell of a notch, so that the user does: the settings
 /// below describe the primary screen's, in points. Values that are no number above 0, or larger
-/// than the screen, count as unset.
+/// than the screen, count as unset. Answers without asking the display server: what stands there
+/// is known, and its events tell of every change.
 class X11Screens : public Screens {
 public:
     static constexpr std::string_view safeAreaTop = "notch.safeAreaTop";
@@ -35,12 +37,16 @@ public:
 private:
     void watch(QScreen* screen);
     void handle(const xcb_generic_event_t& event);
+    void reservationsChanged();
+    void readReservations();
     void refresh();
     Screen describe(const QScreen& screen) const;
     void addNotch(Screen& screen) const;
 
     X11Desktop& desktop_;
     UserDefaults& defaults_;
+    X11Reservations reservations_;
+    bool areReservationsStale_ = false;
     std::vector<Screen> known_; ///< as last told
     QTimer settle_;
     QObject connections_; ///< ends the toolkit's connections with this object

@@ -2,6 +2,7 @@
 
 #include <QRect>
 #include <QSize>
+#include <xcb/xcb.h>
 
 #include <vector>
 
@@ -19,11 +20,15 @@ struct X11Strut {
     Range leftY{}, rightY{}, topX{}, bottomX{};
 };
 
-/// What windows managed by the window manager reserve.
-std::vector<X11Strut> reservedStruts();
+/// What is reserved on the display at one moment.
+struct X11Reservations {
+    std::vector<X11Strut> struts;           ///< of windows that a window manager looks after
+    std::vector<xcb_window_t> strutWindows; ///< whose they are
+    QRect workArea; ///< of the present desktop on the whole display; empty when nobody tells
 
-/// The present desktop's work area, of the whole display; empty when nobody tells.
-QRect workArea();
+    /// Asks the display server: two batches of questions, however many windows there are.
+    static X11Reservations read();
+};
 
 /// A screen without what struts reserve on it. A strut that would leave nothing is ignored.
 QRect withoutStruts(QRect screen, QSize display, const std::vector<X11Strut>& struts);
