@@ -45,8 +45,12 @@ class EventStore {
 public:
     virtual ~EventStore() = default;
 
-    /// Read afresh, without asking the user.
+    /// As far as is known, without asking the user and without waiting: `notDetermined` until the
+    /// store has looked for the first time. Each question has it look again in the background.
     virtual EventAuthorizationStatus authorizationStatus() const = 0;
+    /// Calls `changed` when `authorizationStatus` has another answer.
+    [[nodiscard]] virtual Subscription
+    observeAuthorizationStatus(std::function<void()> changed) = 0;
     /// Asks the user where the system has a question to ask; the answer comes later, never during
     /// the call, unless the handle is reset before.
     [[nodiscard]] virtual Subscription

@@ -54,6 +54,7 @@ FeatureSettingsView::FeatureSettingsView(WeatherManager& weather, Platform& plat
     follow(locationSearch_.locationSearchResults);
     follow(locationSearch_.isSearching);
     follow(locationSearchText);
+    observers_.push_back(platform.eventStore().observeAuthorizationStatus([this] { appear(); }));
 }
 
 void FeatureSettingsView::appear() {

@@ -4,18 +4,21 @@
 #include "Platform/Qt/QtRunLoop.h"
 #include "Platform/Simulated/SimulatedMachine.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
+#include "Support/Gate.h"
 #include "Support/TemporaryFolder.h"
 #include "Support/TemporaryVariable.h"
 #include "adapters/EventLoopWait.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <ctime>
 #include <map>
+#include <memory>
 #include <optional>
+#include <thread>
 
 namespace orvelle {
 namespace {
@@ -35,8 +38,61 @@ std::string presentEvent(const std::string& title, const std::string& more = {})
            more + "END:VEVENT\r\nEND:VCALENDAR\r\n";
 }
 
+/// The real disk, which takes as long as the test wants below one folder, and on which the test can
+/// take the right to read away. (The tests may run as root, whom no mode of a folder refuses.)
+class WatchedDisk : public CalendarDisk {
+public:
+    std::string slowFolder = "/none/"; ///< set before anything is read
+    mutable Gate slowness;
+    std::atomic_bool refuses = false;
+    mutable std::atomic_int calls = 0;
+    mutable std::atomic_int callsOnMainThread = 0;
+
+    Access access(const std::string& folder) const override {
+        enter(folder);
+        auto access = CalendarDisk::access(folder);
+        access.isReadable = access.isReadable && !refuses;
+        return access;
+    }
+    std::string canonical(const std::string& folder) const override {
+        enter(folder);
+        return CalendarDisk::canonical(folder);
+    }
+    Entries entries(const std::string& folder) const override {
+        enter(folder);
+        return CalendarDisk::entries(folder);
+    }
+    std::optional<std::string> smallFile(const std::string& path,
+                                         std::size_t limit) const override {
+        enter(path);
+        return CalendarDisk::smallFile(path, limit);
+    }
+    Descriptor open(const std::string& path) const override {
+        enter(path);
+        return CalendarDisk::open(path);
+    }
+    int watch(int inotify, const std::string& folder) const override {
+        enter(folder);
+        return CalendarDisk::watch(inotify, folder);
+    }
+
+private:
+    void enter(const std::string& path) const {
+        ++calls;
+        callsOnMainThread += std::this_thread::get_id() == mainThread_;
+        if (path.starts_with(slowFolder))
+            slowness.pass();
+    }
+    const std::thread::id mainThread_ = std::this_thread::get_id();
+};
+
 class IcalEventStoreTest : public testing::Test {
 protected:
+    ~IcalEventStoreTest() override { disk->slowness.open(); }
+
+    bool comesToBe(EventAuthorizationStatus status) {
+        return waitUntil([&] { return store.authorizationStatus() == status; });
+    }
     std::vector<std::string> titles() {
         std::vector<std::string> titles;
         for (const auto& event : store.events(runLoop.now(), runLoop.now() + 86400))
@@ -61,7 +117,8 @@ protected:
     IcuFormatting formatting{"en_US", "America/New_York"};
     SimulatedUserDefaults defaults;
     SimulatedLog log;
-    IcalEventStore store{runLoop, formatting, defaults, log};
+    std::shared_ptr<WatchedDisk> disk = std::make_shared<WatchedDisk>();
+    IcalEventStore store{runLoop, formatting, defaults, log, disk};
     int changes = 0;
     Subscription observer;
 
@@ -131,27 +188,98 @@ TEST_F(IcalEventStoreTest, ReadsNothingBeforeSomeoneObserves) {
     EXPECT_TRUE(comeToShow({"A"}));
 }
 
-TEST_F(IcalEventStoreTest, FoldersThatMayNotBeReadAreARefusal) {
+TEST_F(IcalEventStoreTest, TheStatusIsOpenUntilTheFirstLook) {
+    int statusChanges = 0;
+    const auto statusObserver = store.observeAuthorizationStatus([&] { ++statusChanges; });
+    EXPECT_EQ(store.authorizationStatus(), EventAuthorizationStatus::notDetermined);
+    EXPECT_TRUE(waitUntil([&] { return statusChanges > 0; }));
     EXPECT_EQ(store.authorizationStatus(), EventAuthorizationStatus::fullAccess)
         << "where there is no calendar there is nothing to refuse";
+    EXPECT_EQ(statusChanges, 1);
+}
+
+TEST_F(IcalEventStoreTest, FoldersThatMayNotBeReadAreARefusal) {
     std::filesystem::create_directory(home / ".calendars");
-    EXPECT_EQ(store.authorizationStatus(), EventAuthorizationStatus::fullAccess);
-    if (geteuid() == 0)
-        GTEST_SKIP() << "root may read everything";
-    std::filesystem::permissions(home / ".calendars", std::filesystem::perms::none);
-    EXPECT_EQ(store.authorizationStatus(), EventAuthorizationStatus::denied);
-    std::filesystem::permissions(home / ".calendars", std::filesystem::perms::owner_all);
+    EXPECT_TRUE(comesToBe(EventAuthorizationStatus::fullAccess));
+    disk->refuses = true;
+    EXPECT_TRUE(comesToBe(EventAuthorizationStatus::denied)) << "by the next look";
+    disk->refuses = false;
+    EXPECT_TRUE(comesToBe(EventAuthorizationStatus::fullAccess));
 }
 
 TEST_F(IcalEventStoreTest, WithoutAccessWhatWasReadBeforeIsNotTold) {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "root may read everything";
     home.write(".calendars/a/a.ics", presentEvent("A"));
     observe();
     ASSERT_TRUE(comeToShow({"A"}));
-    std::filesystem::permissions(home / ".calendars", std::filesystem::perms::none);
+    disk->refuses = true;
+    changes = 0;
+    ASSERT_TRUE(comesToBe(EventAuthorizationStatus::denied));
     EXPECT_EQ(titles(), Titles{});
+    EXPECT_GT(changes, 0);
+    disk->refuses = false;
+    EXPECT_TRUE(comeToShow({"A"}));
+}
+
+TEST_F(IcalEventStoreTest, ChangedRightsAreNoticed) {
+    home.write(".calendars/a/a.ics", presentEvent("A"));
+    observe();
+    ASSERT_TRUE(comeToShow({"A"}));
+    const int before = disk->calls;
     std::filesystem::permissions(home / ".calendars", std::filesystem::perms::owner_all);
+    EXPECT_TRUE(waitUntil([&] { return disk->calls > before; }));
+}
+
+TEST_F(IcalEventStoreTest, TheMainThreadTouchesNoFile) {
+    home.write(".calendars/a/a.ics", presentEvent("A"));
+    home.write("elsewhere/a.ics", presentEvent("Elsewhere"));
+    store.authorizationStatus();
+    const auto request = store.requestFullAccess([](bool) {});
+    observe();
+    EXPECT_TRUE(comeToShow({"A"}));
+    defaults.set("calendarFolders", home / "elsewhere");
+    EXPECT_TRUE(comeToShow({"A", "Elsewhere"}));
+    home.write(".calendars/a/b.ics", presentEvent("B"));
+    EXPECT_TRUE(comeToShow({"A", "B", "Elsewhere"}));
+    defaults.remove("calendarFolders");
+    EXPECT_TRUE(comeToShow({"A", "B"}));
+    EXPECT_GT(disk->calls, 0);
+    EXPECT_EQ(disk->callsOnMainThread, 0);
+}
+
+TEST_F(IcalEventStoreTest, AFolderThatHangsDelaysNothing) {
+    home.write("data/calendars/a/a.ics", presentEvent("Slow"));
+    home.write("data/khal/calendars/a.ics", presentEvent("Khal"));
+    home.write("data/evolution/calendar/system/calendar.ics", presentEvent("Gnome"));
+    home.write("elsewhere/a.ics", presentEvent("Elsewhere"));
+    defaults.set("calendarFolders", home / "elsewhere");
+    disk->slowFolder = home / "data/calendars";
+    disk->slowness.close();
+    std::optional<bool> granted;
+    const auto request = store.requestFullAccess([&](bool answer) { granted = answer; });
+    observe();
+    EXPECT_TRUE(waitUntil([&] { return disk->slowness.isReached(); }));
+    EXPECT_TRUE(comeToShow({"Elsewhere", "Gnome", "Khal"}));
+    EXPECT_EQ(store.authorizationStatus(), EventAuthorizationStatus::fullAccess);
+    EXPECT_TRUE(waitUntil([&] { return granted.has_value(); }));
+    home.write("elsewhere/b.ics", presentEvent("Written meanwhile"));
+    EXPECT_TRUE(comeToShow({"Elsewhere", "Gnome", "Khal", "Written meanwhile"}));
+    disk->slowness.open();
+    EXPECT_TRUE(comeToShow({"Elsewhere", "Gnome", "Khal", "Slow", "Written meanwhile"}));
+}
+
+TEST_F(IcalEventStoreTest, AFolderThatHangsAndIsNamedNoLongerIsForgotten) {
+    home.write("elsewhere/a.ics", presentEvent("Elsewhere"));
+    home.write(".calendars/a/a.ics", presentEvent("A"));
+    defaults.set("calendarFolders", home / "elsewhere");
+    disk->slowFolder = home / "elsewhere";
+    disk->slowness.close();
+    observe();
+    ASSERT_TRUE(waitUntil([&] { return disk->slowness.isReached(); }));
+    defaults.remove("calendarFolders");
+    EXPECT_TRUE(comeToShow({"A"}));
+    disk->slowness.open();
+    home.write(".calendars/a/b.ics", presentEvent("B"));
+    EXPECT_TRUE(comeToShow({"A", "B"}));
 }
 
 TEST_F(IcalEventStoreTest, ARequestIsAnsweredLater) {

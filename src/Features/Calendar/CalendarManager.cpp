@@ -53,6 +53,8 @@ void CalendarManager::start() {
     auto& store = platform_.eventStore();
     notificationObserver = store.observeChanges(
         [this] { platform_.runLoop().post(lifetime_.guard([this] { fetchEvents(); })); });
+    statusObserver_ = store.observeAuthorizationStatus(
+        [this] { authorizationStatus = platform_.eventStore().authorizationStatus(); });
     authorizationStatus = store.authorizationStatus();
     if (authorizationStatus == EventAuthorizationStatus::fullAccess)
         fetchEvents();

@@ -42,6 +42,7 @@ public:
 
 private:
     Platform& platform_;
+    Subscription statusObserver_;
     Lifetime lifetime_;
 };
 

@@ -59,7 +59,9 @@ OnboardingView::OnboardingView(std::function<void()> onComplete, const ThemeMana
     : locationStatusText(statusText(locationStatus(platform))),
       calendarStatusText(statusText(platform.eventStore().authorizationStatus())),
       cameraStatusText(statusText(platform.camera().authorizationStatus())),
-      onComplete_(std::move(onComplete)), theme_(theme), platform_(platform) {}
+      onComplete_(std::move(onComplete)), theme_(theme), platform_(platform),
+      calendarObserver_(
+          platform.eventStore().observeAuthorizationStatus([this] { showCalendarStatus(); })) {}
 
 OnboardingView::Content OnboardingView::stepContent(Step step) const {
     switch (step) {
@@ -221,9 +223,12 @@ void OnboardingView::requestLocationPermission() {
 }
 
 void OnboardingView::requestCalendarPermission() {
-    calendarRequest_ = platform_.eventStore().requestFullAccess([this](bool) {
-        calendarStatusText = statusText(platform_.eventStore().authorizationStatus());
-    });
+    calendarRequest_ =
+        platform_.eventStore().requestFullAccess([this](bool) { showCalendarStatus(); });
+}
+
+void OnboardingView::showCalendarStatus() {
+    calendarStatusText = statusText(platform_.eventStore().authorizationStatus());
 }
 
 void OnboardingView::requestCameraPermission() {

@@ -102,11 +102,13 @@ private:
     Content doneStep() const;
     Tip tipRow(std::string_view icon, std::string text) const;
     void advance();
+    void showCalendarStatus();
 
     std::function<void()> onComplete_;
     const ThemeManager& theme_;
     Platform& platform_;
     std::unique_ptr<LocationPermissionRequester> locationManagerHolder_;
+    Subscription calendarObserver_;
     Subscription calendarRequest_;
     Subscription cameraRequest_;
 };

@@ -1,14 +1,12 @@
 #include "Platform/Linux/CalendarFolders.h"
 
 #include "Platform/Linux/BaseFolders.h"
-#include "Platform/Linux/SmallFile.h"
-
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace orvelle {
 
@@ -16,16 +14,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool exists(const std::string& folder) {
-    return access(folder.c_str(), F_OK) == 0;
-}
+constexpr std::size_t smallSize = 4096;
 
-bool mayRead(const std::string& folder) {
-    return access(folder.c_str(), R_OK | X_OK) == 0;
-}
-
-std::optional<std::string> firstLine(const fs::path& file) {
-    auto text = readSmallFile(file.string());
+std::optional<std::string> firstLine(const CalendarDisk& disk, const fs::path& file) {
+    auto text = disk.smallFile(file.string(), smallSize);
     if (!text)
         return std::nullopt;
     text->erase(std::min(text->find_first_of("\r\n"), text->size()));
@@ -53,21 +45,22 @@ std::optional<Color> parseColor(std::string_view text) {
     return Color{parts[0], parts[1], parts[2]};
 }
 
-StoredEvent::Calendar vdirCalendar(const fs::path& folder) {
+StoredEvent::Calendar vdirCalendar(const CalendarDisk& disk, const fs::path& folder) {
     StoredEvent::Calendar calendar;
-    calendar.title = firstLine(folder / "displayname").value_or(folder.filename().string());
-    if (const auto color = firstLine(folder / "color"))
+    calendar.title = firstLine(disk, folder / "displayname").value_or(folder.filename().string());
+    if (const auto color = firstLine(disk, folder / "color"))
         calendar.color = parseColor(*color).value_or(calendar.color);
     return calendar;
 }
 
 /// A key file with, among others, DisplayName=… and Color=….
-StoredEvent::Calendar evolutionCalendar(const CalendarPlaces& places, const std::string& name) {
+StoredEvent::Calendar evolutionCalendar(const CalendarDisk& disk, const std::string& sources,
+                                        const std::string& name) {
     StoredEvent::Calendar calendar;
     calendar.title = name;
     const auto source = name == "system" ? "system-calendar" : name;
     constexpr std::size_t limit = 64 << 10;
-    const auto text = readSmallFile(places.evolutionSources + '/' + source + ".source", limit);
+    const auto text = disk.smallFile(sources + '/' + source + ".source", limit);
     std::string_view rest = text ? std::string_view(*text) : std::string_view();
     while (!rest.empty()) {
         const auto line = rest.substr(0, rest.find('\n'));
@@ -84,98 +77,74 @@ StoredEvent::Calendar evolutionCalendar(const CalendarPlaces& places, const std:
 
 class Search {
 public:
-    explicit Search(CalendarFolders& found) : found_(found) {}
+    Search(const CalendarPlace& place, const CalendarDisk& disk, CalendarFolders& found)
+        : place_(place), disk_(disk), found_(found) {}
 
     /// A folder with iCalendar files is a collection, whatever lies below it.
-    template <class Describe>
-    void visit(const fs::path& path, int depth, Describe describe) {
-        std::error_code missing;
-        auto folder = fs::canonical(path, missing); // each folder once, however it is reached
-        if (missing)
-            folder = path;
+    void visit(const std::string& path, int depth) {
+        const auto folder = disk_.canonical(path); // each folder once, however it is reached
         if (found_.visited.size() >= CalendarFolders::maximumFolders ||
-            std::ranges::find(found_.visited, folder.string()) != found_.visited.end())
+            std::ranges::find(found_.visited, folder) != found_.visited.end())
             return;
-        found_.visited.push_back(folder.string());
-        std::vector<fs::path> folders;
-        CalendarCollection collection;
-        list(folder, folders, collection.files);
-        if (!collection.files.empty()) {
-            collection.calendar = describe(folder);
-            found_.collections.push_back(std::move(collection));
+        found_.visited.push_back(folder);
+        auto entries = disk_.entries(folder);
+        fileCount_ += entries.calendars.size();
+        if (fileCount_ > CalendarFolders::maximumFiles) {
+            const auto excess =
+                std::min(fileCount_ - CalendarFolders::maximumFiles, entries.calendars.size());
+            entries.calendars.resize(entries.calendars.size() - excess);
         }
+        if (!entries.calendars.empty())
+            found_.collections.push_back({folder, describe(folder), std::move(entries.calendars)});
         if (depth > 0)
-            for (const auto& each : folders)
-                visit(each, depth - 1, describe);
+            for (const auto& each : entries.folders)
+                visit(each, depth - 1);
     }
 
 private:
-    void list(const fs::path& folder, std::vector<fs::path>& folders,
-              std::vector<std::string>& files) {
-        std::error_code failure;
-        fs::directory_iterator entries(folder, failure);
-        for (; !failure && entries != fs::directory_iterator(); entries.increment(failure)) {
-            const auto& path = entries->path();
-            if (path.filename().string().starts_with('.'))
-                continue;
-            std::error_code gone;
-            if (path.extension() == ".ics") {
-                if (entries->is_regular_file(gone) && fileCount_++ < CalendarFolders::maximumFiles)
-                    files.push_back(path.string());
-            } else if (entries->is_directory(gone)) {
-                folders.push_back(path);
-            }
-        }
-        std::ranges::sort(folders);
-        std::ranges::sort(files);
+    StoredEvent::Calendar describe(const fs::path& folder) const {
+        if (place_.evolutionSources.empty())
+            return vdirCalendar(disk_, folder);
+        return evolutionCalendar(disk_, place_.evolutionSources, folder.filename().string());
     }
 
+    const CalendarPlace& place_;
+    const CalendarDisk& disk_;
     CalendarFolders& found_;
     std::size_t fileCount_ = 0;
 };
 
 } // namespace
 
-CalendarPlaces CalendarPlaces::ofUser(const std::string& further) {
+std::vector<CalendarPlace> CalendarPlace::ofUser(const std::string& further) {
     const auto data = baseFolder("XDG_DATA_HOME", ".local/share");
-    CalendarPlaces places{
-        {data + "/calendars", data + "/khal/calendars",
-         homeFolder() + "/.local/share/khal/calendars", homeFolder() + "/.calendars"},
-        data + "/evolution/calendar",
-        baseFolder("XDG_CONFIG_HOME", ".config") + "/evolution/sources",
+    std::vector<CalendarPlace> places;
+    const auto add = [&](CalendarPlace place) {
+        if (std::ranges::find(places, place) == places.end())
+            places.push_back(std::move(place));
     };
+    add({data + "/calendars"});
+    add({data + "/khal/calendars"});
+    add({homeFolder() + "/.local/share/khal/calendars"});
+    add({homeFolder() + "/.calendars"});
+    add({data + "/evolution/calendar",
+         baseFolder("XDG_CONFIG_HOME", ".config") + "/evolution/sources"});
     std::string_view rest = further;
     while (!rest.empty()) {
         const auto folder = rest.substr(0, rest.find(':'));
         rest.remove_prefix(std::min(folder.size() + 1, rest.size()));
         if (folder.starts_with("~/"))
-            places.roots.push_back(homeFolder() + std::string(folder.substr(1)));
+            add({homeFolder() + std::string(folder.substr(1))});
         else if (folder.starts_with('/'))
-            places.roots.emplace_back(folder);
+            add({std::string(folder)});
     }
     return places;
 }
 
-bool CalendarPlaces::isReadable() const {
-    bool isAnyThere = false;
-    auto folders = roots;
-    folders.push_back(evolutionData);
-    for (const auto& folder : folders) {
-        if (mayRead(folder))
-            return true;
-        isAnyThere = isAnyThere || exists(folder);
-    }
-    return !isAnyThere;
-}
-
-CalendarFolders CalendarFolders::find(const CalendarPlaces& places) {
+CalendarFolders CalendarFolders::find(const CalendarPlace& place, const CalendarDisk& disk) {
     CalendarFolders found;
-    Search search(found);
-    for (const auto& root : places.roots)
-        search.visit(root, maximumDepth, vdirCalendar);
-    search.visit(places.evolutionData, 1, [&](const fs::path& folder) {
-        return evolutionCalendar(places, folder.filename().string());
-    });
+    Search(place, disk, found)
+        .visit(place.folder, place.evolutionSources.empty() ? maximumDepth : 1);
     return found;
 }
 

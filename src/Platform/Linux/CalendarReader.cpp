@@ -3,7 +3,6 @@
 #include "Platform/Ical/IcalFile.h"
 #include "Platform/Linux/Descriptor.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -42,7 +41,18 @@ bool readAll(const Descriptor& file, IcalFile& calendar) {
 
 } // namespace
 
-CalendarReader::Result CalendarReader::read(const CalendarPlaces& places, Date now,
+/// What is read was watched before, so that no change comes between.
+CalendarFolders CalendarReader::watchedFolders(const Descriptor& inotify,
+                                               FolderWatch::Watches& watches) {
+    auto folders = CalendarFolders::find(place_, disk_);
+    watches = FolderWatch::add(inotify, folders.visited, disk_);
+    if (folders.visited != watched_)
+        folders = CalendarFolders::find(place_, disk_);
+    watched_ = folders.visited;
+    return folders;
+}
+
+CalendarReader::Result CalendarReader::read(const Descriptor& inotify, Date now,
                                             const std::string& localZone) {
     if (zone_ != localZone)
         files_.clear();
@@ -51,12 +61,13 @@ CalendarReader::Result CalendarReader::read(const CalendarPlaces& places, Date n
     files_.clear();
 
     Result result;
-    auto folders = CalendarFolders::find(places);
-    result.folders = std::move(folders.visited);
+    const auto folders = watchedFolders(inotify, result.watches);
     const auto end = Clock::now() + duration(patience);
-    for (const auto& collection : folders.collections)
+    std::size_t count = 0;
+    for (const auto& collection : folders.collections) {
+        auto& found = result.collections.emplace_back(Collection{collection.folder, {}});
         for (const auto& path : collection.files) {
-            const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+            const Descriptor file = disk_.open(path);
             struct stat status {};
             if (!file || fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
                 continue;
@@ -67,7 +78,7 @@ CalendarReader::Result CalendarReader::read(const CalendarPlaces& places, Date n
             if (old != known.end() && old->second.version == version && old->second.from <= now &&
                 old->second.to >= now + leastReach) {
                 files_.insert(known.extract(old));
-            } else if (Clock::now() < end && result.events.size() < maximumEvents) {
+            } else if (Clock::now() < end && count < maximumEvents) {
                 IcalFile calendar({now, now + reach, localZone,
                                    std::min(end, Clock::now() + duration(patiencePerFile))});
                 if (!readAll(file, calendar))
@@ -76,10 +87,12 @@ CalendarReader::Result CalendarReader::read(const CalendarPlaces& places, Date n
             }
             if (const auto present = files_.find(path); present != files_.end())
                 for (const auto& event : present->second.events) {
-                    result.events.push_back(event);
-                    result.events.back().calendar = collection.calendar;
+                    ++count;
+                    found.events.push_back(event);
+                    found.events.back().calendar = collection.calendar;
                 }
         }
+    }
     return result;
 }
 

@@ -1,14 +1,17 @@
 #pragma once
 
 #include "Platform/Linux/CalendarFolders.h"
+#include "Platform/Linux/FolderWatch.h"
 
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace orvelle {
 
-/// Reads all calendars, and files that did not change since only once. Any thread, one at a time.
+/// Reads the calendars of one place, and files that did not change since only once. Any thread, one
+/// at a time.
 class CalendarReader {
 public:
     static constexpr std::size_t maximumFileSize = 64 << 20; ///< bytes; the rest is not read
@@ -19,13 +22,21 @@ public:
     static constexpr Seconds reach = 3 * 86400;
     static constexpr Seconds leastReach = 2 * 86400;
 
-    struct Result {
+    struct Collection {
+        std::string folder; ///< by its one path
         std::vector<StoredEvent> events;
-        std::vector<std::string> folders;    ///< whose changes call for another reading
+    };
+    struct Result {
+        std::vector<Collection> collections;
+        FolderWatch::Watches watches;        ///< of what calls for another reading
         std::vector<std::string> complaints; ///< of files read now; for the log
     };
 
-    Result read(const CalendarPlaces& places, Date now, const std::string& localZone);
+    /// The disk outlives the reader.
+    CalendarReader(CalendarPlace place, const CalendarDisk& disk)
+        : place_(std::move(place)), disk_(disk) {}
+
+    Result read(const Descriptor& inotify, Date now, const std::string& localZone);
 
 private:
     /// Differs after every change.
@@ -40,6 +51,11 @@ private:
         std::vector<StoredEvent> events;
     };
 
+    CalendarFolders watchedFolders(const Descriptor& inotify, FolderWatch::Watches& watches);
+
+    CalendarPlace place_;
+    const CalendarDisk& disk_;
+    std::vector<std::string> watched_;
     std::map<std::string, File> files_; ///< by path
     std::string zone_;                  ///< that they were read for
 };

@@ -4,11 +4,11 @@
 #include "Platform/EventStore.h"
 #include "Platform/Formatting.h"
 #include "Platform/Linux/CalendarReader.h"
-#include "Platform/Linux/FolderWatch.h"
 #include "Platform/Log.h"
 #include "Platform/RunLoop.h"
 #include "Platform/UserDefaults.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,7 +17,7 @@ namespace orvelle {
 
 /// The iCalendar files of the user's calendar programs: vdir collections and GNOME's local
 /// calendars. Read in the background, watched, and read again as the days go on. Whoever may read
-/// the folders has full access.
+/// the folders has full access. Each place is read by itself, so that a slow one holds up no other.
 class IcalEventStore : public EventStore {
 public:
     /// A setting of further folders, separated by colons; "~/" stands for the home folder.
@@ -26,38 +26,56 @@ public:
     static constexpr Seconds readDelay = 0.2;
     /// How often it tells that time has gone on.
     static constexpr Seconds refreshInterval = 900;
+    /// Places that are read at once, of which one may be on a disk that hangs.
+    static constexpr int jobsAtOnce = 2;
 
     IcalEventStore(RunLoop& runLoop, const Formatting& formatting, UserDefaults& defaults,
-                   LogSink& log);
+                   LogSink& log,
+                   std::shared_ptr<const CalendarDisk> disk = std::make_shared<CalendarDisk>());
+    ~IcalEventStore() override;
 
     EventAuthorizationStatus authorizationStatus() const override;
+    Subscription observeAuthorizationStatus(std::function<void()> changed) override;
     Subscription requestFullAccess(std::function<void(bool granted)> completion) override;
     std::vector<StoredEvent> events(Date from, Date to) override;
     Subscription observeChanges(std::function<void()> changed) override;
 
 private:
-    CalendarPlaces places() const;
-    void begin();
-    void readSoon();
-    void read();
-    void adopt(CalendarReader::Result result);
+    struct Place;
+    struct Outcome;
+    using Completion = std::function<void(bool)>;
+
+    void findPlaces();
+    void look();
+    void readAll();
+    void work();
+    void begin(const std::shared_ptr<Place>& place);
+    void adopt(Place& place, Outcome& outcome);
+    void updateStatus();
+    void gatherEvents();
+    void answerRequests();
 
     RunLoop& runLoop_;
     const Formatting& formatting_;
     UserDefaults& defaults_;
     const Logger log_;
+    std::shared_ptr<const CalendarDisk> disk_;
+    std::string furtherFolders_;
+    std::vector<std::shared_ptr<Place>> places_;
+    int jobs_ = 0; ///< under way
+    bool isObserved_ = false;
+    EventAuthorizationStatus status_ = EventAuthorizationStatus::notDetermined;
     std::vector<StoredEvent> events_;
+    std::vector<std::shared_ptr<Completion>> requests_; ///< empty ones were given up
     Event<> changed_;
-    std::string furtherFolders_; ///< as they were read last
-    std::shared_ptr<CalendarReader> reader_ = std::make_shared<CalendarReader>();
-    std::vector<std::string> watchedFolders_;
-    std::unique_ptr<FolderWatch> watch_; ///< null until someone observes
+    Event<> statusChanged_;
     Subscription settingsObserver_;
+    Timer settingsTimer_;
     Timer refreshTimer_;
-    Timer readTimer_;
-    Subscription reading_;
-    bool isReading_ = false;
-    bool isReadingDue_ = false; ///< once the present one is done
+    Timer requestTimer_;
+    const std::function<void()> lookAgain_;
+    mutable Timer lookTimer_; ///< a question for the status begins another look
+    Lifetime lifetime_;
 };
 
 } // namespace orvelle

@@ -12,9 +12,9 @@ namespace orvelle {
 
 namespace {
 
-/// One for each work that may take minutes or hang for ever, of which there is one at a time: a
-/// copy of files, the reading of the calendars, the camera. And one for the rest.
-constexpr int backgroundThreads = 4;
+/// One for each work that may take minutes or hang for ever: a copy of files, the camera, and two
+/// for the calendars, of which two places are read at once. And one for the rest.
+constexpr int backgroundThreads = 5;
 
 /// Above the number of files that are kept, each of which is saved by one work at a time: not even
 /// a save that hangs holds up another.

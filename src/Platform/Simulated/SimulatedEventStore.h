@@ -25,12 +25,22 @@ public:
     /// Called before each query, so that a demonstration can lay its events around the hour.
     std::function<void(SimulatedEventStore&, Date from)> onQuery;
     void notifyChanged() { changed_(); }
+    /// As when the user changes it elsewhere.
+    void change(EventAuthorizationStatus present) {
+        status = present;
+        statusChanged_();
+        changed_();
+    }
 
     EventAuthorizationStatus authorizationStatus() const override { return status; }
+    Subscription observeAuthorizationStatus(std::function<void()> changed) override {
+        return statusChanged_.observe(std::move(changed));
+    }
     Subscription requestFullAccess(std::function<void(bool)> completion) override {
         ++accessRequests;
         return runLoop_.after(0, [this, completion = std::move(completion)] {
-            status = statusAfterRequest;
+            if (status != statusAfterRequest)
+                change(statusAfterRequest);
             completion(status == EventAuthorizationStatus::fullAccess);
         });
     }
@@ -53,6 +63,7 @@ public:
 private:
     RunLoop& runLoop_;
     Event<> changed_;
+    Event<> statusChanged_;
 };
 
 } // namespace orvelle

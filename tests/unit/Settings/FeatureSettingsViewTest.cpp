@@ -43,6 +43,13 @@ protected:
     FeatureSettingsView page{app.weatherManager, platform};
 };
 
+TEST_F(FeatureSettingsViewTest, ACalendarRefusedOrGivenElsewhereShowsAtOnce) {
+    platform.eventStorePort.change(EventAuthorizationStatus::denied);
+    EXPECT_EQ(row("calendarEnabled").detail, "Calendar access denied");
+    platform.eventStorePort.change(EventAuthorizationStatus::fullAccess);
+    EXPECT_EQ(row("calendarEnabled").kind, Kind::toggle);
+}
+
 TEST_F(FeatureSettingsViewTest, EverySectionAndRowStandsInItsOrder) {
     switchEverythingOn();
     EXPECT_EQ(labelsOf(page, Kind::title), (Labels{"Media & Files", "System", "Productivity",

@@ -25,8 +25,8 @@ TEST(KnownSettings, EveryKeyIsKnownByItsType) {
 }
 
 TEST(KnownSettings, NoKeyOfTheTableIsForgotten) {
-    const auto table = std::filesystem::path(__FILE__).parent_path() /
-                       "../../../src/Settings/SettingsKeys.h";
+    const auto table =
+        std::filesystem::path(__FILE__).parent_path() / "../../../src/Settings/SettingsKeys.h";
     std::ifstream file(table);
     ASSERT_TRUE(file) << table;
     const std::string text(std::istreambuf_iterator<char>(file), {});

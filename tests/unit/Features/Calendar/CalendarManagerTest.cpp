@@ -50,6 +50,18 @@ protected:
 
 using Texts = std::vector<std::string>;
 
+TEST_F(CalendarManagerTest, AccessThatComesLaterBringsTheEvents) {
+    platform.eventStorePort.status = EventAuthorizationStatus::notDetermined;
+    store("Standup", 3600, 7200);
+    manager.start();
+    EXPECT_EQ(manager.authorizationStatus.get(), EventAuthorizationStatus::notDetermined);
+    EXPECT_TRUE(titles().empty());
+    platform.eventStorePort.change(EventAuthorizationStatus::fullAccess);
+    platform.runLoopPort.runPosted();
+    EXPECT_EQ(manager.authorizationStatus.get(), EventAuthorizationStatus::fullAccess);
+    EXPECT_EQ(titles(), std::vector<std::string>{"Standup"});
+}
+
 TEST_F(CalendarManagerTest, AnEventThatRunsOnIsInNowAndIsTheNextUpcomingEvent) {
     store("Running", -hour, hour);
     store("Later", 30 * minute, hour);

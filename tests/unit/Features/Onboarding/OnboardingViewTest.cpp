@@ -73,6 +73,13 @@ TEST_F(OnboardingViewTest, AGrantedStepShowsTheCheckMarkAndNoButton) {
     }
 }
 
+TEST_F(OnboardingViewTest, ACalendarThatTurnsOutToBeOpenShowsAtOnce) {
+    goTo(Step::calendar);
+    EXPECT_EQ(status(), "Not yet requested");
+    platform.eventStorePort.change(EventAuthorizationStatus::fullAccess);
+    EXPECT_EQ(status(), "Granted");
+}
+
 TEST_F(OnboardingViewTest, ALocationStatusOfAuthorizedWhenInUseShowsUnknownAndKeepsTheButton) {
     platform.locationServicePort.authorization = LocationAuthorization::authorizedWhenInUse;
     goTo(Step::location);
