@@ -277,6 +277,11 @@ def test_a_changed_setting_asks_the_display_server_nothing(openbox, start, setti
         return program.describe().count("Detecting notch")
 
     with openbox.questions(program.window()) as questions:
+        def is_quiet():
+            questions.clear()
+            return stays(lambda: not questions, 0.3)
+
+        wait_until(is_quiet, "end of what a start asks", program.describe)
         before = detections()
         settings("customAccentHue", 0.3)
         wait_until(lambda: detections() > before, "the new setting", program.describe)

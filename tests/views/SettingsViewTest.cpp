@@ -187,18 +187,22 @@ TEST_F(ThemedPages, EveryPageIsRecolouredAtOnceByAModeFromOutside) {
         platform.userDefaultsPort.set("themeMode", std::string("system"));
         choose(tab);
         auto* page = find(QStringLiteral("page"));
+        EXPECT_TRUE(eventually([&] { return paintedIn(page, custom()) == 0; })) << name;
         const int before = paintedIn(page, toQt(red));
         EXPECT_GT(before, 0) << name;
+        // A switch fades from one colour to the other.
+        const auto becomes = [&](const QColor& color, const QColor& former) {
+            return eventually([&] {
+                return paintedIn(settings.get(), former) == 0 && paintedIn(page, color) >= before;
+            });
+        };
         platform.userDefaultsPort.set("themeMode", std::string("custom"));
-        turn();
-        EXPECT_EQ(paintedIn(settings.get(), toQt(red)), 0) << name;
-        EXPECT_GE(paintedIn(page, custom()), before) << name;
+        EXPECT_TRUE(becomes(custom(), toQt(red))) << name;
         platform.userDefaultsPort.set("customAccentHue", 0.25);
-        turn();
-        EXPECT_EQ(paintedIn(settings.get(), custom()), 0) << name << " by the hue";
+        EXPECT_TRUE(becomes(toQt(Color::hsb(0.25, 0.8, 0.9)), custom())) << name;
         platform.userDefaultsPort.set("customAccentSaturation", 0.5);
-        turn();
-        EXPECT_GE(paintedIn(page, toQt(Color::hsb(0.25, 0.5, 0.9))), before) << name;
+        EXPECT_TRUE(becomes(toQt(Color::hsb(0.25, 0.5, 0.9)), toQt(Color::hsb(0.25, 0.8, 0.9))))
+            << name;
         platform.userDefaultsPort.remove("customAccentSaturation");
         platform.userDefaultsPort.set("customAccentHue", 0.5);
     }

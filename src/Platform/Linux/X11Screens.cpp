@@ -56,9 +56,9 @@ X11Screens::X11Screens(X11Desktop& desktop, UserDefaults& defaults)
     X11::selectEvents(X11::root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     events_ = X11::observeEvents([this](const auto& event) { handle(event); });
     settings_ = defaults_.observeChanges(changed);
+    manager_ = desktop_.hasWindowManager.observe([this](bool) { reservationsChanged(); });
     readReservations();
     known_ = screens();
-    manager_ = desktop_.hasWindowManager.observe([this](bool) { reservationsChanged(); });
 }
 
 void X11Screens::watch(QScreen* screen) {
