@@ -1,5 +1,8 @@
 #pragma once
 
+#include "Foundation/Subscription.h"
+
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,7 +29,8 @@ enum class LocationAccuracy { kilometer };
 
 class LocationManager;
 
-/// Who hears of a location manager. Called on the main thread, never during a call of the manager.
+/// Who hears of a location manager. Called on the main thread, never during a call of the manager
+/// or its service.
 class LocationManagerDelegate {
 public:
     virtual ~LocationManagerDelegate() = default;
@@ -44,6 +48,7 @@ class LocationManager {
 public:
     virtual ~LocationManager() = default;
 
+    /// The service's.
     virtual LocationAuthorization authorizationStatus() const = 0;
     /// Fixes arrive until the stop. Without a service, or when it refuses, the delegate hears of
     /// the failure once.
@@ -57,6 +62,14 @@ public:
 class LocationService {
 public:
     virtual ~LocationService() = default;
+
+    /// What the user lets the program know, as it was last answered: the same for all managers.
+    virtual LocationAuthorization authorizationStatus() const = 0;
+    /// Called after each change of it, as every manager's delegate is.
+    [[nodiscard]] virtual Subscription observeAuthorization(std::function<void()> changed) = 0;
+    /// Asks again whether the last answer holds; no fix comes of it. Nothing while nobody was asked
+    /// yet, and while an answer is outstanding.
+    virtual void refreshAuthorization() = 0;
 
     /// The delegate outlives the manager, and the service both.
     virtual std::unique_ptr<LocationManager> makeLocationManager(LocationManagerDelegate& delegate,

@@ -45,8 +45,10 @@ SettingsRow placeRow(SettingsRow::Kind kind, std::string_view prefix, const Save
 
 FeatureSettingsView::FeatureSettingsView(WeatherManager& weather, Platform& platform)
     : SettingsPage(platform.userDefaults()), weather_(weather), platform_(platform),
-      locationRequester_(platform, [this] { appear(); }), locationSearch_(platform) {
+      locationRequester_(platform), locationSearch_(platform) {
     readPermissions();
+    observers_.push_back(
+        platform.locationService().observeAuthorization([this] { readAnswers(); }));
     const auto follow = [this](const auto& source) {
         observers_.push_back(source.observe([this](const auto&) { refresh(); }));
     };
@@ -58,6 +60,11 @@ FeatureSettingsView::FeatureSettingsView(WeatherManager& weather, Platform& plat
 }
 
 void FeatureSettingsView::appear() {
+    platform_.locationService().refreshAuthorization();
+    readAnswers();
+}
+
+void FeatureSettingsView::readAnswers() {
     readPermissions();
     refresh();
 }
@@ -65,7 +72,7 @@ void FeatureSettingsView::appear() {
 void FeatureSettingsView::readPermissions() {
     cameraPermission_ = platform_.camera().authorizationStatus();
     calendarPermission_ = platform_.eventStore().authorizationStatus();
-    locationPermission_ = locationRequester_.status();
+    locationPermission_ = platform_.locationService().authorizationStatus();
 }
 
 std::vector<SettingsRow> FeatureSettingsView::makeRows() const {
@@ -207,7 +214,7 @@ void FeatureSettingsView::setOn(std::string_view id, bool on) {
 }
 
 void FeatureSettingsView::requestPermission(std::string_view id) {
-    const auto readAgain = [this](bool) { appear(); };
+    const auto readAgain = [this](bool) { readAnswers(); };
     if (id == Settings::mirrorEnabled.name &&
         cameraPermission_ == CameraAuthorizationStatus::notDetermined)
         cameraRequest_ = platform_.camera().requestAccess(readAgain);

@@ -50,6 +50,7 @@ private:
                              std::string_view suffix = "") const;
 
     void readPermissions();
+    void readAnswers();
     void requestPermission(std::string_view id);
     void searchLocation();
     void addFound(std::string_view placeId);

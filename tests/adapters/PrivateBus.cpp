@@ -13,6 +13,13 @@ namespace orvelle {
 
 namespace {
 constexpr int startBound = 10000; // milliseconds
+
+QStringList mock(const QStringList& arguments) {
+    return QStringList{QStringLiteral("-m"), QStringLiteral("dbusmock"),
+                       QStringLiteral("--session")} +
+           arguments;
+}
+
 } // namespace
 
 PrivateBus::PrivateBus() {
@@ -56,11 +63,15 @@ QVariantList PrivateBus::call(const QString& service, const QString& path, const
 }
 
 QStringList MockService::fromTemplate(const QString& name) {
-    return {QStringLiteral("-t"), name};
+    return mock({QStringLiteral("-t"), name});
 }
 
 QStringList MockService::empty(const QString& name, const QString& path, const QString& interface) {
-    return {name, path, interface};
+    return mock({name, path, interface});
+}
+
+QStringList MockService::fromScript(const QString& path) {
+    return {path};
 }
 
 MockService::MockService(PrivateBus& bus, QString name, QString path, const QStringList& arguments)
@@ -69,10 +80,7 @@ MockService::MockService(PrivateBus& bus, QString name, QString path, const QStr
     environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus.address());
     process_.setProcessEnvironment(environment);
     process_.setStandardOutputFile(QProcess::nullDevice());
-    process_.start(
-        QStringLiteral("/usr/bin/python3"),
-        QStringList{QStringLiteral("-m"), QStringLiteral("dbusmock"), QStringLiteral("--session")} +
-            arguments);
+    process_.start(QStringLiteral("/usr/bin/python3"), arguments);
     EXPECT_TRUE(waitUntil([&] { return bus_.hasService(name_); }));
 }
 

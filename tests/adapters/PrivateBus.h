@@ -36,13 +36,16 @@ private:
 
 inline const QString mockInterface = QStringLiteral("org.freedesktop.DBus.Mock");
 
-/// A service of python3-dbusmock on a private bus; leaves the bus when destroyed.
+/// A service of python3-dbusmock, or of a script of our own, on a private bus; leaves the bus when
+/// destroyed.
 class MockService {
 public:
     /// Plays one of the ready templates.
     static QStringList fromTemplate(const QString& name);
     /// An object without methods.
     static QStringList empty(const QString& name, const QString& path, const QString& interface);
+    /// A program in Python that is the service itself.
+    static QStringList fromScript(const QString& path);
 
     MockService(PrivateBus& bus, QString name, QString path, const QStringList& arguments);
     ~MockService();

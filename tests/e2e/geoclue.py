@@ -1,45 +1,53 @@
-"""GeoClue as python3-dbusmock plays it, on the bus of the test."""
+"""GeoClue, as tests/Support/geoclue2.py plays it, on the bus of the test."""
 
+import pathlib
+import re
 import subprocess
 
-CREATE_CLIENT = """
-if '/org/freedesktop/GeoClue2/Client/1' not in objects:
-    self.AddObject('/org/freedesktop/GeoClue2/Client/1', 'org.freedesktop.GeoClue2.Client',
-                   {'DesktopId': '', 'RequestedAccuracyLevel': dbus.UInt32(0),
-                    'DistanceThreshold': dbus.UInt32(0)},
-                   [('Start', '', '', '''%s'''), ('Stop', '', '', '')])
-ret = dbus.ObjectPath('/org/freedesktop/GeoClue2/Client/1')
-"""
-FIND_PLACE = """
-path = '/org/freedesktop/GeoClue2/Location/1'
-if path not in objects:
-    self.AddObject(path, 'org.freedesktop.GeoClue2.Location',
-                   {'Latitude': %r, 'Longitude': %r, 'Accuracy': 1000.0}, [])
-self.EmitSignal('org.freedesktop.GeoClue2.Client', 'LocationUpdated', 'oo',
-                [dbus.ObjectPath('/'), dbus.ObjectPath(path)])
-"""
-MANAGER = ("org.freedesktop.GeoClue2", "/org/freedesktop/GeoClue2/Manager",
-           "org.freedesktop.GeoClue2.Manager")
+from desktop import wait_until
+
+DOUBLE = pathlib.Path(__file__).parents[1] / "Support" / "geoclue2.py"
+MANAGER = "/org/freedesktop/GeoClue2/Manager"
+
+
+class GeoClue:
+    def __init__(self, desktop):
+        self.desktop = desktop
+        self.process = desktop.spawn(
+            ["/usr/bin/python3", str(DOUBLE)], stdout=subprocess.DEVNULL)
+        wait_until(lambda: self.counts() is not None, "GeoClue's double")
+
+    def order(self, method, *arguments):
+        """Gives the answer's text; None without one."""
+        answer = subprocess.run(
+            ["dbus-send", "--session", "--print-reply=literal", "--dest=org.freedesktop.GeoClue2",
+             MANAGER, f"org.freedesktop.DBus.Mock.{method}", *arguments],
+            env=self.desktop.environment, capture_output=True, text=True, timeout=20)
+        return answer.stdout if answer.returncode == 0 else None
+
+    def move_to(self, latitude, longitude):
+        assert self.order("MoveTo", f"variant:double:{latitude}",
+                          f"variant:double:{longitude}") is not None
+        return self
+
+    def answers(self, answer):
+        """From now on: "allow", "deny", or "ask", which waits for `decide`."""
+        assert self.order("SetAnswer", f"string:{answer}") is not None
+        return self
+
+    def decide(self, allowed):
+        """The user's answer to the question that stands."""
+        assert self.order("AnswerQuestions", f"boolean:{str(allowed).lower()}") is not None
+
+    def counts(self):
+        """Clients ever made, those there are, those started, and questions that stand."""
+        answer = self.order("Counts")
+        return answer and tuple(int(figure) for figure in re.findall(r"uint32 (\d+)", answer))
+
+    def questions(self):
+        return self.counts()[3]
 
 
 def start(desktop, latitude, longitude):
-    """The machine is at this place."""
-    code = CREATE_CLIENT % (FIND_PLACE % (latitude, longitude))
-    script = f"""
-import dbusmock, gi.repository.GLib, dbus, dbus.mainloop.glib
-dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
-bus = dbus.SessionBus()
-name = dbus.service.BusName({MANAGER[0]!r}, bus, allow_replacement=False)
-manager = dbusmock.mockobject.DBusMockObject(name, {MANAGER[1]!r}, {MANAGER[2]!r}, {{}})
-dbusmock.mockobject.objects[{MANAGER[1]!r}] = manager
-manager.AddMethods({MANAGER[2]!r}, [('CreateClient', '', 'o', {code!r}),
-                                    ('DeleteClient', 'o', '', '')])
-print('ready', flush=True)
-gi.repository.GLib.MainLoop().run()
-"""
-    process = desktop.spawn(["/usr/bin/python3", "-c", script], stdout=subprocess.PIPE, text=True)
-    # The mock writes its log to the same pipe.
-    for line in process.stdout:
-        if line.startswith("ready"):
-            return process
-    raise AssertionError("GeoClue's mock did not start")
+    """The machine is at this place, and the program may know."""
+    return GeoClue(desktop).move_to(latitude, longitude)

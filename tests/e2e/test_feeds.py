@@ -127,12 +127,14 @@ def test_the_panel_shows_the_figures_of_the_reply(start_weather, web):
 
 
 def test_a_fix_of_geoclue_gives_the_weather_and_the_city(start_weather, web, openbox):
-    geoclue.start(openbox, 59.91, 10.75)
+    location = geoclue.start(openbox, 59.91, 10.75)
     web.answers["/v1/forecast?latitude=59.91&longitude=10.75&"] = forecast(51.2)
     program = start_weather()
     open_panel(program, "Weather")
     wait_for_label(program, "Oslo")
     wait_for_label(program, "51")
+    wait_until(lambda: location.counts()[1:] == (0, 0, 0), "end of the client",
+               lambda: str(location.counts()))
 
 
 def test_without_geoclue_saved_places_work(start_weather, web):

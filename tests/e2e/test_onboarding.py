@@ -4,7 +4,8 @@ import re
 
 import pytest
 
-from accessible import accessible_nodes
+import geoclue
+from accessible import accessible_nodes, names
 from app_windows import WIZARD_HEADINGS as HEADINGS
 from desktop import read_setting, wait_until
 
@@ -86,3 +87,54 @@ def test_the_dots_say_which_step_it_is(wizard):
     wizard.wait_for_step("Location Access")
     assert any(re.fullmatch("Step 2 of 7", node["name"])
                for node in accessible_nodes(wizard.desktop))
+
+
+# The permission to know the place
+
+
+@pytest.fixture
+def location(environment, openbox):
+    """GeoClue, whose user is asked; it is there before the program."""
+    environment["DBUS_SYSTEM_BUS_ADDRESS"] = environment["DBUS_SESSION_BUS_ADDRESS"]
+    return geoclue.start(openbox, 59.91, 10.75).answers("ask")
+
+
+def wait_for_status(wizard, text):
+    wait_until(lambda: text in names(wizard.desktop, "label"), f"status {text!r}",
+               lambda: f"It shows {names(wizard.desktop, 'label')}. {wizard.describe()}")
+
+
+def ask_for_the_place(wizard, location):
+    wizard.desktop.keys("Return")
+    wizard.wait_for_step("Location Access")
+    wait_for_status(wizard, "Not yet requested")
+    assert location.counts()[0] == 0, "nobody is asked before the button is pressed"
+    wizard.click("push button", "Allow Location")
+    wait_until(lambda: location.questions() == 1, "question", wizard.describe)
+    wait_for_status(wizard, "Not yet requested")
+
+
+def test_the_wizard_shows_the_users_yes_and_keeps_it(location, wizard):
+    ask_for_the_place(wizard, location)
+    location.decide(True)
+    wait_for_status(wizard, "Granted")
+    assert wizard.node("push button", "Allow Location") is None
+    wizard.click("push button", "Next")
+    wizard.wait_for_step("Calendar Access")
+    wizard.click("push button", "Back")
+    wizard.wait_for_step("Location Access")
+    wait_for_status(wizard, "Granted")
+    wait_until(lambda: location.counts()[1:] == (0, 0, 0), "end of the client",
+               lambda: str(location.counts()))
+
+
+def test_the_wizard_shows_the_users_no_and_asks_again_on_return(location, wizard):
+    ask_for_the_place(wizard, location)
+    location.decide(False)
+    wait_for_status(wizard, "Denied - enable in System Settings")
+    assert wizard.node("push button", "Allow Location")
+    desktop = wizard.desktop
+    desktop.focus_window(desktop.open_window(40, 700, 200, 150))
+    location.answers("allow")
+    desktop.focus_window(wizard.wizard())
+    wait_for_status(wizard, "Granted")

@@ -6,8 +6,10 @@ import json
 
 from Xlib import X
 
+import geoclue
 from app_windows import SETTINGS_SIZE, open_settings
-from desktop import wait_until
+from desktop import stays, wait_until
+from web import Web, forecast
 
 
 def test_settings_twice_is_one_window(settings_window):
@@ -159,3 +161,43 @@ def test_minimised_settings_come_back(settings_window):
     wait_until(lambda: not desktop.is_mapped(window), "minimised settings")
     open_settings(settings.program)
     assert desktop.is_mapped(window)
+
+
+def test_the_weather_row_follows_the_permission(settings_window, environment, openbox):
+    environment["DBUS_SYSTEM_BUS_ADDRESS"] = environment["DBUS_SESSION_BUS_ADDRESS"]
+    location = geoclue.start(openbox, 59.91, 10.75).answers("ask")
+    settings = settings_window()
+    settings.tab("Features")
+    settings.click("check box", "Weather")
+    wait_until(location.questions, "question", settings.describe)
+    assert settings.find("check box", "Weather"), "nobody has answered yet"
+    location.decide(False)
+    wait_until(lambda: settings.find("label", "Location access denied"), "denied row",
+               settings.describe)
+    assert settings.find("check box", "Weather") is None
+    settings.tab("General")
+    settings.tab("Features")
+    wait_until(lambda: settings.find("label", "Location access denied"), "denied row, kept",
+               settings.describe)
+    desktop = settings.desktop
+    desktop.focus_window(desktop.open_window(40, 700, 200, 150))
+    location.answers("allow")
+    desktop.focus_window(settings.windows()[0])
+    wait_until(lambda: settings.find("check box", "Weather"), "switch", settings.describe)
+    assert settings.find("label", "Location access denied") is None
+
+
+def test_the_refresh_control_changes_the_interval_at_once(settings_window, environment):
+    web = Web()
+    web.answers["/v1/forecast"] = forecast(60)
+    environment["ORVELLE_FORECAST_ROOT"] = web.root
+    settings = settings_window(weatherEnabled=True, weather_cachedLatitude="48.0",
+                               weatherUpdateIntervalMinutes="0.02")
+    wait_until(lambda: len(web.requests("/v1/forecast")) > 2, "repeated requests",
+               settings.describe)
+    settings.tab("Features")
+    settings.slide("Refresh", 1)
+    settings.wait_for("weatherUpdateIntervalMinutes", 60)
+    count = len(web.requests("/v1/forecast"))
+    assert stays(lambda: len(web.requests("/v1/forecast")) == count, 3)
+    web.stop()

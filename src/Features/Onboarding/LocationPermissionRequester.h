@@ -3,26 +3,24 @@
 #include "Platform/LocationService.h"
 #include "Platform/Platform.h"
 
-#include <functional>
 #include <memory>
 
 namespace orvelle {
 
-/// Asks for the machine's place, so that the desktop asks its user, and tells of the answer.
+/// Asks for the machine's place, so that the desktop asks its user. The service tells its observers
+/// of the answer.
 class LocationPermissionRequester : public LocationManagerDelegate {
 public:
-    LocationPermissionRequester(Platform& platform, std::function<void()> onChange);
+    explicit LocationPermissionRequester(Platform& platform);
 
     void request();
-    LocationAuthorization status() const { return manager_->authorizationStatus(); }
 
-    void didUpdateLocations(LocationManager& manager,
-                            const std::vector<Coordinate>& locations) override;
-    void didChangeAuthorization(LocationManager& manager) override;
-    void didFailWithError(LocationManager& manager, const std::string& description) override;
+    // A refusal changes the authorisation too, and any other failure tells nothing of it.
+    void didUpdateLocations(LocationManager&, const std::vector<Coordinate>&) override {}
+    void didChangeAuthorization(LocationManager&) override {}
+    void didFailWithError(LocationManager&, const std::string&) override {}
 
 private:
-    const std::function<void()> onChange_;
     std::unique_ptr<LocationManager> manager_;
 };
 

@@ -83,6 +83,7 @@ class OnboardingBinding : public Binding {
     ORVELLE_SHOWN(QVariantList, dots)
 
 public:
+    Q_INVOKABLE void appear() { view_->appear(); }
     Q_INVOKABLE void goBack() { view_->goBack(); }
     Q_INVOKABLE void skip() { view_->skip(); }
     Q_INVOKABLE void goForward() { view_->goForward(); }

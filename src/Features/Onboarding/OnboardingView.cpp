@@ -41,27 +41,28 @@ StyledText statusLine(std::string text, Color color = secondary) {
     return {std::move(text), {11, FontWeight::regular, color}};
 }
 
-LocationAuthorization locationStatus(Platform& platform) {
-    class Nobody : public LocationManagerDelegate {
-        void didUpdateLocations(LocationManager&, const std::vector<Coordinate>&) override {}
-        void didChangeAuthorization(LocationManager&) override {}
-        void didFailWithError(LocationManager&, const std::string&) override {}
-    } nobody;
-    return platform.locationService()
-        .makeLocationManager(nobody, LocationAccuracy::kilometer)
-        ->authorizationStatus();
-}
-
 } // namespace
 
 OnboardingView::OnboardingView(std::function<void()> onComplete, const ThemeManager& theme,
                                Platform& platform)
-    : locationStatusText(statusText(locationStatus(platform))),
-      calendarStatusText(statusText(platform.eventStore().authorizationStatus())),
-      cameraStatusText(statusText(platform.camera().authorizationStatus())),
-      onComplete_(std::move(onComplete)), theme_(theme), platform_(platform),
-      calendarObserver_(
-          platform.eventStore().observeAuthorizationStatus([this] { showCalendarStatus(); })) {}
+    : onComplete_(std::move(onComplete)), theme_(theme), platform_(platform),
+      locationAuthorization_(
+          platform.locationService().observeAuthorization([this] { readStatus(); })),
+      calendarAuthorization_(
+          platform.eventStore().observeAuthorizationStatus([this] { readStatus(); })) {
+    readStatus();
+}
+
+void OnboardingView::appear() {
+    platform_.locationService().refreshAuthorization();
+    readStatus();
+}
+
+void OnboardingView::readStatus() {
+    locationStatusText = statusText(platform_.locationService().authorizationStatus());
+    calendarStatusText = statusText(platform_.eventStore().authorizationStatus());
+    cameraStatusText = statusText(platform_.camera().authorizationStatus());
+}
 
 OnboardingView::Content OnboardingView::stepContent(Step step) const {
     switch (step) {
@@ -217,23 +218,16 @@ void OnboardingView::performAction() {
 }
 
 void OnboardingView::requestLocationPermission() {
-    locationManagerHolder_ = std::make_unique<LocationPermissionRequester>(
-        platform_, [this] { locationStatusText = statusText(locationStatus(platform_)); });
+    locationManagerHolder_ = std::make_unique<LocationPermissionRequester>(platform_);
     locationManagerHolder_->request();
 }
 
 void OnboardingView::requestCalendarPermission() {
-    calendarRequest_ =
-        platform_.eventStore().requestFullAccess([this](bool) { showCalendarStatus(); });
-}
-
-void OnboardingView::showCalendarStatus() {
-    calendarStatusText = statusText(platform_.eventStore().authorizationStatus());
+    calendarRequest_ = platform_.eventStore().requestFullAccess([this](bool) { readStatus(); });
 }
 
 void OnboardingView::requestCameraPermission() {
-    cameraRequest_ = platform_.camera().requestAccess(
-        [this](bool) { cameraStatusText = statusText(platform_.camera().authorizationStatus()); });
+    cameraRequest_ = platform_.camera().requestAccess([this](bool) { readStatus(); });
 }
 
 void OnboardingView::openAutomationSettings() {

@@ -81,6 +81,9 @@ public:
     /// One for each step.
     std::vector<Color> dotColors() const;
 
+    /// Reads the permissions anew: when the window appears, and when its user returns to it.
+    void appear();
+
     void goBack();
     void skip();
     /// To the next step; on the last one, the end.
@@ -102,13 +105,14 @@ private:
     Content doneStep() const;
     Tip tipRow(std::string_view icon, std::string text) const;
     void advance();
-    void showCalendarStatus();
+    void readStatus();
 
     std::function<void()> onComplete_;
     const ThemeManager& theme_;
     Platform& platform_;
     std::unique_ptr<LocationPermissionRequester> locationManagerHolder_;
-    Subscription calendarObserver_;
+    Subscription locationAuthorization_;
+    Subscription calendarAuthorization_;
     Subscription calendarRequest_;
     Subscription cameraRequest_;
 };

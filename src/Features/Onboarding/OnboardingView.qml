@@ -15,6 +15,9 @@ FocusScope {
             forward.forceActiveFocus(Qt.TabFocusReason)
     }
 
+    readonly property bool isInFront: Window.active
+    onIsInFrontChanged: if (isInFront) view.appear()
+
     OnboardingBinding {
         id: view
     }

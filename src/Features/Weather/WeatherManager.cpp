@@ -81,7 +81,8 @@ void WeatherManager::setupLocationManager() {
 
 void WeatherManager::locationUpdated(Coordinate fix) {
     lastLocation = fix;
-    if (currentLocationIndex == 0)
+    // The answer to a question of the wizard's may bring a fix to a manager that is switched off.
+    if (isEnabled && currentLocationIndex == 0)
         fetchWeather(fix);
 }
 

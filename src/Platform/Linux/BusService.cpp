@@ -45,18 +45,20 @@ void BusService::attach(QDBusConnection connection) {
 }
 
 void BusService::call(const QString& path, const QString& interface, const QString& method,
-                      const QVariantList& arguments,
-                      std::function<void(const QDBusMessage&)> done) {
+                      const QVariantList& arguments, std::function<void(const QDBusMessage&)> done,
+                      int timeout) {
     auto message = QDBusMessage::createMethodCall(name_, path, interface, method);
     message.setArguments(arguments);
-    callBus(*connection_, message, this,
-            [this, generation = generation_, done = std::move(done)](const QDBusMessage& reply) {
-                if (generation != generation_)
-                    return;
-                if (reply.type() == QDBusMessage::ReplyMessage)
-                    owner_ = reply.service();
-                done(reply);
-            });
+    callBus(
+        *connection_, message, this,
+        [this, generation = generation_, done = std::move(done)](const QDBusMessage& reply) {
+            if (generation != generation_)
+                return;
+            if (reply.type() == QDBusMessage::ReplyMessage)
+                owner_ = reply.service();
+            done(reply);
+        },
+        timeout);
 }
 
 void BusService::ownerChanged(const QDBusMessage& message) {

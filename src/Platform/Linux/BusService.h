@@ -18,6 +18,9 @@ inline const QString messageBusPath = QStringLiteral("/org/freedesktop/DBus");
 
 inline const QString busPropertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
+/// How long an answer may take, in milliseconds.
+inline constexpr int busCallTimeout = 25000;
+
 /// Gives a connection to a bus. It may wait while it connects, so it is called in the background.
 using BusProvider = std::function<QDBusConnection()>;
 
@@ -28,7 +31,7 @@ using BusProvider = std::function<QDBusConnection()>;
 /// Sends a call without waiting. The reply or the error comes to `done` on the main thread, unless
 /// `context` is gone by then. Silence is an error after `timeout` milliseconds.
 void callBus(const QDBusConnection& connection, const QDBusMessage& call, QObject* context,
-             std::function<void(const QDBusMessage&)> done, int timeout = 25000);
+             std::function<void(const QDBusMessage&)> done, int timeout = busCallTimeout);
 
 /// One service on a bus, followed through its absence, its restarts and its silence. Nothing is
 /// asked of the bus before `start`, and nothing here waits. Main thread only.
@@ -58,7 +61,8 @@ public:
     /// Calls the service, at the earliest in `ask`. Answers and errors of a service that has left
     /// the bus since are dropped.
     void call(const QString& path, const QString& interface, const QString& method,
-              const QVariantList& arguments, std::function<void(const QDBusMessage&)> done);
+              const QVariantList& arguments, std::function<void(const QDBusMessage&)> done,
+              int timeout = busCallTimeout);
 
 private Q_SLOTS:
     void ownerChanged(const QDBusMessage& message);

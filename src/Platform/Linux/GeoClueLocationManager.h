@@ -1,47 +1,35 @@
 #pragma once
 
-#include "Platform/Linux/BusService.h"
-#include "Platform/LocationService.h"
+#include "Platform/Linux/GeoClueClient.h"
 
-#include <QString>
+#include <optional>
 
 namespace orvelle {
 
-/// One client object of GeoClue, made when a fix is first wanted and started while one is.
-class GeoClueLocationManager : public LocationManager {
+/// Has a client of GeoClue while a fix is wanted, and none otherwise.
+class GeoClueLocationManager : public LocationManager, private GeoClueClient::Owner {
 public:
-    GeoClueLocationManager(RunLoop& runLoop, BusProvider systemBus,
-                           LocationManagerDelegate& delegate, LocationAccuracy accuracy);
-    ~GeoClueLocationManager() override;
+    GeoClueLocationManager(GeoClue& geoclue, LocationManagerDelegate& delegate,
+                           LocationAccuracy accuracy);
 
-    LocationAuthorization authorizationStatus() const override { return authorization_; }
+    LocationAuthorization authorizationStatus() const override { return geoclue_.authorization(); }
     void startUpdatingLocation() override;
     void stopUpdatingLocation() override;
     void requestLocation() override;
 
 private:
-    enum class Stage { idle, preparing, started };
-
-    bool isWanted() const { return isUpdating_ || isRequested_; }
     void want();
-    void createClient();
-    void startClient();
-    void stopClient();
-    void forget();
-    void hear(const QDBusMessage& signal);
-    void read(const QString& location);
-    void setAuthorization(LocationAuthorization authorization);
-    void fail(const QDBusMessage& error);
+    void started() override {}
+    void located(Coordinate place) override;
+    void failed(const std::string& description) override;
 
+    GeoClue& geoclue_;
     LocationManagerDelegate& delegate_;
-    const unsigned accuracyLevel_;
-    LocationAuthorization authorization_ = LocationAuthorization::notDetermined;
+    const LocationAccuracy accuracy_;
     bool isUpdating_ = false;
     bool isRequested_ = false;
-    bool isConnected_ = false;
-    Stage stage_ = Stage::idle;
-    QString client_; ///< the object's path; empty until there is one
-    BusService geoclue_;
+    Subscription authorization_;
+    std::optional<GeoClueClient> client_;
 };
 
 } // namespace orvelle

@@ -4,6 +4,12 @@
 
 namespace orvelle {
 
+SimulatedLocationManager::SimulatedLocationManager(SimulatedLocationService& service,
+                                                   LocationManagerDelegate& delegate)
+    : service_(service), delegate_(delegate),
+      authorization_(
+          service.observeAuthorization([this] { delegate_.didChangeAuthorization(*this); })) {}
+
 SimulatedLocationManager::~SimulatedLocationManager() {
     if (service_.last == this)
         service_.last = nullptr;
@@ -15,10 +21,6 @@ void SimulatedLocationManager::deliver(const std::vector<Coordinate>& fixes) {
 
 void SimulatedLocationManager::deliverSoon(std::vector<Coordinate> fixes) {
     service_.runLoop.post(lifetime_.guard([this, fixes = std::move(fixes)] { deliver(fixes); }));
-}
-
-void SimulatedLocationManager::changeAuthorization() {
-    delegate_.didChangeAuthorization(*this);
 }
 
 void SimulatedLocationManager::fail(const std::string& description) {
@@ -43,6 +45,21 @@ void SimulatedLocationManager::requestLocation() {
     ++requestCount;
     if (service_.onRequest)
         service_.onRequest(*this);
+}
+
+void SimulatedLocationService::changeAuthorization(LocationAuthorization answer) {
+    if (std::exchange(authorization, answer) != answer)
+        authorizationChanged_();
+}
+
+Subscription SimulatedLocationService::observeAuthorization(std::function<void()> changed) {
+    return authorizationChanged_.observe(std::move(changed));
+}
+
+void SimulatedLocationService::refreshAuthorization() {
+    ++refreshCount;
+    if (authorization != LocationAuthorization::notDetermined && laterAuthorization)
+        runLoop.post(lifetime_.guard([this] { changeAuthorization(*laterAuthorization); }));
 }
 
 std::unique_ptr<LocationManager>

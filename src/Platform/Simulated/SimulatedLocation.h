@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Foundation/Published.h"
 #include "Platform/Geocoder.h"
 #include "Platform/LocationService.h"
 #include "Platform/RunLoop.h"
@@ -14,8 +15,7 @@ class SimulatedLocationService;
 
 class SimulatedLocationManager : public LocationManager {
 public:
-    SimulatedLocationManager(SimulatedLocationService& service, LocationManagerDelegate& delegate)
-        : service_(service), delegate_(delegate) {}
+    SimulatedLocationManager(SimulatedLocationService& service, LocationManagerDelegate& delegate);
     ~SimulatedLocationManager() override;
 
     bool isUpdating = false;
@@ -27,7 +27,6 @@ public:
     void deliver(const std::vector<Coordinate>& fixes);
     /// At the next turn of the loop.
     void deliverSoon(std::vector<Coordinate> fixes);
-    void changeAuthorization();
     void fail(const std::string& description);
 
     LocationAuthorization authorizationStatus() const override;
@@ -38,6 +37,7 @@ public:
 private:
     SimulatedLocationService& service_;
     LocationManagerDelegate& delegate_;
+    Subscription authorization_;
     Lifetime lifetime_;
 };
 
@@ -47,13 +47,26 @@ public:
 
     RunLoop& runLoop;
     LocationAuthorization authorization = LocationAuthorization::notDetermined;
+    /// What the user has decided since; who asks again hears it at the next turn of the loop.
+    std::optional<LocationAuthorization> laterAuthorization;
+    int refreshCount = 0;
     /// Called for each request, so that a demonstration can answer it.
     std::function<void(SimulatedLocationManager&)> onRequest;
     SimulatedLocationManager* last = nullptr; ///< none when it has died
     int managerCount = 0;
 
+    /// The answer of a user who was asked.
+    void changeAuthorization(LocationAuthorization answer);
+
+    LocationAuthorization authorizationStatus() const override { return authorization; }
+    Subscription observeAuthorization(std::function<void()> changed) override;
+    void refreshAuthorization() override;
     std::unique_ptr<LocationManager> makeLocationManager(LocationManagerDelegate& delegate,
                                                          LocationAccuracy accuracy) override;
+
+private:
+    Event<> authorizationChanged_;
+    Lifetime lifetime_;
 };
 
 /// Knows one place everywhere, or none. Answers at the next turn of the loop.

@@ -237,10 +237,23 @@ TEST_F(FeatureSettingsViewTest, TurningWeatherOnAsksForThePlaceAndReadsTheAnswer
     auto& manager = *platform.locationServicePort.last;
     page.flip("weatherEnabled", true);
     EXPECT_EQ(manager.requestCount, 1);
-    platform.locationServicePort.authorization = LocationAuthorization::denied;
-    manager.changeAuthorization();
+    platform.locationServicePort.changeAuthorization(LocationAuthorization::denied);
     EXPECT_EQ(row("weatherEnabled").detail, "Location access denied");
     EXPECT_TRUE(shows(page, "locationSearch")) << "the feature is on, so its rows stand";
+    FeatureSettingsView next(app.weatherManager, platform);
+    EXPECT_EQ(rowOf(next, "weatherEnabled").detail, "Location access denied");
+}
+
+TEST_F(FeatureSettingsViewTest, WhoComesBackToThePageSeesWhetherThePlaceMayBeKnownNow) {
+    platform.locationServicePort.changeAuthorization(LocationAuthorization::denied);
+    platform.locationServicePort.laterAuthorization = LocationAuthorization::authorizedAlways;
+    EXPECT_EQ(row("weatherEnabled").kind, Kind::action);
+    const int before = platform.locationServicePort.refreshCount;
+    page.appear();
+    advance(0);
+    EXPECT_EQ(row("weatherEnabled").kind, Kind::toggle);
+    EXPECT_EQ(platform.locationServicePort.refreshCount, before + 1)
+        << "an answer asks no further question";
 }
 
 TEST_F(FeatureSettingsViewTest, AnEmptySearchTextMakesNoRequest) {

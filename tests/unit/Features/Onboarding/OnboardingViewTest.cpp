@@ -195,8 +195,7 @@ TEST_F(OnboardingViewTest, AnAnsweredRequestChangesTheStatusWord) {
     view().performAction();
     ASSERT_NE(platform.locationServicePort.last, nullptr);
     EXPECT_EQ(platform.locationServicePort.last->requestCount, 1);
-    platform.locationServicePort.authorization = LocationAuthorization::authorizedAlways;
-    platform.locationServicePort.last->changeAuthorization();
+    platform.locationServicePort.changeAuthorization(LocationAuthorization::authorizedAlways);
     EXPECT_EQ(status(), "Granted");
 
     goTo(Step::calendar);
@@ -210,6 +209,26 @@ TEST_F(OnboardingViewTest, AnAnsweredRequestChangesTheStatusWord) {
     runPosted();
     EXPECT_EQ(status(), "Denied - enable in System Settings");
     EXPECT_EQ(content().button, "Allow Camera") << "the wizard goes on all the same";
+}
+
+TEST_F(OnboardingViewTest, WhoComesBackToTheWindowSeesWhatHasChangedMeanwhile) {
+    platform.locationServicePort.authorization = LocationAuthorization::denied;
+    EXPECT_EQ(view().locationStatusText.get(), "Denied - enable in System Settings");
+    platform.locationServicePort.laterAuthorization = LocationAuthorization::authorizedAlways;
+    platform.eventStorePort.status = EventAuthorizationStatus::fullAccess;
+    platform.cameraPort.status = CameraAuthorizationStatus::denied;
+    view().appear();
+    EXPECT_EQ(view().calendarStatusText.get(), "Granted");
+    EXPECT_EQ(view().cameraStatusText.get(), "Denied - enable in System Settings");
+    runPosted();
+    EXPECT_EQ(view().locationStatusText.get(), "Granted");
+    EXPECT_EQ(platform.eventStorePort.accessRequests + platform.cameraPort.accessRequests, 0);
+}
+
+TEST_F(OnboardingViewTest, ABeginningWizardKnowsWhatWasAnsweredBefore) {
+    platform.locationServicePort.changeAuthorization(LocationAuthorization::denied);
+    EXPECT_EQ(view().locationStatusText.get(), "Denied - enable in System Settings");
+    EXPECT_EQ(platform.locationServicePort.managerCount, 0);
 }
 
 TEST_F(OnboardingViewTest, TheAutomationStepOpensTheSystemsSettings) {

@@ -444,11 +444,19 @@ TEST_F(WeatherManagerTest, APermissionGivenBeforehandStartsTheFixes) {
 
 TEST_F(WeatherManagerTest, APermissionGivenLaterStartsThemThen) {
     manager().start();
-    service().changeAuthorization();
+    platform.locationServicePort.changeAuthorization(LocationAuthorization::denied);
     EXPECT_EQ(service().startCount, 0);
-    platform.locationServicePort.authorization = LocationAuthorization::authorizedAlways;
-    service().changeAuthorization();
+    platform.locationServicePort.changeAuthorization(LocationAuthorization::authorizedAlways);
     EXPECT_EQ(service().startCount, 1);
+}
+
+TEST_F(WeatherManagerTest, AFixThatComesWhileItIsSwitchedOffFetchesNothing) {
+    manager().start();
+    manager().isEnabled = false;
+    manager().stop();
+    service().deliver({paris});
+    EXPECT_EQ(manager().lastLocation, paris);
+    EXPECT_TRUE(http.requests.empty());
 }
 
 TEST_F(WeatherManagerTest, TheLastOfSeveralFixesCountsAndEndsTheUpdates) {
