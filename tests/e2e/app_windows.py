@@ -87,6 +87,20 @@ class Settings:
                    lambda: f"It is {self.stored(key)}. {self.program.describe()}")
 
 
+def leave_and_return(desktop, window, meanwhile):
+    """Does something while another program's window is in front, then clicks an empty place of this
+    one."""
+    other = desktop.open_window(40, 700, 200, 150)
+    desktop.move_pointer(140, 775)
+    desktop.click()
+    wait_until(lambda: desktop.active_window() == other.id, "other program in front")
+    meanwhile()
+    left, top, _, _ = desktop.geometry(window)
+    desktop.move_pointer(left + 4, top + 4)
+    desktop.click()
+    wait_until(lambda: desktop.active_window() == window.id, "window in front again")
+
+
 def settings_windows(desktop):
     return desktop.windows_titled(SETTINGS_TITLE)
 

@@ -6,7 +6,7 @@ import pytest
 
 import geoclue
 from accessible import accessible_nodes, names
-from app_windows import WIZARD_HEADINGS as HEADINGS
+from app_windows import WIZARD_HEADINGS as HEADINGS, leave_and_return
 from desktop import read_setting, wait_until
 
 
@@ -134,7 +134,5 @@ def test_the_wizard_shows_the_users_no_and_asks_again_on_return(location, wizard
     wait_for_status(wizard, "Denied - enable in System Settings")
     assert wizard.node("push button", "Allow Location")
     desktop = wizard.desktop
-    desktop.focus_window(desktop.open_window(40, 700, 200, 150))
-    location.answers("allow")
-    desktop.focus_window(wizard.wizard())
+    leave_and_return(desktop, wizard.wizard(), lambda: location.answers("allow"))
     wait_for_status(wizard, "Granted")

@@ -7,7 +7,7 @@ import json
 from Xlib import X
 
 import geoclue
-from app_windows import SETTINGS_SIZE, open_settings
+from app_windows import SETTINGS_SIZE, leave_and_return, open_settings
 from desktop import stays, wait_until
 from web import Web, forecast
 
@@ -179,10 +179,7 @@ def test_the_weather_row_follows_the_permission(settings_window, environment, op
     settings.tab("Features")
     wait_until(lambda: settings.find("label", "Location access denied"), "denied row, kept",
                settings.describe)
-    desktop = settings.desktop
-    desktop.focus_window(desktop.open_window(40, 700, 200, 150))
-    location.answers("allow")
-    desktop.focus_window(settings.windows()[0])
+    leave_and_return(settings.desktop, settings.windows()[0], lambda: location.answers("allow"))
     wait_until(lambda: settings.find("check box", "Weather"), "switch", settings.describe)
     assert settings.find("label", "Location access denied") is None
 
