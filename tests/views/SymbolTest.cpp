@@ -48,6 +48,48 @@ TEST(SymbolTest, noSymbolIsCutAtItsSides) {
     }
 }
 
+TEST(SymbolTest, aBoldSymbolCoversMoreThanARegularOneAndIsNotCut) {
+    for (const auto* name : {"chevron.left", "chevron.right", "arrow.clockwise"}) {
+        for (const double devicePixelRatio : {1.0, 2.0}) {
+            const auto draw = [&](int weight) {
+                return SymbolImages::render(named(name), 9, Qt::white, devicePixelRatio, {weight});
+            };
+            const auto ink = [](const QImage& image) {
+                return coverage(image) * image.width() * image.height();
+            };
+            EXPECT_GT(ink(draw(QFont::Bold)), 1.2 * ink(draw(QFont::Normal))) << name;
+            EXPECT_GT(ink(draw(QFont::Bold)), 1.05 * ink(draw(QFont::Medium))) << name;
+            EXPECT_EQ(draw(QFont::Thin), draw(QFont::Normal)) << name;
+        }
+        EXPECT_GE(SymbolImages::extent(named(name), 90, QFont::Bold).width(),
+                  SymbolImages::extent(named(name), 90).width() + 2)
+            << name;
+    }
+}
+
+TEST(SymbolTest, inTheHierarchicalModeTheLargestPartIsFullAndTheOthersAreHalf) {
+    const auto shades = [](const char* name) {
+        const auto image =
+            SymbolImages::render(named(name), 64, Qt::white, 2, {QFont::Normal, true});
+        int full = 0, half = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                const int alpha = qAlpha(image.pixel(x, y));
+                full += alpha == 255;
+                half += alpha == 127;
+            }
+        return std::pair(full, half);
+    };
+    for (const auto* name : {"sun.max.fill", "cloud.sun.fill", "cloud.rain.fill"}) {
+        const auto [full, half] = shades(name);
+        EXPECT_GT(half, 100) << name;
+        EXPECT_GT(full, half) << name;
+    }
+    EXPECT_LT(shades("cloud.fill").second, 20) << "it has one part alone, with its edge";
+    const auto plain = SymbolImages::render(named("sun.max.fill"), 64, Qt::white, 2);
+    EXPECT_EQ(plain.pixelColor(plain.width() / 2, 12).alpha(), 255);
+}
+
 TEST(SymbolTest, anUnknownNameGivesNothing) {
     EXPECT_TRUE(SymbolImages::render(QStringLiteral("no.such.symbol"), 12, Qt::white, 1).isNull());
     EXPECT_TRUE(SymbolImages::extent(QStringLiteral("no.such.symbol"), 12).isEmpty());

@@ -60,6 +60,17 @@ TEST_F(WeatherPanelTest, everythingStandsOnTheCardInItsOrder) {
     EXPECT_NEAR(frameOf("condition").right(), 566 - 12 - 10, 9);
 }
 
+TEST_F(WeatherPanelTest, theCardIsAColumnWithSixPointsBetweenItsRowsAndItsTopRowIsAlignedAtTheTop) {
+    save(2);
+    show(ActivePanel::weather);
+    const auto conditions = frameOf("conditions"), chips = frameOf("chips");
+    EXPECT_EQ(chips.top() - conditions.bottom(), 6);
+    EXPECT_EQ(frameOf("weatherFooter").top() - chips.bottom(), 6);
+    EXPECT_EQ(frameOf("conditionIcon").top(), conditions.top());
+    EXPECT_EQ(item("temperature")->mapToItem(item("conditions"), QPointF()).y(), 0);
+    EXPECT_EQ(frameOf("condition").top(), conditions.top() + 4);
+}
+
 TEST_F(WeatherPanelTest, withTwoSavedPlacesThereAreThreeDotsOfFourPoints) {
     save(2);
     show(ActivePanel::weather);

@@ -43,12 +43,14 @@ Item {
         content: root.view.watermark
         anchors.centerIn: parent
     }
-    Item {
+    Column {
         anchors.fill: parent
         anchors.margins: root.view.padding
+        spacing: root.view.spacing
 
         Row {
             id: conditions
+            objectName: "conditions"
             width: parent.width
             spacing: root.view.spacing
 
@@ -56,7 +58,6 @@ Item {
                 id: icon
                 objectName: "conditionIcon"
                 content: root.view.icon
-                anchors.verticalCenter: parent.verticalCenter
             }
             Row {
                 id: temperature
@@ -97,7 +98,7 @@ Item {
         }
         Row {
             id: chips
-            y: (conditions.height + footer.y - height) / 2
+            objectName: "chips"
             spacing: root.view.chipSpacing
 
             Repeater {
@@ -110,7 +111,7 @@ Item {
         }
         Item {
             id: footer
-            anchors.bottom: parent.bottom
+            objectName: "weatherFooter"
             width: parent.width
             height: refresh.height
 

@@ -6,7 +6,10 @@
 namespace orvelle {
 
 StyledSymbol WeatherCollapsedView::icon() const {
-    return {manager_.weather->conditionIcon(), captionSize, notchAccent};
+    return {.name = manager_.weather->conditionIcon(),
+            .size = captionSize,
+            .color = notchAccent,
+            .mode = SymbolMode::hierarchical};
 }
 
 StyledText WeatherCollapsedView::temperature() const {

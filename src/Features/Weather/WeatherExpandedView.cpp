@@ -18,7 +18,7 @@ StyledText whiteText(std::string text, double size, double opacity,
 
 /// The small buttons of the bottom row.
 StyledSymbol button(std::string_view name) {
-    return {name, 9, Color::white(1, 0.4)};
+    return {name, 9, Color::white(1, 0.4), FontWeight::bold};
 }
 
 WeatherExpandedView::Chip weatherChip(std::string_view icon, std::string value, std::string label) {
@@ -47,11 +47,15 @@ std::array<Color, 2> WeatherExpandedView::gradient() const {
 }
 
 StyledSymbol WeatherExpandedView::watermark() const {
-    return {manager_.weather->conditionIcon(), 64, Color::white(1, 0.08)};
+    return {.name = manager_.weather->conditionIcon(),
+            .size = 64,
+            .color = Color::white(1, 0.08),
+            .mode = SymbolMode::hierarchical};
 }
 
 StyledSymbol WeatherExpandedView::icon() const {
-    return {manager_.weather->conditionIcon(), 26, colors::white};
+    return {
+        .name = manager_.weather->conditionIcon(), .size = 26, .mode = SymbolMode::hierarchical};
 }
 
 StyledText WeatherExpandedView::temperature() const {

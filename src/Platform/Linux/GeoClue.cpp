@@ -14,18 +14,16 @@ constexpr int noTimeout = std::numeric_limits<int>::max(); // as the bus library
 } // namespace
 
 GeoClue::GeoClue(RunLoop& runLoop, BusProvider systemBus, int callTimeout)
-    : callTimeout_(callTimeout), bus_(runLoop, std::move(systemBus), geoClueName,
-                                      {{}, geoClueClientInterface, QStringLiteral("LocationUpdated")},
-                                      {.ask =
-                                           [this] {
-                                               isConnected_ = true;
-                                               appeared();
-                                           },
-                                       .forget = [this] { left(); },
-                                       .hear =
-                                           [this](const QDBusMessage& signal) {
-                                               locationUpdated(signal);
-                                           }}) {}
+    : callTimeout_(callTimeout),
+      bus_(runLoop, std::move(systemBus), geoClueName,
+           {{}, geoClueClientInterface, QStringLiteral("LocationUpdated")},
+           {.ask =
+                [this] {
+                    isConnected_ = true;
+                    appeared();
+                },
+            .forget = [this] { left(); },
+            .hear = [this](const QDBusMessage& signal) { locationUpdated(signal); }}) {}
 
 void GeoClue::callManager(const QString& method, const QVariantList& arguments,
                           std::function<void(const QDBusMessage&)> done) {

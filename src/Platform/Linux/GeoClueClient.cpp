@@ -123,18 +123,17 @@ void GeoClueClient::locateAgain() {
 
 // A place may come before the start's own answer, and is one too.
 void GeoClueClient::read() {
-    geoclue_.call(location_, busPropertiesInterface, QStringLiteral("GetAll"),
-                  {geoClueLocationInterface},
-                  [this, isAlive = isAlive_](const QDBusMessage& reply) {
-                      const auto values = qdbus_cast<QVariantMap>(reply.arguments().value(0));
-                      const Coordinate place{degrees(values, "Latitude"),
-                                             degrees(values, "Longitude")};
-                      if (!*isAlive || !isOnEarth(place))
-                          return;
-                      geoclue_.setAuthorization(LocationAuthorization::authorizedAlways);
-                      if (*isAlive)
-                          owner_.located(place);
-                  });
+    geoclue_.call(
+        location_, busPropertiesInterface, QStringLiteral("GetAll"), {geoClueLocationInterface},
+        [this, isAlive = isAlive_](const QDBusMessage& reply) {
+            const auto values = qdbus_cast<QVariantMap>(reply.arguments().value(0));
+            const Coordinate place{degrees(values, "Latitude"), degrees(values, "Longitude")};
+            if (!*isAlive || !isOnEarth(place))
+                return;
+            geoclue_.setAuthorization(LocationAuthorization::authorizedAlways);
+            if (*isAlive)
+                owner_.located(place);
+        });
 }
 
 void GeoClueClient::forget() {

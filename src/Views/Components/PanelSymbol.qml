@@ -8,4 +8,6 @@ Symbol {
     name: content.name
     size: content.size
     color: content.color
+    weight: content.weight
+    isHierarchical: content.isHierarchical
 }

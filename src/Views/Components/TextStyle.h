@@ -28,11 +28,16 @@ struct StyledText {
     bool operator==(const StyledText&) const = default;
 };
 
+/// One colour for the whole symbol, or its largest part in it and the others fainter.
+enum class SymbolMode { monochrome, hierarchical };
+
 /// A symbol of the symbol table, as large as a text of that size.
 struct StyledSymbol {
     std::string_view name;
     double size = 13; ///< points
     Color color = colors::white;
+    FontWeight weight = FontWeight::regular;
+    SymbolMode mode = SymbolMode::monochrome;
     bool operator==(const StyledSymbol&) const = default;
 };
 

@@ -1,5 +1,7 @@
 #include "Views/Qt/SymbolImages.h"
 
+#include "Views/Qt/SymbolParts.h"
+
 #include <QFile>
 #include <QHash>
 #include <QPainter>
@@ -8,6 +10,8 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <numbers>
+#include <vector>
 
 namespace orvelle::SymbolImages {
 
@@ -23,6 +27,27 @@ constexpr double roundSymbol = 47;
 constexpr double largestEnlargement = 1.3;
 /// Its contrast is 3.9 to 1 on white and 5.3 to 1 on black.
 constexpr QColor trayColor(128, 128, 128);
+
+/// How far the lines of a bold symbol grow to each side, in the drawings' own measure.
+constexpr double boldThickening = 1.1;
+/// The least side, in pixels, of the square in which a symbol is worked on.
+constexpr double fineSide = 336;
+
+double thickening(int weight) {
+    return boldThickening *
+           std::clamp(double(weight - QFont::Normal) / (QFont::Bold - QFont::Normal), 0.0, 1.0);
+}
+
+/// Where to draw a symbol so that its lines grow by so much to each side.
+std::vector<QPointF> shifts(double distance) {
+    std::vector<QPointF> points{{0, 0}};
+    constexpr int directions = 12;
+    for (int step = 0; distance > 0 && step < directions; ++step) {
+        const double angle = 2 * std::numbers::pi * step / directions;
+        points.emplace_back(distance * std::cos(angle), distance * std::sin(angle));
+    }
+    return points;
+}
 
 struct Drawing {
     std::shared_ptr<QSvgRenderer> renderer;
@@ -73,35 +98,53 @@ const Drawing* drawing(const QString& name) {
 
 } // namespace
 
-QSizeF extent(const QString& name, double size) {
+QSizeF extent(const QString& name, double size, int weight) {
     const auto* drawn = drawing(name);
     if (!drawn)
         return {};
-    return {std::ceil(drawn->bounds.width() * drawn->scale * size),
+    return {std::ceil((drawn->bounds.width() + 2 * thickening(weight)) * drawn->scale * size),
             std::round(squareToText * size)};
 }
 
-QImage render(const QString& name, double size, const QColor& color, double devicePixelRatio) {
+QImage render(const QString& name, double size, const QColor& color, double devicePixelRatio,
+              Style style) {
     static QHash<QString, QImage> images;
-    const auto key = QStringLiteral("%1/%2/%3/%4")
+    const auto key = QStringLiteral("%1/%2/%3/%4/%5/%6")
                          .arg(name)
                          .arg(size)
                          .arg(color.name(QColor::HexArgb))
-                         .arg(devicePixelRatio);
+                         .arg(devicePixelRatio)
+                         .arg(style.weight)
+                         .arg(style.isHierarchical);
     if (const auto found = images.constFind(key); found != images.constEnd())
         return *found;
 
     const auto* drawn = drawing(name);
     if (!drawn)
         return {};
-    const QSizeF points = extent(name, size);
-    QImage image((points * devicePixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(devicePixelRatio);
-    image.fill(Qt::transparent);
+    const QSizeF points = extent(name, size, style.weight);
+    const QSize pixels = (points * devicePixelRatio).toSize();
     const double side = square * drawn->scale * size;
     const double left = points.width() / 2 - drawn->bounds.center().x() * drawn->scale * size;
+    const double grown = thickening(style.weight) * drawn->scale * size;
+    // Lines are thickened and parts told apart in a picture that is finer than the pixels.
+    const bool isPlain = grown == 0 && !style.isHierarchical;
+    const int detail =
+        isPlain ? 1 : std::max(2, static_cast<int>(fineSide / (side * devicePixelRatio)));
+    QImage image(pixels * detail, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(devicePixelRatio * detail);
+    image.fill(Qt::transparent);
     QPainter painter(&image);
-    drawn->renderer->render(&painter, QRectF(left, (points.height() - side) / 2, side, side));
+    for (const auto& shift : shifts(grown))
+        drawn->renderer->render(
+            &painter, QRectF(left, (points.height() - side) / 2, side, side).translated(shift));
+    painter.end();
+    if (style.isHierarchical)
+        SymbolParts::fadeAllButTheLargest(image);
+    if (!isPlain)
+        image = image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    image.setDevicePixelRatio(devicePixelRatio);
+    painter.begin(&image);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(QRectF(QPointF(), points), color);
     painter.end();

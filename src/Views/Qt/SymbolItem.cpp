@@ -30,14 +30,30 @@ void SymbolItem::setColor(const QColor& color) {
     Q_EMIT colorChanged();
 }
 
+void SymbolItem::setWeight(int weight) {
+    if (weight == weight_)
+        return;
+    weight_ = weight;
+    follow();
+    Q_EMIT weightChanged();
+}
+
+void SymbolItem::setHierarchical(bool isHierarchical) {
+    if (isHierarchical == isHierarchical_)
+        return;
+    isHierarchical_ = isHierarchical;
+    follow();
+    Q_EMIT isHierarchicalChanged();
+}
+
 void SymbolItem::follow() {
-    const QSizeF extent = SymbolImages::extent(name_, size_);
+    const QSizeF extent = SymbolImages::extent(name_, size_, weight_);
     setImplicitSize(extent.width(), extent.height());
     redraw();
 }
 
 QImage SymbolItem::picture(double devicePixelRatio) const {
-    return SymbolImages::render(name_, size_, color_, devicePixelRatio);
+    return SymbolImages::render(name_, size_, color_, devicePixelRatio, {weight_, isHierarchical_});
 }
 
 // Whole pixels, in the middle of whatever room the item was given.

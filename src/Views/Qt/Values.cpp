@@ -59,7 +59,8 @@ TextValue toQt(const TextStyle& style) {
 }
 
 SymbolValue toQt(const StyledSymbol& symbol) {
-    return {toQt(symbol.name), symbol.size, toQt(symbol.color)};
+    return {toQt(symbol.name), symbol.size, toQt(symbol.color), qtWeight(symbol.weight),
+            symbol.mode == SymbolMode::hierarchical};
 }
 
 StrokeValue toQt(const Stroke& stroke) {

@@ -48,11 +48,15 @@ struct SymbolValue {
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(double size MEMBER size)
     Q_PROPERTY(QColor color MEMBER color)
+    Q_PROPERTY(int weight MEMBER weight)
+    Q_PROPERTY(bool isHierarchical MEMBER isHierarchical)
 
 public:
     QString name;
     double size = 0;
     QColor color;
+    int weight = 0; ///< on Qt's scale
+    bool isHierarchical = false;
     bool operator==(const SymbolValue&) const = default;
 };
 

@@ -59,8 +59,12 @@ TEST_F(WeatherExpandedViewTest, WithTwoSavedPlacesThereAreThreeDots) {
     ASSERT_TRUE(control);
     const auto dim = Color::white(1, 0.2);
     EXPECT_EQ(control->dots, (std::vector{dim, Color::white(1, 0.8), dim}));
-    EXPECT_EQ(control->previous, (StyledSymbol{"chevron.left", 9, Color::white(1, 0.4)}));
-    EXPECT_EQ(control->next.name, "chevron.right");
+    const auto button = [](std::string_view name) {
+        return StyledSymbol{name, 9, Color::white(1, 0.4), FontWeight::bold};
+    };
+    EXPECT_EQ(control->previous, button("chevron.left"));
+    EXPECT_EQ(control->next, button("chevron.right"));
+    EXPECT_EQ(view.refreshButton(), button("arrow.clockwise"));
     view.showNextLocation();
     EXPECT_EQ(manager.currentLocationIndex, 2u);
     view.showPreviousLocation();
@@ -71,7 +75,8 @@ TEST_F(WeatherExpandedViewTest, ACodeOutsideTheTableDrawsTheGreyGradientAndTheQu
     change([](auto& data) { data.weatherCode = 56; });
     EXPECT_EQ(view.gradient(), (std::array<Color, 2>{{{0.2, 0.2, 0.25}, {0.15, 0.15, 0.2}}}));
     EXPECT_EQ(view.icon().name, "questionmark.circle");
-    EXPECT_EQ(view.watermark(), (StyledSymbol{"questionmark.circle", 64, Color::white(1, 0.08)}));
+    EXPECT_EQ(view.watermark(), (StyledSymbol{"questionmark.circle", 64, Color::white(1, 0.08),
+                                              FontWeight::regular, SymbolMode::hierarchical}));
 }
 
 TEST_F(WeatherExpandedViewTest, ACachedRecordReadsItsStoredAgeAndAFailureLeavesItGrowing) {
@@ -126,7 +131,8 @@ TEST_F(WeatherExpandedViewTest, TheConditionsAreWrittenInTheirSizes) {
     });
     EXPECT_EQ(view.temperature(), (StyledText{"72", {32, FontWeight::thin, colors::white}}));
     EXPECT_EQ(view.degreeSign(), (StyledText{"°", {18, FontWeight::thin, Color::white(1, 0.7)}}));
-    EXPECT_EQ(view.icon(), (StyledSymbol{"moon.stars.fill", 26, colors::white}));
+    EXPECT_EQ(view.icon(), (StyledSymbol{"moon.stars.fill", 26, colors::white, FontWeight::regular,
+                                         SymbolMode::hierarchical}));
     EXPECT_EQ(view.condition(),
               (StyledText{"Clear Sky", {12, FontWeight::medium, Color::white(1, 0.9)}}));
     EXPECT_EQ(view.location(),
@@ -152,7 +158,8 @@ TEST_F(WeatherExpandedViewTest, TheCollapsedFormIsIconAndTemperature) {
         data.weatherCode = 3;
     });
     const auto collapsed = manager.collapsedView();
-    EXPECT_EQ(collapsed.icon(), (StyledSymbol{"cloud.fill", 10, colors::white}));
+    EXPECT_EQ(collapsed.icon(), (StyledSymbol{"cloud.fill", 10, colors::white, FontWeight::regular,
+                                              SymbolMode::hierarchical}));
     EXPECT_EQ(collapsed.temperature().text, "21°");
     EXPECT_EQ(manager.expandedView().condition().text, "Overcast");
 }
