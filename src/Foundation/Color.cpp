@@ -1,5 +1,6 @@
 #include "Foundation/Color.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace orvelle {
@@ -24,6 +25,17 @@ Color Color::hsb(double hue, double saturation, double brightness, double alpha)
     default:
         return {brightness, low, falling, alpha};
     }
+}
+
+Color Color::mixed(const Color& other, double amount) const {
+    const double share = std::clamp(amount, 0.0, 1.0);
+    if (share == 0 || share == 1)
+        return share == 0 ? *this : other;
+    const double sum = alpha * (1 - share) + other.alpha * share;
+    const auto part = [&](double one, double another) {
+        return sum > 0 ? (one * alpha * (1 - share) + another * other.alpha * share) / sum : 0;
+    };
+    return {part(red, other.red), part(green, other.green), part(blue, other.blue), sum};
 }
 
 } // namespace orvelle

@@ -17,6 +17,10 @@ struct Color {
     /// Hue, saturation and brightness 0 to 1; a hue of 1 is the hue 0 again.
     static Color hsb(double hue, double saturation, double brightness, double alpha = 1);
 
+    /// The colour that is `amount` (0 to 1, and no further) of the way to another one. What is
+    /// transparent lends no hue.
+    Color mixed(const Color& other, double amount) const;
+
     constexpr Color withAlpha(double value) const { return {red, green, blue, value}; }
 };
 

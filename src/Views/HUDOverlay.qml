@@ -14,20 +14,30 @@ NotchShapeItem {
     topFlare: hud.shape.topFlare
     bodyInset: hud.shape.bodyInset
 
-    Column {
-        anchors.centerIn: parent
-        spacing: root.hud.spacing
+    Item {
+        id: inside
+        x: root.contentRect.x
+        y: root.contentRect.y
+        width: root.contentRect.width
+        height: root.contentRect.height
+        clip: true
 
-        PanelSymbol {
-            content: root.hud.symbol
-            anchors.horizontalCenter: parent.horizontalCenter
-        }
-        AnimatedSlider {
-            slider: root.hud.slider
-            interactive: true
-            width: root.hud.sliderSize.width
-            height: root.hud.sliderSize.height
-            onMoved: value => root.moved(value)
+        Column {
+            x: Math.round((root.width - width) / 2) - inside.x
+            y: Math.round((root.height - height) / 2) - inside.y
+            spacing: root.hud.spacing
+
+            PanelSymbol {
+                content: root.hud.symbol
+                anchors.horizontalCenter: parent.horizontalCenter
+            }
+            AnimatedSlider {
+                slider: root.hud.slider
+                interactive: true
+                width: root.hud.sliderSize.width
+                height: root.hud.sliderSize.height
+                onMoved: value => root.moved(value)
+            }
         }
     }
 }

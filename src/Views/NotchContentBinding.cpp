@@ -48,7 +48,7 @@ QUrl panelView(ActivePanel panel) {
 } // namespace
 
 static HUDValue toQt(const NotchContentView::HUDOverlay& hud) {
-    return {toQt(hud.symbol), toQt(hud.slider), toQt(hud.shape)};
+    return {true, toQt(hud.symbol), toQt(hud.slider), toQt(hud.shape)};
 }
 
 static std::vector<TabValue> toQt(const std::vector<NotchContentView::TabButton>& buttons) {
@@ -59,10 +59,48 @@ static std::vector<TabValue> toQt(const std::vector<NotchContentView::TabButton>
     return tabs;
 }
 
+static TabLookValue toQt(const NotchContentView::TabLook& look) {
+    return {toQt(look.symbol), toQt(look.background)};
+}
+
+/// What is not there any more is what it was, without being shown.
+static PartValue next(PartValue part, const std::optional<Size>& size) {
+    part.isShown = size.has_value();
+    if (size)
+        part.size = toQt(*size);
+    return part;
+}
+
+static BorderValue next(BorderValue border, const std::optional<NotchContentView::Border>& shown) {
+    if (shown)
+        return {true, toQt(shown->shape), toQt(shown->stroke)};
+    border.isShown = false;
+    return border;
+}
+
+static HUDValue next(HUDValue hud, const std::optional<NotchContentView::HUDOverlay>& shown) {
+    if (shown)
+        return toQt(*shown);
+    hud.isShown = false;
+    return hud;
+}
+
+static StageValue next(const StageValue& last, const NotchContentView::Stage& stage) {
+    return {
+        .size = toQt(stage.size),
+        .shape = toQt(stage.shape),
+        .response = stage.animation.response,
+        .dampingFraction = stage.animation.dampingFraction,
+        .border = next(last.border, stage.border),
+        .hoverBar = next(last.hoverBar, stage.hoverBar),
+        .expandedContent = next(last.expandedContent, stage.expandedContent),
+    };
+}
+
 void NotchContentBinding::attach(const ViewEnvironment& environment) {
     const auto& notch = environment.notch;
     view_.emplace(notch, notch.openSettings, environment.platform);
-    collapsedView_.emplace(notch, std::set<std::string>{}, environment.platform);
+    modules_.emplace(environment.platform.userDefaults());
     state_ = &notch.notchState;
     takeKeyboard_ = environment.takeKeyboard;
     close_ = notch.closePanel;
@@ -78,34 +116,20 @@ void NotchContentBinding::attach(const ViewEnvironment& environment) {
            notch.systemMonitorManager.isEnabled, notch.timeManager.isEnabled,
            notch.mirrorManager.isEnabled, notch.notesManager.isEnabled,
            notch.stockTickerManager.isEnabled);
-    const auto& modules = collapsedView_->modules;
-    follow(modules.showCPU, modules.showMemory, modules.showNetwork, modules.showTemperature);
+    follow(modules_->showCPU, modules_->showMemory, modules_->showNetwork,
+           modules_->showTemperature);
 }
 
 void NotchContentBinding::refresh() {
-    // A spring is set before what moves on it.
-    const auto spring = view_->stateAnimation();
-    show_stateResponse(spring.response);
-    show_stateDampingFraction(spring.dampingFraction);
-    show_hoveringWidth(view_->hoveringWidth());
-    show_targetSize(orvelle::toQt(view_->targetSize()));
-    show_shape(orvelle::toQt(view_->currentNotchShape()));
-    const auto border = view_->borderOverlay();
-    show_border(border ? orvelle::toQt(border->stroke) : StrokeValue{});
-    show_showsHoveringLayout(collapsedView_->showsHoveringLayout());
-    show_showsExpandedContent(!view_->showsCollapsedView());
-
+    show_stage(next(stage(), view_->stage()));
+    show_restingTab(orvelle::toQt(view_->tabLook(false)));
+    show_activeTab(orvelle::toQt(view_->tabLook(true)));
     tabs_.show(toQt(view_->tabButtons()));
-    // The edge is set before the panel that slides in from it.
-    show_entersFromTrailing(view_->panelRemovalEdge() == Edge::leading);
-    show_panelSource(panelView(state_->activePanel));
-    show_activePanel(orvelle::toQt(state_->activePanel.get()));
-
-    // What fades out is still what was shown.
-    const auto hud = view_->hudOverlay();
-    if (hud)
-        show_hud(toQt(*hud));
-    show_showsHUD(hud.has_value());
+    // The edge belongs to the panel that came from it: alone it tells of the next one.
+    const auto active = state_->activePanel.get();
+    if (const auto id = orvelle::toQt(active); id != panel().id)
+        show_panel({id, panelView(active), view_->panelRemovalEdge() == Edge::leading});
+    show_hud(next(hud(), view_->hudOverlay()));
 }
 
 void NotchContentBinding::selectPanel(const QString& id) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Views/NotchCollapsedView.h"
+#include "Features/SystemMonitor/SystemMonitorModules.h"
 #include "Views/NotchContentView.h"
 #include "Views/Qt/Binding.h"
 #include "Views/Qt/ListModel.h"
@@ -30,8 +30,80 @@ public:
     bool operator==(const TabValue&) const = default;
 };
 
+struct TabLookValue {
+    Q_GADGET
+    Q_PROPERTY(QColor symbol MEMBER symbol)
+    Q_PROPERTY(QColor background MEMBER background)
+
+public:
+    QColor symbol;
+    QColor background;
+    bool operator==(const TabLookValue&) const = default;
+};
+
+/// A part of the notch that comes and goes. What is not shown keeps what it was shown with.
+struct PartValue {
+    Q_GADGET
+    Q_PROPERTY(bool isShown MEMBER isShown)
+    Q_PROPERTY(QSizeF size MEMBER size)
+
+public:
+    bool isShown = false;
+    QSizeF size;
+    bool operator==(const PartValue&) const = default;
+};
+
+struct BorderValue {
+    Q_GADGET
+    Q_PROPERTY(bool isShown MEMBER isShown)
+    Q_PROPERTY(orvelle::ShapeValue shape MEMBER shape)
+    Q_PROPERTY(orvelle::StrokeValue stroke MEMBER stroke)
+
+public:
+    bool isShown = false;
+    ShapeValue shape;
+    StrokeValue stroke;
+    bool operator==(const BorderValue&) const = default;
+};
+
+struct StageValue {
+    Q_GADGET
+    Q_PROPERTY(QSizeF size MEMBER size)
+    Q_PROPERTY(orvelle::ShapeValue shape MEMBER shape)
+    Q_PROPERTY(double response MEMBER response)
+    Q_PROPERTY(double dampingFraction MEMBER dampingFraction)
+    Q_PROPERTY(orvelle::BorderValue border MEMBER border)
+    Q_PROPERTY(orvelle::PartValue hoverBar MEMBER hoverBar)
+    Q_PROPERTY(orvelle::PartValue expandedContent MEMBER expandedContent)
+
+public:
+    QSizeF size;
+    ShapeValue shape;
+    double response = 0;
+    double dampingFraction = 0;
+    BorderValue border;
+    PartValue hoverBar;
+    PartValue expandedContent;
+    bool operator==(const StageValue&) const = default;
+};
+
+/// The panel that is shown, and how it came.
+struct PanelValue {
+    Q_GADGET
+    Q_PROPERTY(QString id MEMBER id)
+    Q_PROPERTY(QUrl source MEMBER source)
+    Q_PROPERTY(bool entersFromTrailing MEMBER entersFromTrailing)
+
+public:
+    QString id;
+    QUrl source;
+    bool entersFromTrailing = true;
+    bool operator==(const PanelValue&) const = default;
+};
+
 struct HUDValue {
     Q_GADGET
+    Q_PROPERTY(bool isShown MEMBER isShown)
     Q_PROPERTY(orvelle::SymbolValue symbol MEMBER symbol)
     Q_PROPERTY(orvelle::SliderValue slider MEMBER slider)
     Q_PROPERTY(orvelle::ShapeValue shape MEMBER shape)
@@ -41,6 +113,7 @@ struct HUDValue {
     Q_PROPERTY(QSizeF sliderSize READ sliderSize)
 
 public:
+    bool isShown = false;
     SymbolValue symbol;
     SliderValue slider;
     ShapeValue shape;
@@ -63,18 +136,10 @@ class NotchContentBinding : public Binding {
     ORVELLE_CONSTANT(double, dividerPadding, NotchContentView)
     ORVELLE_CONSTANT(double, contentPadding, NotchContentView)
     ORVELLE_CONSTANT(double, hudFadeDuration, NotchContentView)
-    ORVELLE_SHOWN(QSizeF, targetSize)
-    ORVELLE_SHOWN(double, hoveringWidth)
-    ORVELLE_SHOWN(orvelle::ShapeValue, shape)
-    ORVELLE_SHOWN(orvelle::StrokeValue, border)
-    ORVELLE_SHOWN(double, stateResponse)
-    ORVELLE_SHOWN(double, stateDampingFraction)
-    ORVELLE_SHOWN(bool, showsHoveringLayout)
-    ORVELLE_SHOWN(bool, showsExpandedContent)
-    ORVELLE_SHOWN(bool, entersFromTrailing)
-    ORVELLE_SHOWN(QString, activePanel)
-    ORVELLE_SHOWN(QUrl, panelSource)
-    ORVELLE_SHOWN(bool, showsHUD)
+    ORVELLE_SHOWN(orvelle::StageValue, stage)
+    ORVELLE_SHOWN(orvelle::PanelValue, panel)
+    ORVELLE_SHOWN(orvelle::TabLookValue, restingTab)
+    ORVELLE_SHOWN(orvelle::TabLookValue, activeTab)
     ORVELLE_SHOWN(orvelle::HUDValue, hud)
     ORVELLE_LIST(TabValue, tabs)
     Q_PROPERTY(double panelResponse READ panelResponse CONSTANT FINAL)
@@ -98,7 +163,7 @@ protected:
 
 private:
     std::optional<NotchContentView> view_;
-    std::optional<NotchCollapsedView> collapsedView_;
+    std::optional<SystemMonitorModules> modules_;
     const NotchState* state_ = nullptr;
     std::function<void()> takeKeyboard_;
     std::function<void()> close_;

@@ -67,16 +67,29 @@ bool NotchContentView::showsCollapsedView() const {
     return environment_.notchState.expandedState < NotchExpandedState::expanded;
 }
 
+NotchContentView::Stage NotchContentView::stage() const {
+    const auto state = environment_.notchState.expandedState.get();
+    Stage stage{targetSize(), currentNotchShape(), stateAnimation(), borderOverlay(), {}, {}};
+    if (state == NotchExpandedState::hovering)
+        stage.hoverBar = Size{hoveringWidth(), stage.size.height};
+    if (!showsCollapsedView())
+        stage.expandedContent = stage.size;
+    return stage;
+}
+
+NotchContentView::TabLook NotchContentView::tabLook(bool isActive) const {
+    if (!isActive)
+        return {notchSecondary, colors::clear};
+    return {colors::white, environment_.themeManager.accentColor().withAlpha(0.2)};
+}
+
 std::vector<NotchContentView::TabButton> NotchContentView::tabButtons() const {
-    const auto accent = environment_.themeManager.accentColor();
     std::vector<TabButton> buttons;
     for (const auto panel : environment_.panelOrderManager.visiblePanels()) {
         const bool isActive = panel == environment_.notchState.activePanel;
-        buttons.push_back({panel,
-                           label(panel),
-                           {icon(panel), 12, isActive ? colors::white : notchSecondary},
-                           isActive,
-                           isActive ? accent.withAlpha(0.2) : colors::clear});
+        const auto look = tabLook(isActive);
+        buttons.push_back(
+            {panel, label(panel), {icon(panel), 12, look.symbol}, isActive, look.background});
     }
     return buttons;
 }

@@ -36,6 +36,12 @@ public:
         Color background;
         bool operator==(const TabButton&) const = default;
     };
+    /// The colours of a tab.
+    struct TabLook {
+        Color symbol;
+        Color background;
+        bool operator==(const TabLook&) const = default;
+    };
     /// The shape's outline.
     struct Border {
         NotchShape shape;
@@ -71,6 +77,19 @@ public:
     static constexpr double contentPadding = 12;
     static constexpr Seconds hudFadeDuration = 0.2; ///< eased in and out
 
+    /// What the root draws in a state: one record, so that nobody sees the size of one state with
+    /// the content of another.
+    struct Stage {
+        Size size;
+        NotchShape shape;
+        Spring animation;
+        std::optional<Border> border;
+        // The size of each that stands in the shape; the others leave at the size that they had.
+        std::optional<Size> hoverBar;
+        std::optional<Size> expandedContent;
+        bool operator==(const Stage&) const = default;
+    };
+
     Setting<std::string_view> animationSpeed;
 
     std::set<std::string> visibleWidgetIDs() const;
@@ -82,12 +101,15 @@ public:
     /// None while collapsed, so that the closed notch blends into the screen's black.
     std::optional<Border> borderOverlay() const;
     Spring stateAnimation() const;
+    Stage stage() const;
 
     /// The hover bar's view stands in the shape; otherwise the tabbed panel.
     bool showsCollapsedView() const;
 
     /// In the user's order, whether or not the panel's feature is enabled.
     std::vector<TabButton> tabButtons() const;
+    /// A tab goes from one look to the other as `NotchAnimator::panelSwitch` moves.
+    TabLook tabLook(bool isActive) const;
     /// What a click on a tab does. The new panel comes from the side where it stands in the fixed
     /// order of panels, whatever order the user gave the tabs.
     void selectPanel(ActivePanel panel);

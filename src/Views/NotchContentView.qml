@@ -13,76 +13,100 @@ FocusScope {
     }
     SpringValue {
         id: shapeWidth
-        response: view.stateResponse
-        dampingFraction: view.stateDampingFraction
-        target: view.targetSize.width
+        response: view.stage.response
+        dampingFraction: view.stage.dampingFraction
+        target: view.stage.size.width
     }
     SpringValue {
         id: shapeHeight
-        response: view.stateResponse
-        dampingFraction: view.stateDampingFraction
-        target: view.targetSize.height
+        response: view.stage.response
+        dampingFraction: view.stage.dampingFraction
+        target: view.stage.size.height
     }
     SpringValue {
         id: bodyInset
-        response: view.stateResponse
-        dampingFraction: view.stateDampingFraction
-        target: view.shape.bodyInset
+        response: view.stage.response
+        dampingFraction: view.stage.dampingFraction
+        target: view.stage.shape.bodyInset
+    }
+    SpringValue {
+        id: borderPresence
+        response: view.stage.response
+        dampingFraction: view.stage.dampingFraction
+        target: view.stage.border.isShown ? 1 : 0
+        restDistance: 0.002
     }
 
     NotchShapeItem {
         id: shapeItem
         objectName: "shape"
-        anchors.horizontalCenter: parent.horizontalCenter
+        x: root.middle(width)
         width: shapeWidth.value
         height: shapeHeight.value
         color: view.background
-        stroke: view.border
-        bottomCornerRadius: view.shape.bottomCornerRadius
-        topFlare: view.shape.topFlare
+        bottomCornerRadius: view.stage.shape.bottomCornerRadius
+        topFlare: view.stage.shape.topFlare
         bodyInset: bodyInset.value
+    }
+    Item {
+        id: inside
+        x: shapeItem.x + shapeItem.contentRect.x
+        y: shapeItem.y + shapeItem.contentRect.y
+        width: shapeItem.contentRect.width
+        height: shapeItem.contentRect.height
+        clip: true
 
-        Item {
-            anchors.fill: parent
-            clip: true
-
-            // Content has its final size at once and does not ride the spring: the growing shape
-            // uncovers it.
-            FadingLoader {
-                id: hoverBar
-                objectName: "hoverBarLoader"
-                anchors.horizontalCenter: parent.horizontalCenter
-                shown: view.showsHoveringLayout
-                response: view.stateResponse
-                dampingFraction: view.stateDampingFraction
-                settledSize: Qt.size(view.hoveringWidth, view.targetSize.height)
-                source: "qrc:/Orvelle/NotchCollapsedView.qml"
-            }
-            FadingLoader {
-                objectName: "expandedContentLoader"
-                anchors.horizontalCenter: parent.horizontalCenter
-                shown: view.showsExpandedContent
-                response: view.stateResponse
-                dampingFraction: view.stateDampingFraction
-                settledSize: view.targetSize
-                source: "qrc:/Orvelle/NotchExpandedContent.qml"
-                properties: ({ view: view })
+        // Content has its final size and place at once and does not ride the spring: the growing
+        // shape uncovers it.
+        FadingLoader {
+            objectName: "hoverBarLoader"
+            x: root.middle(width) - inside.x
+            y: -inside.y
+            part: view.stage.hoverBar
+            response: view.stage.response
+            dampingFraction: view.stage.dampingFraction
+            source: "qrc:/Orvelle/NotchCollapsedView.qml"
+        }
+        FadingLoader {
+            objectName: "expandedContentLoader"
+            x: root.middle(width) - inside.x
+            y: -inside.y
+            part: view.stage.expandedContent
+            response: view.stage.response
+            dampingFraction: view.stage.dampingFraction
+            source: "qrc:/Orvelle/NotchExpandedContent.qml"
+            properties: ({ view: view })
+        }
+    }
+    Loader {
+        anchors.fill: shapeItem
+        active: opacity > 0
+        opacity: view.hud.isShown ? 1 : 0
+        sourceComponent: HUDOverlay {
+            hud: view.hud
+            onMoved: value => view.setHUDValue(value)
+        }
+        Behavior on opacity {
+            NumberAnimation {
+                duration: view.hudFadeDuration * 1000
+                easing.type: Easing.InOutQuad
             }
         }
-        Loader {
-            anchors.fill: parent
-            active: opacity > 0
-            opacity: view.showsHUD ? 1 : 0
-            sourceComponent: HUDOverlay {
-                hud: view.hud
-                onMoved: value => view.setHUDValue(value)
-            }
-            Behavior on opacity {
-                NumberAnimation {
-                    duration: view.hudFadeDuration * 1000
-                    easing.type: Easing.InOutQuad
-                }
-            }
-        }
+    }
+    NotchShapeItem {
+        objectName: "border"
+        anchors.fill: shapeItem
+        opacity: borderPresence.value
+        visible: opacity > 0
+        color: "transparent"
+        stroke: view.stage.border.stroke
+        bottomCornerRadius: view.stage.border.shape.bottomCornerRadius
+        topFlare: view.stage.border.shape.topFlare
+        bodyInset: view.stage.border.shape.bodyInset
+    }
+
+    // Where something of this width stands in the middle of the window, on a whole point.
+    function middle(width) {
+        return Math.round((root.width - width) / 2)
     }
 }

@@ -43,6 +43,10 @@ FocusScope {
         model: root.view.tabs
         spacing: root.view.tabSpacing
         cornerRadius: root.view.tabCornerRadius
+        resting: root.view.restingTab
+        active: root.view.activeTab
+        response: root.view.panelResponse
+        dampingFraction: root.view.panelDampingFraction
         onSelected: id => {
             const isByKey = activeFocus
             root.view.selectPanel(id)
@@ -74,9 +78,9 @@ FocusScope {
 
     Connections {
         target: root.view
-        function onActivePanelChanged() {
-            panels.show(root.view.panelSource, root.view.entersFromTrailing ? 1 : -1)
+        function onPanelChanged() {
+            panels.show(root.view.panel.source, root.view.panel.entersFromTrailing ? 1 : -1)
         }
     }
-    Component.onCompleted: panels.show(view.panelSource, 0)
+    Component.onCompleted: panels.show(view.panel.source, 0)
 }

@@ -40,13 +40,24 @@ TEST_F(NotchContentViewTest, theShapeGrowsOnTheSpring) {
 }
 
 TEST_F(NotchContentViewTest, theBorderStandsInOpenStatesOnly) {
-    const auto lineWidth = [&] {
-        return item("shape")->property("stroke").value<StrokeValue>().lineWidth;
-    };
     show(NotchExpandedState::collapsed);
-    EXPECT_EQ(lineWidth(), 0);
+    EXPECT_FALSE(item("border")->isVisible());
     show(NotchExpandedState::hovering);
-    EXPECT_EQ(lineWidth(), 0.5);
+    EXPECT_TRUE(item("border")->isVisible());
+    EXPECT_EQ(item("border")->opacity(), 1);
+    EXPECT_EQ(item("border")->property("stroke").value<StrokeValue>().lineWidth, 0.5);
+    EXPECT_EQ(frameOf("border"), frameOf("shape"));
+}
+
+TEST_F(NotchContentViewTest, theBorderIsDrawnOverTheContent) {
+    show(ActivePanel::battery);
+    notchState.hudType = HUDType::volume;
+    notchState.isHUDVisible = true;
+    ASSERT_TRUE(
+        eventually([&] { return item("hud") && item("hud")->parentItem()->opacity() == 1; }));
+    settle();
+    const QRgb edge = window.grabWindow().pixel(283, 219);
+    EXPECT_GE(qGray(edge), 8) << "a quarter of a point at 15 % on this side of the edge";
 }
 
 TEST_F(NotchContentViewTest, tabsShareTheBarEqually) {

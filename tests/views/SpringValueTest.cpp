@@ -1,5 +1,7 @@
 #include "Views/Qt/SpringValue.h"
 
+#include "Views/Qt/HeldAnimations.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
@@ -77,6 +79,21 @@ TEST(SpringValueTest, aJumpStandsStill) {
     EXPECT_FALSE(spring.isRunning());
     EXPECT_EQ(spring.value(), 5);
     EXPECT_EQ(spring.target(), 5);
+}
+
+TEST(SpringValueTest, anotherCurveOnTheWayGoesOnFromWhereTheValueStands) {
+    HeldAnimations animations;
+    SpringValue spring;
+    spring.setResponse(0.4);
+    spring.setTarget(100);
+    animations.step(0);
+    animations.step(100);
+    const double before = spring.value();
+    const auto motion = Spring{0.4, 1}.at(0.1, {-100, 0});
+    EXPECT_NEAR(before, 100 + motion.displacement, 0.01);
+    spring.setResponse(0.15);
+    animations.step(1);
+    EXPECT_NEAR(spring.value(), before, 2);
 }
 
 } // namespace orvelle

@@ -179,6 +179,39 @@ TEST_F(StockTickerCycleTest, stepsThroughTheSymbolsInTheHoverBar) {
     EXPECT_GT(frameOf("widget.stockTicker").width(), 20);
 }
 
+TEST_F(StockTickerCycleTest, aStepMovesTheRowThatLeavesToo) {
+    stockTicker.addTicker("LEAVING");
+    stockTicker.addTicker("B");
+    show(NotchExpandedState::hovering);
+    auto* widget = item("widget.stockTicker");
+    const auto* line = item(widget, "line");
+    const auto* leaving = item(widget, "leavingLine");
+    ASSERT_TRUE(line && leaving);
+    EXPECT_FALSE(leaving->isVisible());
+    const double width = line->width();
+
+    double last = 0;
+    int between = 0;
+    QObject::connect(leaving, &QQuickItem::yChanged, leaving, [&] {
+        if (leaving->y() <= 0 || leaving->y() >= leaving->parentItem()->height())
+            return;
+        EXPECT_EQ(leaving->property("summary").toString(), "LEAVING");
+        EXPECT_EQ(leaving->width(), width) << "it keeps its size";
+        EXPECT_GT(leaving->y(), last) << "it goes down";
+        EXPECT_GT(leaving->opacity(), 0);
+        last = leaving->y();
+        ++between;
+    });
+    platform.runLoopPort.advance(3);
+    turn();
+    EXPECT_TRUE(leaving->isVisible());
+    EXPECT_TRUE(eventually([&] { return !leaving->isVisible(); }));
+    EXPECT_GT(between, 2);
+    EXPECT_EQ(line->y(), 0);
+    EXPECT_EQ(line->opacity(), 1);
+    EXPECT_EQ(line->property("summary").toString(), "B");
+}
+
 TEST_F(StockTickerCycleTest, aLongSymbolIsCutAndItsFiguresStay) {
     const std::string symbol(200, 'W');
     stockTicker.addTicker(symbol);

@@ -24,8 +24,7 @@ void StockTickerCycleBinding::attach(const ViewEnvironment& environment) {
 
 void StockTickerCycleBinding::refresh() {
     show_emptySymbol(orvelle::toQt(view_->emptySymbol()));
-    show_tickerContent(toQt(view_->tickerContent()));
-    show_currentIndex(static_cast<int>(view_->currentIndex.get()));
+    show_line({static_cast<int>(view_->currentIndex.get()), toQt(view_->tickerContent())});
 }
 
 } // namespace orvelle

@@ -32,15 +32,26 @@ public:
     bool operator==(const CycleContentValue&) const = default;
 };
 
+/// What the line shows, at its place among the symbols; each place has a row of its own.
+struct CycleLineValue {
+    Q_GADGET
+    Q_PROPERTY(int index MEMBER index)
+    Q_PROPERTY(QVariant content MEMBER content)
+
+public:
+    int index = 0;
+    QVariant content;
+    bool operator==(const CycleLineValue&) const = default;
+};
+
 class StockTickerCycleBinding : public Binding {
     Q_OBJECT
     QML_ELEMENT
     ORVELLE_CONSTANT(double, spacing, StockTickerCycleView)
     ORVELLE_CONSTANT(double, stepDuration, StockTickerCycleView)
     ORVELLE_CONSTANT(orvelle::SpinnerValue, spinner, StockTickerCycleView)
-    ORVELLE_SHOWN(int, currentIndex)
     ORVELLE_SHOWN(QVariant, emptySymbol)
-    ORVELLE_SHOWN(QVariant, tickerContent)
+    ORVELLE_SHOWN(orvelle::CycleLineValue, line)
 
 protected:
     void attach(const ViewEnvironment& environment) override;

@@ -30,8 +30,9 @@ public:
     };
 
     static constexpr Seconds cycleInterval = 3;
-    static constexpr Seconds stepDuration = 0.3; ///< a step moves in from below, easing in and out
-    static constexpr double spacing = 3;         ///< points
+    /// Of a step, easing in and out: one row leaves downwards while the next comes up from there.
+    static constexpr Seconds stepDuration = 0.3;
+    static constexpr double spacing = 3; ///< points
     static constexpr ProgressSpinner spinner{.scale = 0.4, .frame = 12};
 
     explicit StockTickerCycleView(const StockTickerManager& manager) : manager_(manager) {}

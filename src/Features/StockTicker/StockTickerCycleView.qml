@@ -1,25 +1,27 @@
 import QtQuick
 import Orvelle
 
-// The hover bar's stocks: one symbol at a time, each of which comes in from below. The symbol is
-// what gives way when room is short.
+// The hover bar's stocks: one symbol at a time, each of which comes in from below while the one
+// before leaves to there. The symbol is what gives way when room is short.
 Item {
     id: root
     objectName: "stockLine"
 
     property var widget
-    readonly property real naturalWidth: view.emptySymbol
-            ? empty.width : titleWidth + view.spacing + quote.width
-    readonly property real titleWidth: line.visible ? symbol.implicitWidth : 0
+    readonly property real naturalWidth: view.emptySymbol ? empty.width : line.naturalWidth
+    readonly property real titleWidth: line.titleWidth
     readonly property string summary: line.summary
+
+    // How far the step has come.
+    property real progress: 1
+    property int shownIndex: 0
 
     implicitWidth: naturalWidth
     implicitHeight: Math.max(empty.height, line.height)
-    clip: step.running
 
     StockTickerCycleBinding {
         id: view
-        onCurrentIndexChanged: step.restart()
+        onLineChanged: root.take()
     }
     Loader {
         id: empty
@@ -28,72 +30,54 @@ Item {
             content: view.emptySymbol
         }
     }
-    Row {
-        id: line
+    Item {
+        width: Math.max(line.width, leaving.width)
+        height: parent.height
+        clip: step.running
 
-        readonly property var shown: view.tickerContent
-        readonly property var figures: shown ? shown.figures : undefined
-        readonly property string summary: !shown ? "" : !figures ? shown.symbol.text
-                : [shown.symbol, figures.price, figures.arrow, figures.percent]
-                      .map(text => text.text).join(" ")
-
-        spacing: view.spacing
-        visible: !!shown
-
-        Loader {
-            id: symbol
-            active: !!line.shown
-            width: Math.max(0, implicitWidth - Math.max(0, root.naturalWidth - root.width))
-            anchors.verticalCenter: parent.verticalCenter
-            sourceComponent: PanelText {
-                objectName: "text"
-                content: line.shown.symbol
-            }
-        }
-        Row {
-            id: quote
+        StockTickerCycleLine {
+            id: leaving
+            objectName: "leavingLine"
             spacing: view.spacing
-            anchors.verticalCenter: parent.verticalCenter
-
-            Repeater {
-                model: line.figures
-                       ? [line.figures.price, line.figures.arrow, line.figures.percent] : []
-
-                PanelText {
-                    required property var modelData
-
-                    content: modelData
-                    anchors.verticalCenter: parent.verticalCenter
-                }
-            }
-            Loader {
-                active: !!line.shown && !line.figures
-                visible: active
-                anchors.verticalCenter: parent.verticalCenter
-                sourceComponent: ProgressSpinner {
-                    spinner: view.spinner
-                }
-            }
+            spinner: view.spinner
+            visible: !!content
+            y: root.progress * root.height
+            opacity: 1 - root.progress
+        }
+        StockTickerCycleLine {
+            id: line
+            objectName: "line"
+            spacing: view.spacing
+            spinner: view.spinner
+            excess: Math.max(0, root.naturalWidth - root.width)
+            visible: !!content
+            y: (1 - root.progress) * root.height
+            opacity: root.progress
         }
     }
-    ParallelAnimation {
+    NumberAnimation {
         id: step
+        target: root
+        property: "progress"
+        from: 0
+        to: 1
+        duration: view.stepDuration * 1000
+        easing.type: Easing.InOutQuad
+        onFinished: leaving.content = undefined
+    }
 
-        NumberAnimation {
-            target: line
-            property: "y"
-            from: root.height
-            to: 0
-            duration: view.stepDuration * 1000
-            easing.type: Easing.InOutQuad
+    // New figures stay in their row; another place among the symbols is another row.
+    function take() {
+        if (view.line.index !== shownIndex) {
+            leaving.excess = line.excess
+            leaving.content = line.content
+            step.restart()
         }
-        NumberAnimation {
-            target: line
-            property: "opacity"
-            from: 0
-            to: 1
-            duration: view.stepDuration * 1000
-            easing.type: Easing.InOutQuad
-        }
+        shownIndex = view.line.index
+        line.content = view.line.content
+    }
+    Component.onCompleted: {
+        shownIndex = view.line.index
+        line.content = view.line.content
     }
 }

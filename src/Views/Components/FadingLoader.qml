@@ -6,43 +6,30 @@ import Orvelle
 Item {
     id: root
 
-    property bool shown
+    property var part // whether it is shown, and its size
     property url source
     property var properties: ({})
-    property size settledSize
     property real response
     property real dampingFraction
     readonly property alias item: loader.item
 
+    width: part.size.width
+    height: part.size.height
     opacity: presence.value
-    enabled: shown
+    enabled: part.isShown
 
     SpringValue {
         id: presence
-        target: root.shown ? 1 : 0
+        target: root.part.isShown ? 1 : 0
         response: root.response
         dampingFraction: root.dampingFraction
         restDistance: 0.002
         onValueChanged: root.follow()
     }
-    Binding {
-        target: root
-        property: "width"
-        value: root.settledSize.width
-        when: root.shown
-        restoreMode: Binding.RestoreNone
-    }
-    Binding {
-        target: root
-        property: "height"
-        value: root.settledSize.height
-        when: root.shown
-        restoreMode: Binding.RestoreNone
-    }
     Loader {
         id: loader
         anchors.fill: parent
-        focus: root.shown
+        focus: root.part.isShown
     }
 
     // What cannot be seen yet is not made yet: the first frame of the growing shape does not wait
@@ -50,9 +37,9 @@ Item {
     function follow() {
         if (presence.value > 0 && loader.status === Loader.Null)
             loader.setSource(source, properties)
-        else if (presence.value <= 0 && !shown)
+        else if (presence.value <= 0 && !part.isShown)
             loader.source = ""
     }
-    onShownChanged: follow()
+    onPartChanged: follow()
     Component.onCompleted: follow()
 }

@@ -1,5 +1,8 @@
 #include "Views/Components/NotchShape.h"
 
+#include <algorithm>
+#include <numbers>
+
 namespace orvelle {
 
 namespace {
@@ -48,6 +51,14 @@ std::vector<PathElement> NotchShape::path(const Rect& rect) const {
         flares ? quadCurve(topLeft, {left, top}) : line(topLeft),
         {PathElement::Kind::close, topLeft, {}},
     };
+}
+
+Rect NotchShape::contentRect(const Rect& rect) const {
+    // The corner of the frame lies on the arc, half way round.
+    const double margin = bottomCornerRadius * (1 - 1 / std::numbers::sqrt2);
+    const double side = bodyInset + margin;
+    return {{rect.minX() + side, rect.minY()},
+            {std::max(0.0, rect.size.width - 2 * side), std::max(0.0, rect.size.height - margin)}};
 }
 
 } // namespace orvelle

@@ -26,6 +26,10 @@ struct NotchShape {
 
     /// Clockwise from the top left. The top edge spans the whole rectangle.
     std::vector<PathElement> path(const Rect& rect) const;
+
+    /// The body without the frame that its round corners take: content that is cut to it stays on
+    /// the shape, whatever size that passes through.
+    Rect contentRect(const Rect& rect) const;
 };
 
 } // namespace orvelle

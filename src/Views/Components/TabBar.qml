@@ -9,6 +9,10 @@ FocusScope {
     property alias model: tabs.model
     property real spacing
     property real cornerRadius
+    property var resting // the look of a tab, and that of the active one
+    property var active
+    property real response
+    property real dampingFraction
     signal selected(string id)
 
     // A tab that the pointer took needs no ring when its panel brings the keyboard along.
@@ -30,6 +34,10 @@ FocusScope {
             readonly property real step: (root.width + root.spacing) / tabs.count
 
             tab: entry
+            resting: root.resting
+            active: root.active
+            response: root.response
+            dampingFraction: root.dampingFraction
             x: Math.round(index * step)
             width: Math.round((index + 1) * step - root.spacing) - x
             height: root.height

@@ -6,12 +6,16 @@ Rectangle {
     id: root
 
     property var tab
+    property var resting // its two looks
+    property var active
+    property real response
+    property real dampingFraction
     property bool showsFocus: activeFocus
     signal pressed
     signal clicked
 
     objectName: "tab." + tab.id
-    color: tab.background
+    color: Style.mixed(resting.background, active.background, activity.value)
     Accessible.role: Accessible.PageTab
     Accessible.name: tab.label
     Accessible.selectable: true
@@ -23,10 +27,34 @@ Rectangle {
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
 
-    PanelSymbol {
-        anchors.centerIn: parent
-        content: root.tab.symbol
+    SpringValue {
+        id: activity
+        target: root.tab.isActive ? 1 : 0
+        response: root.response
+        dampingFraction: root.dampingFraction
+        restDistance: 0.002
+    }
+    // One over the other: a symbol is kept for each colour that it is drawn in.
+    Item {
+        anchors.fill: parent
         opacity: pointer.pressed ? 0.6 : 1
+
+        Symbol {
+            anchors.centerIn: parent
+            name: root.tab.symbol.name
+            size: root.tab.symbol.size
+            color: root.resting.symbol
+            visible: activity.value < 1
+        }
+        Symbol {
+            objectName: "activeSymbol"
+            anchors.centerIn: parent
+            name: root.tab.symbol.name
+            size: root.tab.symbol.size
+            color: root.active.symbol
+            opacity: activity.value
+            visible: opacity > 0
+        }
     }
     Rectangle {
         anchors.fill: parent

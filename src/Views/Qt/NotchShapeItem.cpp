@@ -4,6 +4,7 @@
 #include <QTransform>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -66,6 +67,7 @@ void NotchShapeItem::setPart(double& part, double value) {
         return;
     part = value;
     update();
+    followContentRect();
     Q_EMIT shapeChanged();
 }
 
@@ -83,6 +85,23 @@ void NotchShapeItem::setStroke(const StrokeValue& stroke) {
     stroke_ = stroke;
     update();
     Q_EMIT strokeChanged();
+}
+
+void NotchShapeItem::geometryChange(const QRectF& now, const QRectF& before) {
+    QQuickPaintedItem::geometryChange(now, before);
+    followContentRect();
+}
+
+void NotchShapeItem::followContentRect() {
+    const auto rect = shape_.contentRect({{0, 0}, {width(), height()}});
+    const QPointF from(std::ceil(rect.minX()), std::ceil(rect.minY()));
+    const QPointF to(std::floor(rect.maxX()), std::floor(rect.maxY()));
+    const QRectF whole(from,
+                       QSizeF(std::max(0.0, to.x() - from.x()), std::max(0.0, to.y() - from.y())));
+    if (whole == contentRect_)
+        return;
+    contentRect_ = whole;
+    Q_EMIT contentRectChanged();
 }
 
 QPainterPath NotchShapeItem::path() const {
@@ -113,7 +132,8 @@ QRegion NotchShapeItem::region() const {
 
 void NotchShapeItem::paint(QPainter* painter) {
     const QPainterPath outline = path();
-    painter->fillPath(outline, color_);
+    if (color_.alpha() > 0)
+        painter->fillPath(outline, color_);
     if (stroke_.lineWidth <= 0)
         return;
     QPen pen(stroke_.color, stroke_.lineWidth);

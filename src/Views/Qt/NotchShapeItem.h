@@ -17,6 +17,8 @@ class NotchShapeItem : public QQuickPaintedItem {
                    shapeChanged)
     Q_PROPERTY(double topFlare READ topFlare WRITE setTopFlare NOTIFY shapeChanged)
     Q_PROPERTY(double bodyInset READ bodyInset WRITE setBodyInset NOTIFY shapeChanged)
+    /// Where content may be painted, in whole points: renderers cut at those.
+    Q_PROPERTY(QRectF contentRect READ contentRect NOTIFY contentRectChanged)
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
     Q_PROPERTY(orvelle::StrokeValue stroke READ stroke WRITE setStroke NOTIFY strokeChanged)
 
@@ -34,6 +36,8 @@ public:
     StrokeValue stroke() const { return stroke_; }
     void setStroke(const StrokeValue& stroke);
 
+    QRectF contentRect() const { return contentRect_; }
+
     /// The outline in the item's coordinates.
     QPainterPath path() const;
     /// Every pixel that the shape covers by at least half, for a window that cannot be translucent.
@@ -43,13 +47,19 @@ public:
 
 Q_SIGNALS:
     void shapeChanged();
+    void contentRectChanged();
     void colorChanged();
     void strokeChanged();
 
+protected:
+    void geometryChange(const QRectF& now, const QRectF& before) override;
+
 private:
+    void followContentRect();
     void setPart(double& part, double value);
 
     NotchShape shape_;
+    QRectF contentRect_;
     QColor color_ = Qt::black;
     StrokeValue stroke_;
 };

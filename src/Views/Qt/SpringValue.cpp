@@ -47,13 +47,19 @@ void SpringValue::setResponse(double response) {
     if (response == spring_.response)
         return;
     spring_.response = response;
-    Q_EMIT curveChanged();
+    bend();
 }
 
 void SpringValue::setDampingFraction(double dampingFraction) {
     if (dampingFraction == spring_.dampingFraction)
         return;
     spring_.dampingFraction = dampingFraction;
+    bend();
+}
+
+void SpringValue::bend() {
+    if (isRunning())
+        start();
     Q_EMIT curveChanged();
 }
 

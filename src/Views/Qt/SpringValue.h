@@ -54,6 +54,8 @@ Q_SIGNALS:
 private:
     class Movement;
 
+    /// Another curve on the way goes on from where the value stands.
+    void bend();
     void start();
     void moveTo(Seconds time);
     void setValue(double value);

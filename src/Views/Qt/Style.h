@@ -60,6 +60,12 @@ public:
     double fadeInResponse() const { return FadeInModifier::spring.response; }
     double fadeInDampingFraction() const { return FadeInModifier::spring.dampingFraction; }
 
+    Q_INVOKABLE QColor mixed(const QColor& one, const QColor& other, double amount) const {
+        const auto color = [](const QColor& from) {
+            return Color{from.redF(), from.greenF(), from.blueF(), from.alphaF()};
+        };
+        return toQt(color(one).mixed(color(other), amount));
+    }
     Q_INVOKABLE double thumbScale(bool isDragging) const {
         return AnimatedSlider::thumbScale(isDragging);
     }

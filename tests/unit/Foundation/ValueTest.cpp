@@ -1,4 +1,5 @@
 #include "Foundation/Base64.h"
+#include "Foundation/Color.h"
 #include "Foundation/Date.h"
 #include "Foundation/UUID.h"
 
@@ -67,6 +68,22 @@ TEST(Base64, RefusesWhatItWouldNotWrite) {
     for (const std::string text :
          {"Z", "Zg", "Zg=", "Zg===", "Zh==", "Zm9v\n", "Zm 9", "====", "é"})
         EXPECT_EQ(bytesOfBase64(text), std::nullopt) << text;
+}
+
+TEST(Color, MixesInProportionAndStaysAtTheEnds) {
+    const Color one{0, 0.25, 1, 1};
+    const Color other{1, 0.75, 0, 1};
+    EXPECT_EQ(one.mixed(other, 0.25), (Color{0.25, 0.375, 0.75, 1}));
+    EXPECT_EQ(one.mixed(other, -0.1), one);
+    EXPECT_EQ(one.mixed(other, 1.1), other);
+}
+
+TEST(Color, WhatIsTransparentLendsNoHueToAMixture) {
+    const auto mixed = colors::clear.mixed({1, 0.5, 0, 0.2}, 0.5);
+    EXPECT_DOUBLE_EQ(mixed.red, 1);
+    EXPECT_DOUBLE_EQ(mixed.green, 0.5);
+    EXPECT_DOUBLE_EQ(mixed.alpha, 0.1);
+    EXPECT_EQ(colors::clear.mixed(colors::clear, 0.5), colors::clear);
 }
 
 } // namespace

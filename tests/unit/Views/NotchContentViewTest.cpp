@@ -146,6 +146,23 @@ TEST_F(NotchContentViewTest, TheShapeFlaresAndHasABorderUnlessCollapsed) {
     }
 }
 
+TEST_F(NotchContentViewTest, TheStageTellsWhatStandsInTheShapeAndHowLarge) {
+    placeOnly(HoverWidgetPosition::leftWing, {});
+    setAnimationSpeed("slow");
+    const NotchContentView::Border border{{12, 14, 8}, {Color::white(1, 0.15), 0.5, 10}};
+    const Spring slow{0.4, 1};
+    EXPECT_EQ(view.stage(), (NotchContentView::Stage{{200, 37}, {12, 14, 0}, slow, {}, {}, {}}));
+    state.expandedState = NotchExpandedState::hovering;
+    EXPECT_EQ(view.stage(),
+              (NotchContentView::Stage{
+                  {200 + 2 * 24 + 16, 73}, {12, 14, 8}, slow, border, Size{248, 73}, {}}));
+    state.expandedState = NotchExpandedState::expanded;
+    EXPECT_EQ(view.stage(),
+              (NotchContentView::Stage{{566, 220}, {12, 14, 8}, slow, border, {}, Size{566, 220}}));
+    state.expandedState = NotchExpandedState::fullExpanded;
+    EXPECT_EQ(view.stage().expandedContent, (Size{566, 390}));
+}
+
 TEST_F(NotchContentViewTest, TheTabbedPanelStandsFromExpandedOn) {
     EXPECT_TRUE(view.showsCollapsedView());
     state.expandedState = NotchExpandedState::hovering;

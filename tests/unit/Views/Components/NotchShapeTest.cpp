@@ -51,5 +51,20 @@ TEST(NotchShapeTest, WithoutInsetTheSidesAreThoseOfTheRect) {
     EXPECT_EQ(path[7], (PathElement{PathKind::line, {10, 34}, {}}));
 }
 
+TEST(NotchShapeTest, ContentEndsWhereTheRoundCornersWouldLetItOut) {
+    const auto content = NotchShape{12, 14, 8}.contentRect({{10, 20}, {100, 60}});
+    const double margin = 12 - 12 / std::sqrt(2.0);
+    EXPECT_NEAR(content.minX(), 10 + 8 + margin, 1e-9);
+    EXPECT_NEAR(content.maxX(), 110 - 8 - margin, 1e-9);
+    EXPECT_EQ(content.minY(), 20);
+    EXPECT_NEAR(content.maxY(), 80 - margin, 1e-9);
+    // The corner of the content lies on the arc.
+    EXPECT_NEAR(std::hypot(content.minX() - (10 + 8 + 12), content.maxY() - (80 - 12)), 12, 1e-9);
+}
+
+TEST(NotchShapeTest, AShapeWithoutRoomHasNoneForContent) {
+    EXPECT_EQ((NotchShape{12, 14, 8}.contentRect({{0, 0}, {20, 3}}).size), (Size{0, 0}));
+}
+
 } // namespace
 } // namespace orvelle
