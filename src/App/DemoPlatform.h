@@ -1,5 +1,6 @@
 #pragma once
 
+#include "App/HeldRunLoop.h"
 #include "Platform/Icu/IcuFormatting.h"
 #include "Platform/Linux/LinuxDesktop.h"
 #include "Platform/Linux/StandardConsole.h"
@@ -7,7 +8,6 @@
 #include "Platform/Platform.h"
 #include "Platform/Qt/QtFileIcons.h"
 #include "Platform/Qt/QtImageCodec.h"
-#include "Platform/Qt/QtRunLoop.h"
 #include "Platform/Simulated/SimulatedAudioHardware.h"
 #include "Platform/Simulated/SimulatedCameraService.h"
 #include "Platform/Simulated/SimulatedDisplayBrightness.h"
@@ -79,7 +79,7 @@ private:
     QtFileIcons fileIcons_;
     QtImageCodec imageCodec_;
     StandardLog log_;
-    QtRunLoop runLoop_;
+    HeldRunLoop runLoop_;
     SimulatedCameraService camera_{runLoop_};
     SimulatedEventStore eventStore_{runLoop_};
     SimulatedRunningApplications runningApplications_;

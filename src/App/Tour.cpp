@@ -1,12 +1,13 @@
 #include "App/Tour.h"
 
 #include "App/AppDelegate.h"
+#include "App/Film.h"
+#include "App/HeldRunLoop.h"
+#include "App/PanelWatch.h"
 #include "Platform/Linux/TrayMenu.h"
-#include "Platform/Qt/QuickPanel.h"
 #include "Platform/UserDefaults.h"
 #include "Settings/SettingsKeys.h"
 #include "Settings/SettingsView.h"
-#include "Views/Qt/SpringValue.h"
 #include "Views/Qt/SymbolImages.h"
 
 #include <QCoreApplication>
@@ -32,13 +33,6 @@ constexpr int windowTime = 700;    // milliseconds in which an ordinary window c
 const QString settingsTitle = QStringLiteral("Orvelle Settings");
 const QString wizardTitle = QStringLiteral("Welcome to Orvelle");
 const QString menuTitle = QStringLiteral("Status Menu");
-
-const QQuickWindow* quickWindow(AppDelegate& app) {
-    if (!app.notchWindowController)
-        return nullptr;
-    auto* panel = dynamic_cast<QuickPanel*>(app.notchWindowController->window());
-    return panel ? &panel->quickWindow() : nullptr;
-}
 
 /// Those of this title that can be seen.
 std::vector<const QWindow*> windowsTitled(const QString& title) {
@@ -79,19 +73,6 @@ void click(QQuickItem* button) {
         QMetaObject::invokeMethod(button, "clicked");
 }
 
-/// Loaded views hang in the tree of items, springs in that of objects. A camera that starts has
-/// a spinner in its place.
-bool moves(const QQuickItem& item) {
-    if (item.isVisible() && item.objectName() == QLatin1String("cameraSpinner"))
-        return true;
-    for (const auto* spring : item.findChildren<SpringValue*>())
-        if (spring->isRunning())
-            return true;
-    const auto children = item.childItems();
-    return std::any_of(children.begin(), children.end(),
-                       [](const QQuickItem* child) { return moves(*child); });
-}
-
 } // namespace
 
 Tour::Tour(AppDelegate& app, const std::string& directory)
@@ -99,7 +80,7 @@ Tour::Tour(AppDelegate& app, const std::string& directory)
     addStops();
     watch_.setInterval(lookInterval);
     connect(&watch_, &QTimer::timeout, this, &Tour::look);
-    QTimer::singleShot(settlingTime, this, &Tour::next);
+    QTimer::singleShot(settlingTime, this, &Tour::begin);
 }
 
 Tour::~Tour() = default;
@@ -294,6 +275,21 @@ void Tour::addWizardStops() {
                           wizardTitle});
 }
 
+void Tour::begin() {
+    auto* runLoop = dynamic_cast<HeldRunLoop*>(&Platform::shared().runLoop());
+    const auto* window = PanelWatch::window(app_);
+    // Another renderer drives the animations itself.
+    if (runLoop && window &&
+        window->rendererInterface()->graphicsApi() == QSGRendererInterface::Software) {
+        Film film(app_, *runLoop, QDir(directory_.filePath(QStringLiteral("film"))));
+        if (const auto complaint = film.shoot(); !complaint.isEmpty()) {
+            fail(QStringLiteral("film: ") + complaint);
+            return;
+        }
+    }
+    next();
+}
+
 void Tour::next() {
     if (index_ == stops_.size()) {
         QCoreApplication::exit(0);
@@ -329,18 +325,14 @@ void Tour::look() {
 bool Tour::isStill() const {
     if (!stops_[index_].window.isEmpty())
         return since_.elapsed() >= windowTime && !windowsTitled(stops_[index_].window).empty();
-    const auto* window = quickWindow(app_);
-    if (!window || since_.elapsed() < 2 * lookInterval)
-        return false;
-    if (app_.notchWindowController->isAnimatingCollapse())
-        return false;
-    return !moves(*window->contentItem());
+    return PanelWatch::window(app_) && since_.elapsed() >= 2 * lookInterval &&
+           !PanelWatch::isMoving(app_);
 }
 
 bool Tour::takePicture() {
     const auto& title = stops_[index_].window;
-    const auto windows =
-        title.isEmpty() ? std::vector<const QWindow*>{quickWindow(app_)} : windowsTitled(title);
+    const auto windows = title.isEmpty() ? std::vector<const QWindow*>{PanelWatch::window(app_)}
+                                         : windowsTitled(title);
     const auto around =
         frameOf(windows).marginsAdded({desktopMargin, 0, desktopMargin, desktopMargin});
     const auto picture = windows.front()->screen()->grabWindow(0, around.x(), around.y(),

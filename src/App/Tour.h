@@ -43,6 +43,8 @@ private:
     /// Each tab, from its top and from its end.
     void addSettingsStops();
     void addWizardStops();
+    /// The film of the changes of state comes first.
+    void begin();
     void next();
     /// Takes the picture once nothing moves any more.
     void look();
