@@ -20,6 +20,9 @@ endif()
 if(Qt6_FOUND AND DESKTOP_FOUND AND ICAL_FOUND)
     set(ORVELLE_HAS_DESKTOP ON)
     qt_standard_project_setup()
+    # It looks for libraries beside the program. Ours come from the system, and a path that is to be
+    # filled in at installation is, until then, a search in the current folder.
+    set(CMAKE_INSTALL_RPATH "")
     set(CMAKE_AUTOMOC OFF) # the layers below Qt do without its tools; those above switch it on
 else()
     message(STATUS "Building the core and its tests only: Qt 6.4 or a desktop library is missing")

@@ -18,14 +18,25 @@ foreach(flags orvelle_flags orvelle_qml_flags)
         $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>)
 endforeach()
 
+# What makes a fault harder to use; scripts/hardening tells what a program has of it.
 if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i.86")
+        set(branch_protection -fcf-protection=full)
+        # The C library's own objects may lack the marks; without indirect jumps they need none.
+        set(branch_marks -Wl,-z,ibt,-z,shstk)
+    elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "aarch64")
+        set(branch_protection -mbranch-protection=standard)
+    endif()
     foreach(flags orvelle_flags orvelle_qml_flags)
-        target_compile_options(${flags} INTERFACE -fstack-protector-strong -D_FORTIFY_SOURCE=2
-            -fcf-protection -ffunction-sections -fdata-sections
+        target_compile_definitions(${flags} INTERFACE _GLIBCXX_ASSERTIONS)
+        target_compile_options(${flags} INTERFACE -fstack-protector-strong
+            -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3 ${branch_protection}
+            -fstack-clash-protection -ffunction-sections -fdata-sections
             # Of an optimised std::variant g++ 12 reports members that are not the active one, and of
             # a std::string copies that cannot be.
             $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized -Wno-restrict>)
-        target_link_options(${flags} INTERFACE -Wl,-z,relro,-z,now -Wl,--gc-sections -Wl,--as-needed)
+        target_link_options(${flags} INTERFACE -Wl,-z,relro,-z,now -Wl,-z,noexecstack
+            ${branch_marks} -Wl,--gc-sections -Wl,--as-needed)
     endforeach()
 endif()
 if(ORVELLE_SANITIZE)
