@@ -281,6 +281,20 @@ TEST_F(OpenProgramTest, OneThatIsOnItsWayIsNotStartedAgain) {
     EXPECT_EQ(std::ranges::count(text, '\n'), 2) << text;
 }
 
+TEST_F(LinuxWorkspaceTest, InsideAServicesFencesTheManagerStartsWhatIsOpened) {
+    programs.writeProgram("systemd-run");
+    programs.writeProgram("xdg-open");
+    const TemporaryVariable outside("ORVELLE_START_OUTSIDE", "1");
+    const TemporaryVariable display("DISPLAY", ":7");
+    const auto every = path() + QStringLiteral(":") + qEnvironmentVariable("PATH");
+    const TemporaryVariable found("PATH", every.toUtf8());
+    const auto line = opened("XFCE", "https://orvelle.example/");
+    EXPECT_TRUE(line.starts_with("systemd-run --user ")) << line;
+    EXPECT_NE(line.find(" --setenv=DISPLAY "), line.npos) << line;
+    EXPECT_TRUE(line.ends_with(" -- " + programs.path("xdg-open") + " https://orvelle.example/"))
+        << line;
+}
+
 TEST_F(LinuxWorkspaceTest, WhatNothingOpensIsLoggedOnce) {
     LinuxWorkspace workspace(runLoop, log, {QStringLiteral("GNOME"), path()}, {});
     workspace.open(powerPage);

@@ -1,7 +1,8 @@
 #include "Platform/Linux/LinuxProcessLauncher.h"
 
+#include "Platform/Linux/ProgramStart.h"
+
 #include <QFileInfo>
-#include <QProcess>
 
 #include <algorithm>
 
@@ -45,8 +46,8 @@ void LinuxProcessLauncher::launch(const std::string& path,
     for (const auto& argument : arguments)
         words << QString::fromStdString(argument);
     const QFileInfo file(program);
-    const bool started = file.isAbsolute() && file.isFile() && file.isExecutable() &&
-                         QProcess::startDetached(program, words);
+    const bool started =
+        file.isAbsolute() && file.isFile() && file.isExecutable() && startProgram(program, words);
     if (!started && reported_.insert(path).second)
         log_.error("Cannot launch " + path);
 }

@@ -2,9 +2,9 @@
 
 #include "Foundation/FileURL.h"
 #include "Platform/Linux/DesktopEntry.h"
+#include "Platform/Linux/ProgramStart.h"
 
 #include <QDateTime>
-#include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -141,14 +141,14 @@ void LinuxWorkspace::openDocument(const std::string& fileUrl) {
 void LinuxWorkspace::launch(const std::string& bundleIdentifier) {
     const auto program = programOf(bundleIdentifier);
     if (!running_)
-        return startProgram(program);
+        return launchUnlessRunning(program);
     RunningPrograms::Wanted wanted{program.identifiers, program.identifiers};
     if (auto name = desktopEntryTraits(program.entry.toStdString()).windowClass; !name.empty())
         wanted.windowNames.push_back(std::move(name));
-    running_->bringToFront(wanted, lifetime_.guard([this, program] { startProgram(program); }));
+    running_->bringToFront(wanted, lifetime_.guard([this, program] { launchUnlessRunning(program); }));
 }
 
-void LinuxWorkspace::startProgram(const Program& program) {
+void LinuxWorkspace::launchUnlessRunning(const Program& program) {
     const auto& name = program.identifiers.front();
     const bool isRunning = running_ && running_->isRunning(program.identifiers);
     if (program.entry.isEmpty() && !isRunning)
@@ -200,7 +200,7 @@ bool LinuxWorkspace::openAddress(const std::string& url, const std::set<QString>
 
 bool LinuxWorkspace::start(const QString& program, const QStringList& arguments) const {
     const auto path = QStandardPaths::findExecutable(program, folders_);
-    return !path.isEmpty() && QProcess::startDetached(path, arguments);
+    return !path.isEmpty() && startProgram(path, arguments);
 }
 
 } // namespace orvelle

@@ -56,7 +56,7 @@ private:
     };
 
     static Program programOf(const std::string& bundleIdentifier);
-    void startProgram(const Program& program);
+    void launchUnlessRunning(const Program& program);
     /// Once a subject.
     void report(const std::string& subject, const std::string& what);
     void openWith(const std::string& url, std::optional<Date> day);

@@ -1,6 +1,7 @@
 #include "Platform/Linux/ShareServices.h"
 
-#include <QProcess>
+#include "Platform/Linux/ProgramStart.h"
+
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -60,7 +61,7 @@ void ShareServices::offer(const QString& title, const std::vector<Sender>& sende
         }
         services.push_back({title, [program, runs] {
                                 for (const auto& arguments : runs)
-                                    QProcess::startDetached(program, arguments);
+                                    startProgram(program, arguments);
                             }});
         return;
     }
