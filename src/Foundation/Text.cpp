@@ -129,6 +129,17 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
     return text.substr(0, static_cast<std::size_t>(end));
 }
 
+std::string_view displayable(std::string_view text) {
+    constexpr std::size_t mostBytes = 1000;
+    if (text.size() <= mostBytes)
+        return text;
+    std::size_t end = mostBytes;
+    constexpr std::size_t longestSequence = 4;
+    while (end > mostBytes - longestSequence && (text[end] & 0xC0) == 0x80)
+        --end;
+    return text.substr(0, end);
+}
+
 std::string folded(std::string_view text, std::string_view locale) {
     const bool hasDotlessI = locale.starts_with("tr") || locale.starts_with("az");
     if (!hasDotlessI && std::ranges::all_of(text, isASCII)) {

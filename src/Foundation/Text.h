@@ -19,6 +19,10 @@ std::string inOneLine(std::string_view text);
 /// accents are one, and so is an emoji of several parts.
 std::string_view firstCharacters(std::string_view text, std::size_t count);
 
+/// As much of a text as any view has room for: its layout takes the more time the longer it is,
+/// and other programs' texts are of any length. Ends between two code points.
+std::string_view displayable(std::string_view text);
+
 /// For comparisons without regard to case: texts that differ in nothing else give the same.
 /// `locale` is the user's ("tr_TR" tells a dotted i from a dotless one); empty for none.
 std::string folded(std::string_view text, std::string_view locale = {});

@@ -46,8 +46,8 @@ SettingsRowValue rowValue(const SettingsRow& row) {
     SettingsRowValue value;
     value.kind = kindName(row.kind);
     value.id = QString::fromStdString(row.id);
-    value.label = QString::fromStdString(row.label);
-    value.detail = QString::fromStdString(row.detail);
+    value.label = toQt(std::string_view(row.label));
+    value.detail = toQt(std::string_view(row.detail));
     value.indent = row.indent;
     value.isOn = row.isOn;
     value.isDimmed = row.isDimmed;
@@ -55,14 +55,14 @@ SettingsRowValue rowValue(const SettingsRow& row) {
     value.lowerBound = row.range.lowerBound;
     value.upperBound = row.range.upperBound;
     value.step = row.range.step;
-    value.valueText = QString::fromStdString(row.valueText);
+    value.valueText = toQt(std::string_view(row.valueText));
     value.valueWidth = row.valueWidth;
     value.labelWidth = row.labelWidth;
     for (const auto& choice : row.choices)
         value.choices.push_back(QVariantMap{{QStringLiteral("value"), toQt(choice.value)},
                                             {QStringLiteral("label"), toQt(choice.label)}});
-    value.choice = QString::fromStdString(row.choice);
-    value.button = QString::fromStdString(row.button);
+    value.choice = toQt(std::string_view(row.choice));
+    value.button = toQt(std::string_view(row.button));
     value.symbol = toQt(row.symbol);
     value.color = toQt(row.color);
     value.isInGroup = !endsGroup(row.kind);

@@ -5,7 +5,7 @@
 namespace orvelle {
 
 static StockRowValue toQt(const StockTickerRowContent& row) {
-    StockRowValue value{.id = toQt(std::string_view(row.id)),
+    StockRowValue value{.id = QString::fromStdString(row.id),
                         .symbol = toQt(row.symbol),
                         .name = toQt(row.name),
                         .figures = {}};

@@ -1,5 +1,7 @@
 #include "Platform/Linux/TrayMenu.h"
 
+#include "Foundation/Text.h"
+
 #include <utility>
 
 namespace orvelle {
@@ -10,7 +12,9 @@ constexpr double symbolPointSize = 14;
 
 // A menu takes an ampersand for the mark of its access key.
 QString menuText(const std::string& title) {
-    return QString::fromStdString(title).replace(QLatin1Char('&'), QStringLiteral("&&"));
+    const auto shown = Text::displayable(title);
+    return QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()))
+        .replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 } // namespace

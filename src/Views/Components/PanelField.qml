@@ -23,6 +23,7 @@ FocusScope {
         activeFocusOnTab: true
         clip: true
         selectByMouse: true
+        maximumLength: Style.longestInput
         color: root.content.color
         selectionColor: Style.selectionColor
         selectedTextColor: color

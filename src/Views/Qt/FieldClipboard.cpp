@@ -2,10 +2,12 @@
 
 #include "Foundation/Text.h"
 #include "Platform/Pasteboard.h"
-#include "Views/Qt/Values.h"
+#include "Views/Qt/Style.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+
+#include <algorithm>
 
 namespace orvelle {
 
@@ -28,8 +30,11 @@ void FieldClipboard::pasteSelection() {
 }
 
 void FieldClipboard::take(const std::optional<std::string>& text) {
-    if (text)
-        Q_EMIT pasted(toQt(std::string_view(Text::inOneLine(*text))));
+    if (!text)
+        return;
+    // The field cuts what is left; no character takes more than four bytes.
+    const auto most = std::string_view(*text).substr(0, 4 * FieldLimit::longestInput);
+    Q_EMIT pasted(QString::fromStdString(Text::inOneLine(most)));
 }
 
 } // namespace orvelle

@@ -1,12 +1,14 @@
 #include "Views/Qt/MenuValue.h"
 
+#include "Views/Qt/Values.h"
+
 namespace orvelle {
 
 QVariantList MenuValue::lines() const {
     QVariantList lines;
     for (const auto& entry : entries)
         lines.append(
-            QVariant::fromValue(MenuLineValue{QString::fromStdString(entry.title), entry.isChecked,
+            QVariant::fromValue(MenuLineValue{toQt(std::string_view(entry.title)), entry.isChecked,
                                               entry.isDestructive, entry.followsDivider}));
     return lines;
 }

@@ -21,6 +21,10 @@ struct PopupStyle {
     static constexpr Color selectionColor = colors::blue.withAlpha(0.55);
 };
 
+struct FieldLimit {
+    static constexpr int longestInput = 4000; ///< characters; a longer line is slow to type in
+};
+
 /// The constants and small rules of the shared components, for QML.
 class Style : public QObject {
     Q_OBJECT
@@ -36,6 +40,7 @@ class Style : public QObject {
     ORVELLE_CONSTANT(QColor, destructiveColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, focusColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, selectionColor, PopupStyle)
+    ORVELLE_CONSTANT(int, longestInput, FieldLimit)
     Q_PROPERTY(QColor dividerColor READ dividerColor CONSTANT FINAL)
     Q_PROPERTY(QString monospacedFamily READ monospacedFamily CONSTANT FINAL)
     Q_PROPERTY(double dividerThickness READ dividerThickness CONSTANT FINAL)

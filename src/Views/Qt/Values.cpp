@@ -1,5 +1,7 @@
 #include "Views/Qt/Values.h"
 
+#include "Foundation/Text.h"
+
 #include <QFont>
 
 namespace orvelle {
@@ -37,7 +39,11 @@ QString SliderValue::levelText() const {
 }
 
 QString toQt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    const auto shown = Text::displayable(text);
+    auto converted = QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()));
+    if (shown.size() < text.size())
+        converted += QChar(0x2026); // an ellipsis
+    return converted;
 }
 
 QColor toQt(const Color& color) {

@@ -177,6 +177,7 @@ template <class T>
 T toQt(const T& value) {
     return value;
 }
+/// Every text that is shown passes here, and is cut to what can be seen of it.
 QString toQt(std::string_view text);
 QColor toQt(const Color& color);
 QSizeF toQt(const Size& size);

@@ -12,6 +12,21 @@ TEST(TextTest, BlanksAreSpacesOfEveryKindAndTabsButNoLineEnds) {
     EXPECT_EQ(Text::trimmingBlanks(""), "");
 }
 
+TEST(TextTest, WhatIsShownEndsBetweenTwoLettersAfterAThousandBytes) {
+    EXPECT_EQ(Text::displayable("Gr\u00fc\u00dfe"), "Gr\u00fc\u00dfe");
+    EXPECT_EQ(Text::displayable(std::string(1000, 'x')).size(), 1000u);
+    EXPECT_EQ(Text::displayable(std::string(1'000'000, 'x')).size(), 1000u);
+    for (const std::string lead : {"", "a", "ab", "abc"}) {
+        std::string text = lead;
+        while (text.size() < 2000)
+            text += "\U0001F600";
+        const auto shown = Text::displayable(text);
+        EXPECT_EQ((shown.size() - lead.size()) % 4, 0u);
+        EXPECT_GT(shown.size(), 996u);
+    }
+    EXPECT_GE(Text::displayable(std::string(2000, '\x80')).size(), 996u) << "no letters at all";
+}
+
 TEST(TextTest, LineEndsOfEveryKindAreCutWhereTheyAreToBe) {
     EXPECT_EQ(Text::trimmingBlanksAndNewlines("\r\n\v\f\u0085\u2028\u2029 a\nb \n"), "a\nb");
     EXPECT_EQ(Text::trimmingBlanksAndNewlines("\n\n"), "");
