@@ -14,9 +14,10 @@ bool isContinuation(unsigned char byte, unsigned char low = 0x80, unsigned char 
     return byte >= low && byte <= high;
 }
 
-/// The length of the sequence that the text begins with; 0 when it is not well-formed. The ranges
-/// are those of the Unicode standard's table 3-7: no overlong forms, no surrogates.
-std::size_t sequenceLength(std::string_view text) {
+} // namespace
+
+// The ranges are those of the Unicode standard's table 3-7: no overlong forms, no surrogates.
+std::size_t utf8SequenceLength(std::string_view text) {
     const auto first = byteAt(text, 0);
     const auto second = byteAt(text, 1);
     if (first < 0x80)
@@ -38,12 +39,10 @@ std::size_t sequenceLength(std::string_view text) {
     return 0;
 }
 
-} // namespace
-
 std::string wellFormedUtf8(std::string_view text, char replacement) {
     std::string result;
     while (!text.empty()) {
-        const auto length = sequenceLength(text);
+        const auto length = utf8SequenceLength(text);
         if (length)
             result += text.substr(0, length);
         else

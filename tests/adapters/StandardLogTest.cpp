@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <sstream>
 #include <thread>
 
@@ -49,6 +50,27 @@ TEST_F(StandardLogTest, DebugLinesAreLeftOutUnlessWanted) {
     const Logger logger(log, "Type");
     logger.debug("detail");
     EXPECT_EQ(text(), "");
+}
+
+TEST_F(StandardLogTest, ControlsOfEightBitsAreEscapedToo) {
+    StandardLog log(descriptor, StandardLog::Style::plain, LogLevel::info);
+    const Logger logger(log, "Type");
+    logger.info("\xC2\x9B"
+                "31m \x9D"
+                "0;title\xC2\x9C \xC2\xA0\xE2\x80\xA6 \xFF\xC2");
+    EXPECT_EQ(text(), "com.orvelle.app [Type] \\xc2\\x9b31m \\x9d0;title\\xc2\\x9c "
+                      "\xC2\xA0\xE2\x80\xA6 \\xff\\xc2\n");
+}
+
+TEST_F(StandardLogTest, ALongMessageIsCut) {
+    StandardLog log(descriptor, StandardLog::Style::plain, LogLevel::info);
+    Logger(log, "Type").info(std::string(1'000'000, 'x'));
+    Logger(log, "Type").info(std::string(1'000'000, '\a'));
+    const auto written = text();
+    EXPECT_LT(written.size(), 20'000u);
+    EXPECT_EQ(std::ranges::count(written, '\n'), 2);
+    EXPECT_NE(written.find("x... (991831 more bytes)\n"), written.npos)
+        << written.substr(8100, 100);
 }
 
 TEST_F(StandardLogTest, MessageCannotPoseAsAnotherLine) {

@@ -1,16 +1,22 @@
 #include "Platform/Linux/StandardLog.h"
 
 #include "Foundation/Format.h"
+#include "Foundation/Utf8.h"
 #include "Platform/Linux/StandardStreams.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 
 namespace orvelle {
 
 namespace {
+
+/// In bytes; a peer's words may be of any length.
+constexpr std::size_t longestLine = 8192;
 
 bool isJournal(int descriptor) {
     const char* stream = std::getenv("JOURNAL_STREAM");
@@ -50,15 +56,29 @@ std::string_view word(LogLevel level) {
     return "error: ";
 }
 
+/// A terminal acts on controls, those of C1 too, as two bytes of UTF-8 or as a stray one.
+bool mayStand(std::string_view letter) {
+    const auto first = static_cast<unsigned char>(letter[0]);
+    if (letter.size() == 1)
+        return first >= 0x20 && first < 0x7F;
+    return !(first == 0xC2 && static_cast<unsigned char>(letter[1]) < 0xA0);
+}
+
 void appendEscaped(std::string& line, std::string_view text) {
-    for (const char letter : text) {
-        const auto code = static_cast<unsigned char>(letter);
-        if (letter == '\n')
+    while (!text.empty()) {
+        if (line.size() >= longestLine) {
+            line += format("... (%zu more bytes)", text.size());
+            return;
+        }
+        const auto letter = text.substr(0, std::max<std::size_t>(utf8SequenceLength(text), 1));
+        text.remove_prefix(letter.size());
+        if (letter == "\n")
             line += "\\n";
-        else if (code < 0x20 || code == 0x7F)
-            line += format("\\x%02x", code);
-        else
+        else if (mayStand(letter))
             line += letter;
+        else
+            for (const char byte : letter)
+                line += format("\\x%02x", static_cast<unsigned>(static_cast<unsigned char>(byte)));
     }
 }
 

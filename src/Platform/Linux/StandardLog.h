@@ -8,7 +8,7 @@ namespace orvelle {
 
 /// The process's error stream: one line a message, written in one piece. Line ends and other
 /// control characters in a message are written as escapes, so that a message cannot pose as
-/// another. What nobody reads is lost.
+/// another, and long ones are cut. What nobody reads is lost.
 class StandardLog : public LogSink {
 public:
     /// `journal` begins each line with the priority that the system journal reads, such as "<6>".
