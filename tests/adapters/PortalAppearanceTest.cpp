@@ -107,6 +107,13 @@ TEST_F(PortalAppearanceTest, AnAnswerOfTheWrongTypeCountsAsNone) {
     EXPECT_TRUE(waitForAccent({0, 1, 0, 1}));
 }
 
+TEST_F(PortalAppearanceTest, AChangeThatArrivesBeforeTheAnswerIsHeard) {
+    startPortal(QStringLiteral("'purple'\nself.EmitSignal('org.freedesktop.portal.Settings', "
+                               "'SettingChanged', 'ssv', ['org.freedesktop.appearance', "
+                               "'accent-color', dbus.Struct((0.0, 1.0, 0.0), signature='ddd')])"));
+    EXPECT_TRUE(waitForAccent({0, 1, 0, 1}));
+}
+
 TEST_F(PortalAppearanceTest, APortalThatStartsLaterIsHeard) {
     appearance.controlAccentColor();
     loop.runPosted();

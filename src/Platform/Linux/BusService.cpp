@@ -3,8 +3,16 @@
 #include <QDBusPendingCallWatcher>
 
 #include <memory>
+#include <utility>
 
 namespace orvelle {
+
+namespace {
+
+/// Anybody may send them.
+constexpr std::size_t mostEarlySignals = 32;
+
+} // namespace
 
 Subscription withBus(RunLoop& runLoop, BusProvider bus,
                      std::function<void(QDBusConnection)> ready) {
@@ -57,6 +65,7 @@ void BusService::call(const QString& path, const QString& interface, const QStri
             if (reply.type() == QDBusMessage::ReplyMessage)
                 owner_ = reply.service();
             done(reply);
+            hearEarly();
         },
         timeout);
 }
@@ -67,14 +76,26 @@ void BusService::ownerChanged(const QDBusMessage& message) {
         return;
     ++generation_;
     owner_ = newOwner;
+    early_.clear();
     handlers_.forget();
     if (!newOwner.isEmpty())
         handlers_.ask();
 }
 
 void BusService::signalArrived(const QDBusMessage& message) {
-    if (!owner_.isEmpty() && message.service() == owner_)
+    if (message.service() == owner_)
         handlers_.hear(message);
+    else if (owner_.isEmpty()) {
+        early_.push_back(message);
+        if (early_.size() > mostEarlySignals)
+            early_.pop_front();
+    }
+}
+
+void BusService::hearEarly() {
+    if (!owner_.isEmpty())
+        for (const auto& signal : std::exchange(early_, {}))
+            signalArrived(signal);
 }
 
 } // namespace orvelle

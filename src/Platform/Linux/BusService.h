@@ -7,6 +7,7 @@
 #include <QDBusMessage>
 #include <QObject>
 
+#include <deque>
 #include <functional>
 #include <optional>
 
@@ -70,6 +71,7 @@ private Q_SLOTS:
 
 private:
     void attach(QDBusConnection connection);
+    void hearEarly();
 
     RunLoop& runLoop_;
     BusProvider bus_;
@@ -78,6 +80,8 @@ private:
     Handlers handlers_;
     std::optional<QDBusConnection> connection_;
     QString owner_; ///< the service's unique name; empty until it has answered or appeared
+    /// Signals from before the owner was known: an answer may come behind them.
+    std::deque<QDBusMessage> early_;
     int generation_ = 0;
     Subscription connecting_;
 };
