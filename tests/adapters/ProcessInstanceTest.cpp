@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <vector>
 
 namespace orvelle {
 namespace {
@@ -23,6 +24,15 @@ using Claim = ProcessInstance::Claim;
 struct ProcessInstanceTest : ::testing::Test {
     std::filesystem::path file(const char* name) const {
         return std::filesystem::path(runtime.path().toStdString()) / name;
+    }
+    /// Another program's connection to the instance.
+    int caller() const {
+        const int peer = socket(AF_UNIX, SOCK_STREAM, 0);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        file("orvelle.sock").native().copy(address.sun_path, sizeof address.sun_path - 1);
+        EXPECT_EQ(connect(peer, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        return peer;
     }
     QTemporaryDir runtime; ///< made for this user alone
     TemporaryVariable variable{"XDG_RUNTIME_DIR", runtime.path().toUtf8()};
@@ -103,17 +113,31 @@ TEST_F(ProcessInstanceTest, AnotherUsersFolderIsRefused) {
     EXPECT_EQ(ProcessInstance("orvelle").claim(), Claim::unavailable);
 }
 
+TEST_F(ProcessInstanceTest, SilentPeersDelayNobody) {
+    ProcessInstance first("orvelle");
+    ASSERT_EQ(first.claim(), Claim::first);
+    std::vector<int> peers;
+    for (int count = 0; count < 500; ++count)
+        peers.push_back(caller());
+    int shown = 0;
+    first.listen([&] { ++shown; });
+    EXPECT_EQ(ProcessInstance("orvelle").claim(), Claim::handedOver);
+    EXPECT_TRUE(waitUntil([&] { return shown == 1; }, std::chrono::seconds(1)));
+    // The last of them may still speak; the first had to go.
+    EXPECT_EQ(send(peers.back(), "show", 4, MSG_NOSIGNAL), 4);
+    EXPECT_TRUE(waitUntil([&] { return shown == 2; }));
+    EXPECT_EQ(send(peers.front(), "show", 4, MSG_NOSIGNAL), -1);
+    for (const int peer : peers)
+        close(peer);
+}
+
 TEST_F(ProcessInstanceTest, OtherWordsShowNothing) {
     ProcessInstance first("orvelle");
     ASSERT_EQ(first.claim(), Claim::first);
     int shown = 0;
     first.listen([&] { ++shown; });
 
-    const int stranger = socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    file("orvelle.sock").native().copy(address.sun_path, sizeof address.sun_path - 1);
-    ASSERT_EQ(connect(stranger, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    const int stranger = caller();
     ASSERT_EQ(send(stranger, "quit", 4, 0), 4);
     EXPECT_EQ(ProcessInstance("orvelle").claim(), Claim::handedOver);
     EXPECT_TRUE(waitUntil([&] { return shown > 0; })); // the stranger came before

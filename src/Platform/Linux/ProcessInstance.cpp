@@ -1,13 +1,14 @@
 #include "Platform/Linux/ProcessInstance.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
@@ -22,8 +23,8 @@ namespace {
 
 constexpr std::string_view request = "show";
 constexpr auto startingTime = std::chrono::seconds(2);
-/// Milliseconds between a peer's call and its word; the main thread waits for it.
-constexpr int answerTime = 10;
+/// So many may have called without a word; the oldest goes for the next.
+constexpr std::size_t mostSilentPeers = 16;
 constexpr auto retryInterval = std::chrono::milliseconds(20);
 
 bool isPrivate(const std::filesystem::path& folder) {
@@ -62,6 +63,10 @@ bool isOwnPeer(int socket) {
     return getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == getuid();
 }
 
+int socketOf(const std::unique_ptr<QSocketNotifier>& notifier) {
+    return static_cast<int>(notifier->socket());
+}
+
 } // namespace
 
 ProcessInstance::ProcessInstance(std::string name)
@@ -69,6 +74,11 @@ ProcessInstance::ProcessInstance(std::string name)
 
 ProcessInstance::~ProcessInstance() {
     notifier_.reset();
+    while (!silent_.empty()) {
+        const int peer = socketOf(silent_.front());
+        forget(peer);
+        close(peer);
+    }
     if (socket_ >= 0) {
         unlink((folder_ / (name_ + ".sock")).c_str());
         close(socket_);
@@ -145,15 +155,45 @@ void ProcessInstance::answer() {
     const int peer = accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
     if (peer < 0)
         return;
-    pollfd ready{peer, POLLIN, 0};
+    if (!isOwnPeer(peer))
+        close(peer);
+    else if (!heard(peer))
+        waitFor(peer);
+}
+
+/// Ends the talk once the peer has said something or gone; false when there is nothing yet.
+bool ProcessInstance::heard(int peer) {
     char text[request.size()];
-    const bool isRequest =
-        isOwnPeer(peer) && poll(&ready, 1, answerTime) == 1 &&
-        recv(peer, text, sizeof text, 0) == static_cast<ssize_t>(request.size()) &&
-        std::string_view(text, sizeof text) == request;
+    const auto length = recv(peer, text, sizeof text, 0);
+    if (length < 0 && (errno == EAGAIN || errno == EINTR))
+        return false;
     close(peer);
-    if (isRequest)
+    if (length == static_cast<ssize_t>(request.size()) &&
+        std::string_view(text, sizeof text) == request)
         show_();
+    return true;
+}
+
+void ProcessInstance::waitFor(int peer) {
+    auto notifier = std::make_unique<QSocketNotifier>(peer, QSocketNotifier::Read);
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(), [this, peer] {
+        forget(peer);
+        if (!heard(peer))
+            waitFor(peer);
+    });
+    silent_.push_back(std::move(notifier));
+    if (silent_.size() > mostSilentPeers) {
+        const int oldest = socketOf(silent_.front());
+        forget(oldest);
+        close(oldest);
+    }
+}
+
+void ProcessInstance::forget(int peer) {
+    const auto found = std::ranges::find(silent_, peer, socketOf);
+    (*found)->setEnabled(false);
+    found->release()->deleteLater(); // it may be telling right now
+    silent_.erase(found);
 }
 
 } // namespace orvelle

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QSocketNotifier>
 
+#include <deque>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -42,6 +43,9 @@ private:
     bool bind();
     bool handOver() const;
     void answer();
+    bool heard(int peer);
+    void waitFor(int peer);
+    void forget(int peer);
 
     std::string name_;
     std::filesystem::path folder_; ///< empty when there is none to trust
@@ -49,6 +53,8 @@ private:
     int socket_ = -1;
     std::function<void()> show_;
     std::unique_ptr<QSocketNotifier> notifier_;
+    /// Peers that have called and not spoken yet, the oldest first.
+    std::deque<std::unique_ptr<QSocketNotifier>> silent_;
 };
 
 } // namespace orvelle
