@@ -1,5 +1,6 @@
 #include "Features/Onboarding/OnboardingView.h"
 
+#include "Views/Qt/Values.h"
 #include "views/KeyboardWalk.h"
 #include "views/ViewFixture.h"
 

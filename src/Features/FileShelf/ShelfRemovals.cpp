@@ -64,9 +64,9 @@ void ShelfRemovals::noteWhatIsLeft() {
 
 ShelfRemovals::Names ShelfRemovals::notedNames() const {
     const auto contents = files_.read(notePath(folder_), largestNote);
-    auto names = decodeList<std::string>(contents.bytes,
-                                         [](const Json& element) { return element.string(); })
-                     .value_or(Names());
+    auto names = decodeList<std::string>(contents.bytes, [](const Json& element) {
+                     return element.string();
+                 }).value_or(Names());
     std::erase_if(names, [](const auto& name) { return !isOneName(name); });
     return names;
 }
@@ -93,15 +93,15 @@ Subscription ShelfRemovals::whenDone(std::function<void()> done) const {
 
 void ShelfRemovals::begin() {
     beingRemoved_ = std::exchange(due_, {});
-    underWay_ = std::make_shared<Errand<void>>([&files = files_, &copier = copier_,
-                                                folder = folder_, names = beingRemoved_,
-                                                isAbandoned = isAbandoned_] {
-        note(files, folder, names);
-        for (const auto& name : names)
-            copier.remove(folder + "/" + name);
-        if (!*isAbandoned)
-            copier.remove(notePath(folder));
-    });
+    underWay_ =
+        std::make_shared<Errand<void>>([&files = files_, &copier = copier_, folder = folder_,
+                                        names = beingRemoved_, isAbandoned = isAbandoned_] {
+            note(files, folder, names);
+            for (const auto& name : names)
+                copier.remove(folder + "/" + name);
+            if (!*isAbandoned)
+                copier.remove(notePath(folder));
+        });
     isWorking_ = true;
     completion_ =
         runLoop_.detachSaving([errand = underWay_] { errand->run(); }, [this] { finished(); });

@@ -145,7 +145,8 @@ void LinuxWorkspace::launch(const std::string& bundleIdentifier) {
     RunningPrograms::Wanted wanted{program.identifiers, program.identifiers};
     if (auto name = desktopEntryTraits(program.entry.toStdString()).windowClass; !name.empty())
         wanted.windowNames.push_back(std::move(name));
-    running_->bringToFront(wanted, lifetime_.guard([this, program] { launchUnlessRunning(program); }));
+    running_->bringToFront(wanted,
+                           lifetime_.guard([this, program] { launchUnlessRunning(program); }));
 }
 
 void LinuxWorkspace::launchUnlessRunning(const Program& program) {
