@@ -35,7 +35,7 @@ protected:
         int count = 0;
         for (int y = 0; y < picture.height(); ++y)
             for (int x = 0; x < picture.width(); ++x)
-                count += picture.pixelColor(x, y) == color;
+                count += picture.pixel(x, y) == color.rgb();
         return count;
     }
 

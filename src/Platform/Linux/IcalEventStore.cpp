@@ -1,6 +1,7 @@
 #include "Platform/Linux/IcalEventStore.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 #include <optional>
 #include <set>
@@ -18,7 +19,8 @@ struct IcalEventStore::Place {
     bool isLookDue = true;
     bool isReadDue = true;
     bool isBusy = false;
-    bool isGone = false; ///< the settings name it no longer
+    std::uint64_t turn = 0; ///< when it was last begun with
+    bool isGone = false;    ///< the settings name it no longer
     Timer readTimer;
     Subscription job;
 };
@@ -130,11 +132,18 @@ void IcalEventStore::readAll() {
 }
 
 void IcalEventStore::work() {
-    const auto places = places_;
-    for (const auto& place : places)
-        if (jobs_ < jobsAtOnce && !place->isBusy &&
-            (place->isLookDue || (place->isReadDue && isObserved_)))
-            begin(place);
+    while (jobs_ < jobsAtOnce) {
+        // The one that has waited longest, so that questions in quick succession starve none.
+        std::shared_ptr<Place> next;
+        for (const auto& place : places_) {
+            const bool isDue = place->isLookDue || (place->isReadDue && isObserved_);
+            if (isDue && !place->isBusy && (!next || place->turn < next->turn))
+                next = place;
+        }
+        if (!next)
+            return;
+        begin(next);
+    }
 }
 
 void IcalEventStore::begin(const std::shared_ptr<Place>& place) {
@@ -142,6 +151,7 @@ void IcalEventStore::begin(const std::shared_ptr<Place>& place) {
     place->isLookDue = false;
     place->isReadDue = place->isReadDue && !reads;
     place->isBusy = true;
+    place->turn = ++turns_;
     ++jobs_;
     if (reads && !place->watch)
         place->watch = std::make_unique<FolderWatch>([this, seen = place.get()] {

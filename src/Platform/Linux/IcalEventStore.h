@@ -8,6 +8,7 @@
 #include "Platform/RunLoop.h"
 #include "Platform/UserDefaults.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -63,6 +64,7 @@ private:
     std::string furtherFolders_;
     std::vector<std::shared_ptr<Place>> places_;
     int jobs_ = 0; ///< under way
+    std::uint64_t turns_ = 0;
     bool isObserved_ = false;
     EventAuthorizationStatus status_ = EventAuthorizationStatus::notDetermined;
     std::vector<StoredEvent> events_;
