@@ -18,6 +18,7 @@ def describe(node):
     return {
         "role": node.get_role_name(),
         "name": node.get_name(),
+        "active": states.contains(Atspi.StateType.ACTIVE),
         "enabled": states.contains(Atspi.StateType.ENABLED),
         "focusable": states.contains(Atspi.StateType.FOCUSABLE),
         "focused": states.contains(Atspi.StateType.FOCUSED),

@@ -94,11 +94,17 @@ def leave_and_return(desktop, window, meanwhile):
     desktop.move_pointer(140, 775)
     desktop.click()
     wait_until(lambda: desktop.active_window() == other.id, "other program in front")
+
+    def is_active():
+        return any(node["role"] == "frame" and node["active"] for node in accessible_nodes(desktop))
+
+    # The toolkit takes its time to believe that the keyboard is gone.
+    wait_until(lambda: not is_active(), "end of the window's activity")
     meanwhile()
     left, top, _, _ = desktop.geometry(window)
     desktop.move_pointer(left + 4, top + 4)
     desktop.click()
-    wait_until(lambda: desktop.active_window() == window.id, "window in front again")
+    wait_until(is_active, "window in front again")
 
 
 def settings_windows(desktop):
