@@ -1,92 +1,86 @@
 #pragma once
 
+#include "Core/ListSaving.h"
 #include "Core/StoredList.h"
-#include "Foundation/Errand.h"
-#include "Platform/FileSystem.h"
-#include "Platform/Platform.h"
 
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace orvelle {
 
-class RunLoop;
+/// How the records of a list look in its file.
+template <class Record>
+struct ListCoding {
+    std::function<std::optional<Record>(const Json&)> decode;
+    std::function<Json(const Record&)> encode;
+    /// The member that tells records apart, also those that another program has written; empty when
+    /// a record is what it is by its whole value.
+    std::string identifier;
+};
 
 /// The file of one list in the "Orvelle" folder: a JSON array, replaced as a whole and durably by
 /// each save.
 ///
 /// Loading reads on the spot. Saving happens in the background, one save at a time and in order; a
 /// list that another has overtaken before its turn is not written. Main thread only.
-class ListFile {
+template <class Record>
+class ListFile : public ListSaving {
 public:
-    /// Larger files are neither read nor written.
-    static constexpr std::size_t maximumSize = 64 << 20;
-
-    template <class Record>
+    using Records = std::vector<Record>;
     struct Loading {
-        std::vector<Record> records;
+        Records records;
         std::string problem; ///< why the file is of no use; empty otherwise, without a file too
     };
+    struct Events {
+        /// The list with what another program has changed in the file; it is saved already.
+        std::function<void(Records)> merged;
+        /// For the log, once for each reason; the list in memory is ahead of the file until a later
+        /// save.
+        std::function<void(const std::string& reason)> savingFailed;
+    };
 
-    /// `name` is relative to the "Orvelle" folder. `savingFailed` gets the reason, for the log; the
-    /// list in memory is then ahead of the file until a later save.
-    ListFile(Platform& platform, std::string_view name,
-             std::function<void(const std::string& reason)> savingFailed);
-    ListFile(const ListFile&) = delete;
-    ListFile& operator=(const ListFile&) = delete;
-    /// Saves on the spot what is not saved yet; waits for a save under way for a second at most.
-    ~ListFile();
+    /// `name` is relative to the "Orvelle" folder.
+    ListFile(Platform& platform, std::string_view name, ListCoding<Record> coding, Events events)
+        : ListSaving(platform, name, coding.identifier,
+                     [coding](std::string_view bytes) { return canonical(coding, bytes); },
+                     {[coding, merged = std::move(events.merged)](const Json::Array& list) {
+                          merged(recordsOf(coding, list));
+                      },
+                      std::move(events.savingFailed)}),
+          coding_(std::move(coding)) {}
 
-    const std::string& path() const { return path_; }
-
-    /// `decode` gives none for an element that is no such record, and then the whole file is of no
-    /// use. It stays until the next save, which keeps it aside under the suffix ".corrupt".
-    template <class Record, class Decode>
-    Loading<Record> load(Decode decode) {
-        const auto contents = fileSystem_.read(path_, maximumSize);
-        if (contents.failure) {
-            problem_ = describe(*contents.failure);
-        } else if (auto records = decodeList<Record>(contents.bytes, decode)) {
-            return {*std::move(records), {}};
-        } else {
-            problem_ = "it is no JSON array of such items";
-        }
-        return {{}, problem_};
+    /// An element that is no such record makes the whole file useless. It stays until the next
+    /// save, which keeps it aside.
+    Loading load() {
+        auto loading = ListSaving::load();
+        return {recordsOf(coding_, loading.records), std::move(loading.problem)};
     }
 
-    /// `encode` runs in the background.
-    template <class Record, class Encode>
-    void save(std::vector<Record> records, Encode encode) {
-        save([records = std::move(records), encode] { return encodeList(records, encode); });
+    void save(Records records) {
+        ListSaving::save([shared = std::make_shared<const Records>(std::move(records)),
+                          encode = coding_.encode] { return encodeArray(*shared, encode); });
     }
 
 private:
-    using Encoding = std::function<std::string()>;
-    struct Outcome {
-        std::string failure;    ///< empty when the list is on the disk
-        bool isWayFree = false; ///< no file without use stands there any more
-    };
+    static std::optional<Json::Array> canonical(const ListCoding<Record>& coding,
+                                                std::string_view bytes) {
+        const auto records = decodeList<Record>(bytes, coding.decode);
+        return records ? std::optional(encodeArray(*records, coding.encode)) : std::nullopt;
+    }
+    static Records recordsOf(const ListCoding<Record>& coding, const Json::Array& list) {
+        Records records;
+        for (const auto& element : list)
+            if (auto record = coding.decode(element))
+                records.push_back(*std::move(record));
+        return records;
+    }
 
-    static std::string describe(FileSystem::ReadFailure failure);
-    void save(Encoding encoding);
-    void begin();
-    /// In the background.
-    static Outcome write(FileSystem& files, const std::string& path, const Encoding& encoding,
-                         bool mustMakeWay);
-    void adoptOutcome();
-
-    FileSystem& fileSystem_;
-    RunLoop& runLoop_;
-    std::string path_;
-    std::function<void(const std::string&)> savingFailed_;
-    std::string problem_; ///< of the file that stands there; empty when it may be replaced
-    Encoding due_;        ///< the list to save next, if any
-    std::shared_ptr<Errand<Outcome>> underWay_;
-    Subscription completion_;
+    ListCoding<Record> coding_;
 };
 
 } // namespace orvelle

@@ -30,11 +30,16 @@ std::optional<std::vector<Record>> decodeList(std::string_view bytes, Decode dec
 }
 
 template <class Record, class Encode>
-std::string encodeList(const std::vector<Record>& records, Encode encode) {
+Json::Array encodeArray(const std::vector<Record>& records, Encode encode) {
     Json::Array array;
     for (const auto& record : records)
         array.push_back(encode(record));
-    return Json(std::move(array)).text();
+    return array;
+}
+
+template <class Record, class Encode>
+std::string encodeList(const std::vector<Record>& records, Encode encode) {
+    return Json(encodeArray(records, encode)).text();
 }
 
 /// A list of records that a setting holds as the bytes of a JSON array.

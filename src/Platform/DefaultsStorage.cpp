@@ -1,6 +1,7 @@
 #include "Platform/DefaultsStorage.h"
 
 #include "Platform/DefaultsCoding.h"
+#include "Platform/KeptAside.h"
 
 namespace orvelle {
 
@@ -23,9 +24,12 @@ std::string DefaultsStorage::path(const FileSystem& fileSystem) {
 
 DefaultsStorage::Outcome DefaultsStorage::open() const {
     Outcome outcome;
+    fileSystem_->clearRests(path_);
     auto reading = readFile();
-    if (!reading.problem.empty())
-        makeWay(reading, outcome.troubles);
+    if (reading.content == Reading::Content::unknown) // perhaps only now
+        outcome.troubles.push_back(path_ + " " + reading.problem);
+    else if (!reading.problem.empty())
+        (void)makeWay(reading, outcome.troubles); // it tells; the first save tries again
     outcome.document = std::move(reading.document);
     return outcome;
 }
@@ -48,16 +52,23 @@ DefaultsStorage::Outcome DefaultsStorage::save(const DefaultsCopy& own, Seconds 
     if (!held && insist == Insist::no)
         return outcome;
     const auto reading = readFile();
-    if (!reading.problem.empty() && (insist == Insist::no || !makeWay(reading, outcome.troubles)))
-        return outcome; // an editor may be in the middle of writing
+    if (!reading.problem.empty()) {
+        if (insist == Insist::no)
+            return outcome; // an editor may be in the middle of writing
+        outcome.failure = makeWay(reading, outcome.troubles).failure();
+        if (outcome.failure)
+            return outcome;
+    }
 
     outcome.result = Result::refused;
     auto merged = own.over(reading.document.value_or(own.document));
     if (merged != reading.document) {
         const auto text = defaultsFileText(merged);
-        if (text.size() > maximumSize || !fileSystem_->write(path_, text)) {
-            outcome.troubles.push_back(path_ +
-                                       " cannot be written; settings are kept for this run only");
+        const auto written = text.size() > maximumSize ? WriteOutcome(WriteFailure::tooLarge)
+                                                       : fileSystem_->write(path_, text);
+        outcome.failure = written.failure();
+        if (outcome.failure) {
+            outcome.troubles.push_back(path_ + " cannot be written: " + describe(*outcome.failure));
             return outcome;
         }
     }
@@ -94,11 +105,11 @@ DefaultsStorage::Reading DefaultsStorage::readFile() const {
         case FileSystem::ReadFailure::tooLarge:
             return {{}, "is larger than 4 MB"};
         case FileSystem::ReadFailure::unreadable:
-            return {{}, "cannot be read"};
+            return {{}, "cannot be read", Reading::Content::unknown};
         }
     }
     if (contents.bytes.empty())
-        return {{}, "is empty", false};
+        return {{}, "is empty", Reading::Content::none};
     const auto json = Json::parse(contents.bytes);
     const auto* members = json ? json->object() : nullptr;
     if (!members)
@@ -106,17 +117,18 @@ DefaultsStorage::Reading DefaultsStorage::readFile() const {
     return {*members, {}};
 }
 
-bool DefaultsStorage::makeWay(const Reading& unusable, std::vector<std::string>& troubles) const {
+WriteOutcome DefaultsStorage::makeWay(const Reading& unusable,
+                                      std::vector<std::string>& troubles) const {
     const auto trouble = path_ + " " + unusable.problem;
-    if (!unusable.hasContent) {
+    if (unusable.content == Reading::Content::none) {
         troubles.push_back(trouble);
-        return true;
+        return {};
     }
-    const bool moved = fileSystem_->move(path_, path_ + ".corrupt");
-    troubles.push_back(trouble +
-                       (moved ? "; it is kept as defaults.json.corrupt"
-                              : " and cannot be put aside; settings are kept for this run only"));
-    return moved;
+    const auto kept = keepAside(*fileSystem_, path_);
+    troubles.push_back(trouble + (kept.outcome ? "; it is kept as " + kept.name
+                                               : " and cannot be put aside: " +
+                                                     describe(*kept.outcome.failure())));
+    return kept.outcome;
 }
 
 } // namespace orvelle

@@ -50,6 +50,8 @@ public:
         std::optional<Json::Object> document;
         /// The changes that are on the disk now.
         DefaultsCopy::Changes saved;
+        /// Why the disk refused; only with `Result::refused`.
+        std::optional<WriteFailure> failure;
         /// For the log, each a sentence about the file.
         std::vector<std::string> troubles;
     };
@@ -59,7 +61,8 @@ public:
     static std::string path(const FileSystem& fileSystem);
     const std::string& path() const { return path_; }
 
-    /// The first reading: a file that is of no use is put aside as "defaults.json.corrupt".
+    /// The first reading: a file whose content is of no use is put aside, see `keepAside`, and
+    /// what killed writers left is cleared.
     Outcome open() const;
     /// A file that is of no use stays where it is.
     Outcome read() const;
@@ -73,13 +76,13 @@ private:
         std::optional<Json::Object> document;
         /// Why the file is of no use; empty otherwise.
         std::string problem;
-        bool hasContent = true;
+        enum class Content { some, none, unknown } content = Content::some;
     };
 
     Subscription lock(Seconds patience) const;
     Reading readFile() const;
-    /// Puts a file without use aside; false when it stays in the way.
-    bool makeWay(const Reading& unusable, std::vector<std::string>& troubles) const;
+    /// Puts a file without use aside.
+    WriteOutcome makeWay(const Reading& unusable, std::vector<std::string>& troubles) const;
 
     FileSystem* fileSystem_;
     std::string path_;

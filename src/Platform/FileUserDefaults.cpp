@@ -14,12 +14,13 @@ constexpr Seconds insistentPatience = 0.5;
 } // namespace
 
 FileUserDefaults::FileUserDefaults(FileSystem& fileSystem, RunLoop& runLoop, FileWatch& watch,
-                                   LogSink& log)
-    : runLoop_(runLoop), outsideChanges_(watch.watch(DefaultsStorage::path(fileSystem),
-                                                     [this] {
-                                                         isReadingDue_ = true;
-                                                         proceed();
-                                                     })),
+                                   LogSink& log, UnsavedChanges& unsaved)
+    : runLoop_(runLoop), unsaved_(unsaved),
+      outsideChanges_(watch.watch(DefaultsStorage::path(fileSystem),
+                                  [this] {
+                                      isReadingDue_ = true;
+                                      proceed();
+                                  })),
       file_(fileSystem, log) {}
 
 FileUserDefaults::~FileUserDefaults() {
@@ -63,10 +64,12 @@ void FileUserDefaults::flush() {
         adoptOutcome();
     }
     saveTimer_.reset();
+    retryTimer_.reset();
     isSavingDue_ = false;
     isReadingDue_ = false; // saving reads
     busyCount_ = 0;
-    file_.save(shutdownPatience);
+    if (file_.save(shutdownPatience))
+        noteSaved();
 }
 
 void FileUserDefaults::scheduleSave() {
@@ -109,13 +112,33 @@ void FileUserDefaults::finish() {
 bool FileUserDefaults::adoptOutcome() {
     completion_.reset();
     auto outcome = std::exchange(underWay_, nullptr)->take();
-    if (outcome.result == DefaultsStorage::Result::busy) {
-        ++busyCount_;
+    using Result = DefaultsStorage::Result;
+    const auto result = outcome.result;
+    const auto failure = outcome.failure.value_or(WriteFailure::broken);
+    const bool isDifferent = file_.adopt(std::move(outcome));
+    if (result != Result::read)
+        busyCount_ = result == Result::busy ? busyCount_ + 1 : 0;
+    if (result == Result::busy)
         scheduleSave();
-    } else if (outcome.result != DefaultsStorage::Result::read) {
-        busyCount_ = 0;
-    }
-    return file_.adopt(std::move(outcome));
+    else if (result == Result::refused)
+        noteRefusal(failure);
+    else if (result == Result::saved)
+        noteSaved();
+    return isDifferent;
+}
+
+void FileUserDefaults::noteRefusal(WriteFailure failure) {
+    unsaved_.report(file_.storage().path(), failure);
+    retryTimer_ = runLoop_.after(retryPause_.next(), [this] {
+        isSavingDue_ = true;
+        proceed();
+    });
+}
+
+void FileUserDefaults::noteSaved() {
+    retryTimer_.reset();
+    retryPause_ = {};
+    unsaved_.clear(file_.storage().path());
 }
 
 } // namespace orvelle

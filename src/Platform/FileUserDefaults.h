@@ -4,12 +4,14 @@
 #include "Foundation/Published.h"
 #include "Platform/DefaultsFile.h"
 #include "Platform/FileWatch.h"
+#include "Platform/RetryPause.h"
 #include "Platform/RunLoop.h"
+#include "Platform/UnsavedChanges.h"
 
 namespace orvelle {
 
 /// The settings in a file that other processes and editors may change at any time. Changes of one
-/// moment are saved together.
+/// moment are saved together; what the disk refuses stays due and is tried again.
 ///
 /// The values live on the main thread. The disk is worked on in the background, one operation at a
 /// time, with a copy of the settings; what comes out is adopted on the main thread.
@@ -19,7 +21,8 @@ public:
     static constexpr Seconds saveDelay = 0.05;
 
     /// Reads the file on the spot. File system and log must outlive the run loop's background work.
-    FileUserDefaults(FileSystem& fileSystem, RunLoop& runLoop, FileWatch& watch, LogSink& log);
+    FileUserDefaults(FileSystem& fileSystem, RunLoop& runLoop, FileWatch& watch, LogSink& log,
+                     UnsavedChanges& unsaved);
     FileUserDefaults(const FileUserDefaults&) = delete;
     FileUserDefaults& operator=(const FileUserDefaults&) = delete;
     ~FileUserDefaults() override;
@@ -45,11 +48,17 @@ private:
     void finish();
     bool adoptOutcome();
 
+    void noteRefusal(WriteFailure failure);
+    void noteSaved();
+
     RunLoop& runLoop_;
+    UnsavedChanges& unsaved_;
     Subscription outsideChanges_; ///< begins before the first reading, so that none is missed
     DefaultsFile file_;
     Event<> changed_;
     Timer saveTimer_;
+    Timer retryTimer_; ///< of a save that the disk refused
+    RetryPause retryPause_;
     bool isReadingDue_ = false;
     bool isSavingDue_ = false;
     int busyCount_ = 0;

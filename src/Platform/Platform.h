@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/UnsavedChanges.h"
+
 namespace orvelle {
 
 class Appearance;
@@ -13,7 +15,6 @@ class EventMonitors;
 class EventStore;
 class FileCopier;
 class FileIcons;
-class FileSystem;
 class FileViewer;
 class Formatting;
 class FrontmostApplication;
@@ -88,10 +89,16 @@ public:
     virtual UserNotifications& userNotifications() = 0;
     virtual Workspace& workspace() = 0;
 
+    /// The same on every machine: whoever saves tells it what the disk refuses.
+    UnsavedChanges& unsavedChanges() { return unsavedChanges_; }
+
     /// The process's platform, which constructors take when they are given none. The composition
     /// root sets it before it builds anything; using it earlier is a programming error and aborts.
     static Platform& shared();
     static void setShared(Platform* platform);
+
+private:
+    UnsavedChanges unsavedChanges_;
 };
 
 } // namespace orvelle

@@ -26,7 +26,7 @@ public:
     /// Ascending.
     virtual std::vector<std::string> keys() const = 0;
     /// Kept in memory at once, and on disk soon after. A write that the disk refuses is logged and
-    /// tried again at the next one; the value holds for this run.
+    /// tried again, at the next one and from time to time.
     virtual void set(std::string_view key, DefaultsValue value) = 0;
     virtual void remove(std::string_view key) = 0;
 

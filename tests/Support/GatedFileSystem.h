@@ -17,7 +17,7 @@ public:
         reading.pass();
         return SimulatedFileSystem::read(path, limit);
     }
-    bool write(const std::string& path, std::string_view bytes) override {
+    WriteOutcome write(const std::string& path, std::string_view bytes) override {
         writing.pass();
         return SimulatedFileSystem::write(path, bytes);
     }

@@ -141,8 +141,9 @@ TEST_F(InotifyFileWatchTest, SettingsOfTwoProcessesMeetInTheFile) {
     PosixFileSystem files;
     SimulatedRunLoop runLoop;
     SimulatedLog log;
-    FileUserDefaults one(files, runLoop, watch, log);
-    FileUserDefaults two(files, runLoop, watch, log);
+    UnsavedChanges unsaved;
+    FileUserDefaults one(files, runLoop, watch, log, unsaved);
+    FileUserDefaults two(files, runLoop, watch, log, unsaved);
     const auto subscription = two.observeChanges([this] { ++changes; });
     one.set("a", 5.0);
     one.flush();

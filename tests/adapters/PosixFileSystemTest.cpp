@@ -1,5 +1,6 @@
 #include "Platform/Linux/PosixFileSystem.h"
 
+#include "Support/OrdinaryUser.h"
 #include "Support/TemporaryFolder.h"
 #include "Support/TemporaryVariable.h"
 
@@ -10,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <csignal>
 #include <thread>
 
@@ -148,12 +150,12 @@ TEST_F(PosixFileSystemTest, ReadOnlyFileIsRespected) {
 }
 
 TEST_F(PosixFileSystemTest, ReadOnlyFolderRefusesWritesAndMoves) {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "the superuser may write to every folder";
     writeFile(folder / "file", "old");
+    const OrdinaryUser user(folder.path());
     ASSERT_EQ(chmod(folder.path().c_str(), 0500), 0);
-    EXPECT_FALSE(files.write(folder / "file", "new"));
-    EXPECT_FALSE(files.move(folder / "file", folder / "other"));
+    EXPECT_EQ(files.write(folder / "file", "new").failure(), WriteFailure::denied);
+    EXPECT_EQ(files.move(folder / "file", folder / "other").failure(), WriteFailure::denied);
+    EXPECT_EQ(files.remove(folder / "file").failure(), WriteFailure::denied);
     EXPECT_EQ(fileBytes(folder / "file"), "old");
     chmod(folder.path().c_str(), 0700);
 }
@@ -196,6 +198,66 @@ TEST_F(PosixFileSystemTest, MoveReplacesItsGoal) {
     EXPECT_EQ(fileBytes(folder / "to"), "new");
     EXPECT_FALSE(files.move(folder / "from", folder / "to"));
     EXPECT_EQ(fileBytes(folder / "to"), "new");
+}
+
+TEST_F(PosixFileSystemTest, WhatKilledWritesLeftIsCleared) {
+    folder.write(".file.AbC123", "half");
+    folder.write(".file.AbC1234", "another's");
+    folder.write(".other.AbC123", "another's");
+    folder.write("file", "whole");
+    files.clearRests(folder / "file");
+    EXPECT_EQ(files.names(folder.path()),
+              (std::vector<std::string>{".file.AbC1234", ".other.AbC123", "file"}));
+}
+
+TEST_F(PosixFileSystemTest, RestsBesideTheTargetOfALinkAreClearedToo) {
+    folder.write("elsewhere/file", "whole");
+    folder.write("elsewhere/.file.AbC123", "half");
+    std::filesystem::create_symlink("elsewhere/file", folder / "link");
+    files.clearRests(folder / "link");
+    EXPECT_EQ(files.names(folder / "elsewhere"), std::vector<std::string>{"file"});
+}
+
+TEST_F(PosixFileSystemTest, AFileThatIsBeingWrittenIsNoRest) {
+    std::atomic<bool> isOver = false;
+    std::thread clearing([&] {
+        PosixFileSystem other;
+        while (!isOver)
+            other.clearRests(folder / "file");
+    });
+    int refused = 0;
+    for (int count = 0; count < 300; ++count)
+        refused += files.write(folder / "file", std::string(1000, 'x')) ? 0 : 1;
+    isOver = true;
+    clearing.join();
+    EXPECT_EQ(refused, 0);
+    EXPECT_EQ(entryCount(), 1u);
+}
+
+TEST_F(PosixFileSystemTest, EachRefusalHasItsReason) {
+    folder.write("folder/file", "");
+    EXPECT_EQ(files.write(folder / "folder", "text").failure(), WriteFailure::obstructed);
+    EXPECT_EQ(files.write(folder / "folder/file/below", "text").failure(),
+              WriteFailure::obstructed);
+    EXPECT_EQ(files.write("/proc/version", "text").failure(), WriteFailure::denied);
+    const FullDisk full(10);
+    EXPECT_EQ(files.write(folder / "file", std::string(100, 'x')).failure(),
+              WriteFailure::tooLarge);
+}
+
+TEST_F(PosixFileSystemTest, RemovedFilesAreGone) {
+    folder.write("file", "text");
+    EXPECT_TRUE(files.remove(folder / "file"));
+    EXPECT_TRUE(files.remove(folder / "file"));
+    EXPECT_EQ(entryCount(), 0u);
+}
+
+TEST_F(PosixFileSystemTest, AnotherUsersFolderRefusesWrites) {
+    const OrdinaryUser user(folder.path());
+    EXPECT_EQ(files.write("/etc/orvelle-test", "text").failure(), WriteFailure::denied);
+    EXPECT_EQ(files.write("/etc/orvelle-test/deeper", "text").failure(), WriteFailure::denied);
+    EXPECT_FALSE(files.lock("/etc/orvelle-test", 0));
+    EXPECT_TRUE(files.write(folder / "file", "text")) << "but not the own one";
 }
 
 TEST_F(PosixFileSystemTest, LockIsHeldByOneAtATime) {

@@ -13,7 +13,7 @@ class SlowDisk : public testing::Test {
 protected:
     SlowDisk() {
         fileSystem.files[settingsPath] = R"({"a": 1})";
-        defaults = std::make_unique<FileUserDefaults>(fileSystem, runLoop, watch, log);
+        defaults = std::make_unique<FileUserDefaults>(fileSystem, runLoop, watch, log, unsaved);
     }
     /// Whether the main thread serves its timers and the settings while a thread stands at `gate`.
     bool mainThreadGoesOn(const Gate& gate) {
@@ -29,6 +29,7 @@ protected:
     GatedFileSystem fileSystem;
     SimulatedFileWatch watch;
     SimulatedLog log;
+    UnsavedChanges unsaved;
     QtRunLoop runLoop;
     std::unique_ptr<FileUserDefaults> defaults;
 };

@@ -64,7 +64,8 @@ TEST_F(XdgLoginItemTest, AFolderThatCannotBeWrittenIsToldInOneLine) {
     ASSERT_EQ(log.lines.size(), 1u);
     EXPECT_EQ(log.lines.front().level, LogLevel::error);
     EXPECT_EQ(log.lines.front().message,
-              path + " cannot be written; the program will not start at login");
+              path + " cannot be written: something else is in the file's place; the program will "
+                     "not start at login");
 }
 
 TEST_F(XdgLoginItemTest, AnEntryThatCannotBeRemovedIsToldInOneLine) {

@@ -300,7 +300,7 @@ def test_a_file_of_no_use_is_told_and_kept_aside(start_stocks, openbox, environm
     openbox.type("ko")
     openbox.keys("Return")
     folder = pathlib.Path(environment["XDG_DATA_HOME"]) / "Orvelle"
-    aside = folder / "stock_tickers.json.corrupt"
+    aside = folder / "stock_tickers.json.corrupt.1"
     wait_until(aside.exists, "file aside", program.describe)
     assert aside.read_text() == "[{\"id\":"
 

@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     DefaultsFile first(files, log);
     if (log.lines.size() > 1)
         std::abort();
-    if (size > 0 && files.files[path].empty() && files.files[path + ".corrupt"] != text)
+    if (size > 0 && files.files[path].empty() && files.files[path + ".corrupt.1"] != text)
         std::abort();
     first.set("own", true);
     if (!first.save(0))

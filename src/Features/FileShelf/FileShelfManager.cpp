@@ -53,9 +53,11 @@ FileShelfManager::FileShelfManager(Platform& platform)
                        folderName),
       metadataURL(storageDirectory + "/" + std::string(metadataName)), platform_(platform),
       metadata_(platform, std::string(folderName) + "/" + std::string(metadataName),
-                [&console = platform.console()](const std::string& reason) {
-                    console.print("FileShelfManager: Failed to save metadata: " + reason);
-                }),
+                {shelfItemMetadataFrom, jsonOf, "urlPath"},
+                {[this](const auto& entries) { adoptMerged(entries); },
+                 [&console = platform.console()](const std::string& reason) {
+                     console.print("FileShelfManager: Failed to save metadata: " + reason);
+                 }}),
       removals_(platform, storageDirectory) {
     platform.fileCopier().makeFolder(storageDirectory);
     loadMetadata();
@@ -180,21 +182,40 @@ std::optional<std::string> FileShelfManager::shelfPath(std::string_view path) co
 }
 
 void FileShelfManager::loadMetadata() {
-    std::vector<ShelfItem> loaded;
-    for (const auto& entry : metadata_.load<ShelfItemMetadata>(shelfItemMetadataFrom).records) {
+    items = itemsOf(metadata_.load().records);
+}
+
+std::vector<ShelfItem>
+FileShelfManager::itemsOf(const std::vector<ShelfItemMetadata>& entries) const {
+    std::vector<ShelfItem> found;
+    for (const auto& entry : entries) {
         const auto path = shelfPath(entry.urlPath);
         if (path && platform_.fileCopier().info(*path) &&
             !removals_.isPending(FileURL::lastPathComponent(*path)))
-            loaded.emplace_back(FileURL::ofPath(*path), retentionHours, platform_);
+            found.emplace_back(FileURL::ofPath(*path), retentionHours, platform_);
     }
-    items = std::move(loaded);
+    return found;
+}
+
+/// What is listed already stays the item that it is.
+void FileShelfManager::adoptMerged(const std::vector<ShelfItemMetadata>& entries) {
+    auto known = items.get();
+    auto merged = itemsOf(entries);
+    for (auto& item : merged) {
+        const auto same = std::ranges::find(known, item.url, &ShelfItem::url);
+        if (same == known.end())
+            continue;
+        item = *same;
+        known.erase(same);
+    }
+    items = std::move(merged);
 }
 
 void FileShelfManager::saveMetadata() {
     std::vector<ShelfItemMetadata> entries;
     for (const auto& item : items.get())
         entries.push_back({FileURL::path(item.url).value_or(""), item.addedAt, item.expiresAt});
-    metadata_.save(std::move(entries), jsonOf);
+    metadata_.save(std::move(entries));
 }
 
 } // namespace orvelle

@@ -2,6 +2,7 @@
 
 #include "Core/ListFile.h"
 #include "Core/TaskQueue.h"
+#include "Features/FileShelf/ShelfItemMetadata.h"
 #include "Features/FileShelf/ShelfRemovals.h"
 #include "Models/ShelfItem.h"
 #include "Platform/Platform.h"
@@ -62,10 +63,12 @@ private:
     std::optional<std::string> shelfPath(std::string_view path) const;
     void reportFailure(const std::string& reason) const;
     void loadMetadata();
+    std::vector<ShelfItem> itemsOf(const std::vector<ShelfItemMetadata>& entries) const;
+    void adoptMerged(const std::vector<ShelfItemMetadata>& entries);
     void saveMetadata();
 
     Platform& platform_;
-    ListFile metadata_;
+    ListFile<ShelfItemMetadata> metadata_;
     ShelfRemovals removals_;
     TaskQueue copies_;
 };

@@ -21,8 +21,9 @@ std::string notePath(const std::string& folder) {
 }
 
 void note(FileSystem& files, const std::string& folder, const std::vector<std::string>& names) {
-    files.write(notePath(folder),
-                encodeList(names, [](const std::string& name) { return Json(name); }));
+    // Without a note a crash leaves the file in the folder, and no more.
+    (void)files.write(notePath(folder),
+                      encodeList(names, [](const std::string& name) { return Json(name); }));
 }
 
 bool isOneName(const std::string& name) {

@@ -9,9 +9,11 @@ namespace orvelle {
 NotesManager::NotesManager(Platform& platform)
     : FeatureModule("notes", "Notes", std::string("note.text"_symbol)), platform_(platform),
       log_(platform.log(), "NotesManager"),
-      file_(platform, "note_items.json", [this](const std::string& reason) {
-          log_.error("Failed to save note items: " + reason);
-      }) {
+      file_(platform, "note_items.json", {&NoteItem::fromJson, &NoteItem::json, "id"},
+            {[this](std::vector<NoteItem> merged) { items = std::move(merged); },
+             [this](const std::string& reason) {
+                 log_.error("Failed to save note items: " + reason);
+             }}) {
     loadItems();
 }
 
@@ -39,7 +41,7 @@ void NotesManager::clear() {
 }
 
 void NotesManager::loadItems() {
-    auto loading = file_.load<NoteItem>(&NoteItem::fromJson);
+    auto loading = file_.load();
     if (!loading.problem.empty())
         log_.error("Failed to load note items: " + loading.problem);
     else
@@ -47,7 +49,7 @@ void NotesManager::loadItems() {
 }
 
 void NotesManager::saveItems() {
-    file_.save(items.get(), [](const NoteItem& item) { return item.json(); });
+    file_.save(items.get());
 }
 
 } // namespace orvelle

@@ -32,7 +32,7 @@ private:
 
     Platform& platform_;
     Logger log_;
-    ListFile file_;
+    ListFile<NoteItem> file_;
 };
 
 } // namespace orvelle

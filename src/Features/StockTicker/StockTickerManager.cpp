@@ -28,9 +28,11 @@ StockTickerManager::StockTickerManager(Platform& platform)
                             refreshTimer.reset();
                     }),
       platform_(platform), log_(platform.log(), "StockTickerManager"),
-      file_(platform, "stock_tickers.json", [this](const std::string& reason) {
-          log_.error("Failed to save stock tickers: " + reason);
-      }) {
+      file_(platform, "stock_tickers.json", {&StockTicker::fromJson, &StockTicker::json, "symbol"},
+            {[this](std::vector<StockTicker> merged) { tickers = std::move(merged); },
+             [this](const std::string& reason) {
+                 log_.error("Failed to save stock tickers: " + reason);
+             }}) {
     loadTickers();
 }
 
@@ -70,7 +72,7 @@ void StockTickerManager::refreshQuotes() {
 }
 
 void StockTickerManager::loadTickers() {
-    auto loading = file_.load<StockTicker>(&StockTicker::fromJson);
+    auto loading = file_.load();
     if (!loading.problem.empty())
         log_.error("Failed to load stock tickers: " + loading.problem);
     else
@@ -78,7 +80,7 @@ void StockTickerManager::loadTickers() {
 }
 
 void StockTickerManager::saveTickers() {
-    file_.save(tickers.get(), [](const StockTicker& ticker) { return ticker.json(); });
+    file_.save(tickers.get());
 }
 
 void StockTickerManager::fetchQuote(const std::string& symbol) {

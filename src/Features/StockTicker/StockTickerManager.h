@@ -49,7 +49,7 @@ private:
 
     Platform& platform_;
     Logger log_;
-    ListFile file_;
+    ListFile<StockTicker> file_;
     const ServiceRoots roots_ = ServiceRoots::fromEnvironment();
     Tasks requests_;
 };

@@ -11,9 +11,11 @@ namespace orvelle {
 TodoManager::TodoManager(Platform& platform)
     : FeatureModule("todo", "Todo", std::string("checklist"_symbol)), platform_(platform),
       log_(platform.log(), "TodoManager"),
-      file_(platform, "todo_items.json", [this](const std::string& reason) {
-          log_.error("Failed to save todo items: " + reason);
-      }) {
+      file_(platform, "todo_items.json", {&TodoItem::fromJson, &TodoItem::json, "id"},
+            {[this](std::vector<TodoItem> merged) { items = std::move(merged); },
+             [this](const std::string& reason) {
+                 log_.error("Failed to save todo items: " + reason);
+             }}) {
     loadItems();
 }
 
@@ -53,7 +55,7 @@ void TodoManager::clearCompleted() {
 }
 
 void TodoManager::loadItems() {
-    auto loading = file_.load<TodoItem>(&TodoItem::fromJson);
+    auto loading = file_.load();
     if (!loading.problem.empty())
         log_.error("Failed to load todo items: " + loading.problem);
     else
@@ -61,7 +63,7 @@ void TodoManager::loadItems() {
 }
 
 void TodoManager::saveItems() {
-    file_.save(items.get(), [](const TodoItem& item) { return item.json(); });
+    file_.save(items.get());
 }
 
 } // namespace orvelle

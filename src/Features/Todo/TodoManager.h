@@ -34,7 +34,7 @@ private:
 
     Platform& platform_;
     Logger log_;
-    ListFile file_;
+    ListFile<TodoItem> file_;
 };
 
 } // namespace orvelle

@@ -103,7 +103,7 @@ private:
     LinuxScriptExecutor scriptExecutor_;
     QtRunLoop runLoop_;
     InotifyFileWatch fileWatch_;
-    FileUserDefaults userDefaults_{fileSystem_, runLoop_, fileWatch_, log_};
+    FileUserDefaults userDefaults_{fileSystem_, runLoop_, fileWatch_, log_, unsavedChanges()};
     LinuxDesktop desktop_{userDefaults_, runLoop_};
     IcuFormatting formatting_;
     IcalEventStore eventStore_{runLoop_, formatting_, userDefaults_, log_};

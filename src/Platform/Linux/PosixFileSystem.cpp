@@ -8,6 +8,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -38,32 +39,79 @@ std::string linkTarget(std::string path) {
     return path;
 }
 
-bool isReplaceable(const std::string& path) {
-    struct stat status {};
-    if (lstat(path.c_str(), &status) != 0)
-        return errno == ENOENT;
-    constexpr mode_t writable = S_IWUSR | S_IWGRP | S_IWOTH; // access() lets root write all
-    return S_ISREG(status.st_mode) && (status.st_mode & writable) != 0 &&
-           access(path.c_str(), W_OK) == 0;
+WriteFailure failureOf(int error) {
+    switch (error) {
+    case ENOSPC:
+        return WriteFailure::full;
+    case EDQUOT:
+        return WriteFailure::overQuota;
+    case EROFS:
+        return WriteFailure::readOnly;
+    case EACCES:
+    case EPERM:
+        return WriteFailure::denied;
+    case EFBIG:
+        return WriteFailure::tooLarge;
+    case EISDIR:
+    case ELOOP:
+    case ENOTDIR:
+        return WriteFailure::obstructed;
+    default:
+        return WriteFailure::broken;
+    }
 }
 
-bool writeAll(int file, std::string_view bytes) {
+/// Why a file must not be replaced, 0 when it may.
+int replacementError(const std::string& path) {
+    struct stat status {};
+    if (lstat(path.c_str(), &status) != 0)
+        return errno == ENOENT ? 0 : errno;
+    constexpr mode_t writable = S_IWUSR | S_IWGRP | S_IWOTH; // access() lets root write all
+    if (!S_ISREG(status.st_mode))
+        return S_ISLNK(status.st_mode) ? ELOOP : EISDIR;
+    if ((status.st_mode & writable) == 0)
+        return EACCES;
+    return access(path.c_str(), W_OK) == 0 ? 0 : errno;
+}
+
+constexpr std::string_view chance = "XXXXXX";
+
+/// What the name of a file that is being written begins with; six characters of chance follow.
+std::string temporaryPrefix(const std::string& path) {
+    return "." + std::filesystem::path(path).filename().string() + ".";
+}
+
+/// Opens a new file beside `path` and gives its name. It is locked: what nobody has locked was left
+/// by a process that was killed.
+Descriptor makeTemporary(const std::string& path, std::string& name) {
+    constexpr int tries = 10; // each lost to a process that clears rests at this very moment
+    for (int count = 0; count < tries; ++count) {
+        name = parentOf(path) + "/" + temporaryPrefix(path) + std::string(chance);
+        Descriptor file(mkostemp(name.data(), O_CLOEXEC)); // 0600
+        struct stat status {};
+        if (!file || ((flock(file.get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) &&
+                      fstat(file.get(), &status) == 0 && status.st_nlink > 0))
+            return file;
+    }
+    errno = EAGAIN;
+    return Descriptor();
+}
+
+/// 0 or an error's number.
+int writeAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         const auto count = write(file, bytes.data(), bytes.size());
         if (count < 0 && errno == EINTR)
             continue;
         if (count <= 0)
-            return false;
+            return count < 0 ? errno : EIO;
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
-    return true;
+    return 0;
 }
 
-/// Makes a rename durable. Some file systems cannot; the rename has happened all the same.
-void syncFolder(const std::string& folder) {
-    const Descriptor handle(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (handle)
-        fsync(handle.get());
+WriteOutcome outcomeOf(int error) {
+    return error ? WriteOutcome(failureOf(error)) : WriteOutcome();
 }
 
 } // namespace
@@ -104,31 +152,63 @@ FileSystem::Contents PosixFileSystem::read(const std::string& path, std::size_t 
     }
 }
 
-bool PosixFileSystem::write(const std::string& path, std::string_view bytes) {
-    const auto target = linkTarget(path);
-    const auto folder = parentOf(target);
-    if (!isReplaceable(target) || !makePrivateFolder(folder))
-        return false;
-    auto temporary = folder + "/." + std::filesystem::path(target).filename().string() + ".XXXXXX";
-    const Descriptor file(mkostemp(temporary.data(), O_CLOEXEC)); // 0600
-    if (!file)
-        return false;
-    if (!writeAll(file.get(), bytes) || fsync(file.get()) != 0 ||
-        rename(temporary.c_str(), target.c_str()) != 0) {
-        unlink(temporary.c_str());
-        return false;
-    }
-    syncFolder(folder);
-    return true;
+std::vector<std::string> PosixFileSystem::names(const std::string& folder) const {
+    std::vector<std::string> found;
+    std::error_code failure;
+    using Entries = std::filesystem::directory_iterator;
+    for (Entries entry(folder, failure); !failure && entry != Entries(); entry.increment(failure))
+        found.push_back(entry->path().filename().string());
+    std::ranges::sort(found);
+    return found;
 }
 
-bool PosixFileSystem::move(const std::string& from, const std::string& to) {
+WriteOutcome PosixFileSystem::write(const std::string& path, std::string_view bytes) {
+    const auto target = linkTarget(path);
+    const auto folder = parentOf(target);
+    int error = replacementError(target);
+    if (!error && !makePrivateFolder(folder))
+        error = errno;
+    if (error)
+        return failureOf(error);
+    std::string temporary;
+    const auto file = makeTemporary(target, temporary);
+    if (!file)
+        return failureOf(errno);
+    error = writeAll(file.get(), bytes);
+    if (!error && (fsync(file.get()) != 0 || rename(temporary.c_str(), target.c_str()) != 0))
+        error = errno;
+    if (error) {
+        unlink(temporary.c_str());
+        return failureOf(error);
+    }
+    return outcomeOf(syncFolder(folder));
+}
+
+WriteOutcome PosixFileSystem::move(const std::string& from, const std::string& to) {
     if (rename(from.c_str(), to.c_str()) != 0)
-        return false;
-    syncFolder(parentOf(to));
-    if (parentOf(from) != parentOf(to))
-        syncFolder(parentOf(from));
-    return true;
+        return failureOf(errno);
+    const int error = syncFolder(parentOf(to));
+    return outcomeOf(error || parentOf(from) == parentOf(to) ? error : syncFolder(parentOf(from)));
+}
+
+WriteOutcome PosixFileSystem::remove(const std::string& path) {
+    return unlink(path.c_str()) == 0 || errno == ENOENT ? WriteOutcome() : failureOf(errno);
+}
+
+void PosixFileSystem::clearRests(const std::string& path) {
+    const auto target = linkTarget(path);
+    const auto prefix = temporaryPrefix(target);
+    const auto folder = parentOf(target);
+    for (const auto& name : names(folder)) {
+        if (!name.starts_with(prefix) || name.size() != prefix.size() + chance.size())
+            continue;
+        const auto rest = folder + "/" + name;
+        const Descriptor file(open(rest.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+        struct stat status {};
+        if (file && fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode) &&
+            flock(file.get(), LOCK_EX | LOCK_NB) == 0)
+            unlink(rest.c_str());
+    }
 }
 
 Subscription PosixFileSystem::lock(const std::string& folder, Seconds patience) {

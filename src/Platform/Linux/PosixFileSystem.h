@@ -16,8 +16,11 @@ public:
     std::string applicationSupportDirectory() const override { return dataHome_; }
     std::string configurationDirectory() const override { return configHome_ + "/orvelle"; }
     Contents read(const std::string& path, std::size_t limit) const override;
-    bool write(const std::string& path, std::string_view bytes) override;
-    bool move(const std::string& from, const std::string& to) override;
+    std::vector<std::string> names(const std::string& folder) const override;
+    WriteOutcome write(const std::string& path, std::string_view bytes) override;
+    WriteOutcome move(const std::string& from, const std::string& to) override;
+    WriteOutcome remove(const std::string& path) override;
+    void clearRests(const std::string& path) override;
     Subscription lock(const std::string& folder, Seconds patience) override;
 
 private:

@@ -35,13 +35,15 @@ XdgLoginItem::XdgLoginItem(FileSystem& fileSystem, LogSink& log, std::string exe
 }
 
 bool XdgLoginItem::enroll() {
-    const bool isWritten =
+    fileSystem_.clearRests(path_);
+    const auto written =
         fileSystem_.write(path_, "[Desktop Entry]\nType=Application\nName=Orvelle\nExec=" +
                                      execArgument(executable_) +
                                      "\nIcon=orvelle\nTerminal=false\nStartupNotify=false\n");
-    if (!isWritten)
-        log_.error(path_ + " cannot be written; the program will not start at login");
-    return isWritten;
+    if (!written)
+        log_.error(path_ + " cannot be written: " + describe(*written.failure()) +
+                   "; the program will not start at login");
+    return static_cast<bool>(written);
 }
 
 bool XdgLoginItem::withdraw() {

@@ -59,9 +59,12 @@ class SimulatedFileSystem : public FileSystem {
 public:
     std::map<std::string, std::string> files;
     bool writable = true;
+    /// What a refused change gives as its reason.
+    WriteFailure refusal = WriteFailure::full;
     /// Another process holds every lock.
     bool lockedElsewhere = false;
     int writeCount = 0; ///< refused writes included
+    std::vector<std::string> clearedRests;
 
     std::string applicationSupportDirectory() const override { return "/simulated/share"; }
     std::string configurationDirectory() const override { return "/simulated/config"; }
@@ -73,19 +76,36 @@ public:
             return {{}, ReadFailure::tooLarge};
         return {found->second, {}};
     }
-    bool write(const std::string& path, std::string_view bytes) override {
-        ++writeCount;
-        if (writable)
-            files.insert_or_assign(path, std::string(bytes));
-        return writable;
+    std::vector<std::string> names(const std::string& folder) const override {
+        std::vector<std::string> found;
+        for (const auto& [path, bytes] : files)
+            if (path.starts_with(folder + "/") && path.find('/', folder.size() + 1) == path.npos)
+                found.push_back(path.substr(folder.size() + 1));
+        return found;
     }
-    bool move(const std::string& from, const std::string& to) override {
-        if (!writable || !files.contains(from))
-            return false;
+    WriteOutcome write(const std::string& path, std::string_view bytes) override {
+        ++writeCount;
+        if (!writable)
+            return refusal;
+        files.insert_or_assign(path, std::string(bytes));
+        return {};
+    }
+    WriteOutcome move(const std::string& from, const std::string& to) override {
+        if (!writable)
+            return refusal;
+        if (!files.contains(from))
+            return WriteFailure::broken;
         auto node = files.extract(from);
         files.insert_or_assign(to, std::move(node.mapped()));
-        return true;
+        return {};
     }
+    WriteOutcome remove(const std::string& path) override {
+        if (!writable)
+            return refusal;
+        files.erase(path);
+        return {};
+    }
+    void clearRests(const std::string& path) override { clearedRests.push_back(path); }
     Subscription lock(const std::string&, Seconds) override {
         return lockedElsewhere ? Subscription() : Subscription([] {});
     }

@@ -185,7 +185,8 @@ TEST_F(DefaultsCommandTest, KeepsWhatAnotherProcessWritesMeanwhile) {
 TEST_F(DefaultsCommandTest, RunningProgramTakesTheChangeOver) {
     SimulatedRunLoop runLoop;
     SimulatedFileWatch watch;
-    FileUserDefaults running(fileSystem, runLoop, watch, log);
+    UnsavedChanges unsaved;
+    FileUserDefaults running(fileSystem, runLoop, watch, log, unsaved);
     running.set("own", true);
     run({"write", "requireRealNotch", "-bool", "true"});
     watch.notifyChanged();

@@ -21,17 +21,24 @@ Json encode(std::int64_t number) {
     return number;
 }
 
+const ListCoding<std::int64_t> coding{decode, encode, ""};
+
 class ListFileTest : public testing::Test {
 protected:
-    ListFile::Loading<std::int64_t> load() { return file->load<std::int64_t>(decode); }
-    void save(std::vector<std::int64_t> numbers) { file->save(std::move(numbers), encode); }
+    ListFile<std::int64_t>::Loading load() { return file->load(); }
+    void save(std::vector<std::int64_t> numbers) { file->save(std::move(numbers)); }
     void runPosted() { platform.runLoopPort.runPosted(); }
+    const UnsavedChanges::Files& unsaved() { return platform.unsavedChanges().files.get(); }
     SimulatedFileSystem& disk() { return platform.fileSystemPort; }
 
     SimulatedPlatform platform;
     std::vector<std::string> failures;
-    std::optional<ListFile> file{std::in_place, platform, "numbers.json",
-                                 [this](const std::string& reason) { failures.push_back(reason); }};
+    std::vector<std::int64_t> merged;
+    std::optional<ListFile<std::int64_t>> file{
+        std::in_place, platform, "numbers.json", coding,
+        ListFile<std::int64_t>::Events{
+            [this](std::vector<std::int64_t> list) { merged = std::move(list); },
+            [this](const std::string& reason) { failures.push_back(reason); }}};
 };
 
 TEST_F(ListFileTest, LiesInTheApplicationsFolder) {
@@ -66,10 +73,10 @@ TEST_F(ListFileTest, AFileWithoutUseStaysUntilTheNextSaveWhichKeepsItAside) {
     save({2});
     runPosted();
     EXPECT_EQ(disk().files.at(numbersPath), "[2]");
-    EXPECT_EQ(disk().files.at(numbersPath + ".corrupt"), "[1,");
+    EXPECT_EQ(disk().files.at(numbersPath + ".corrupt.1"), "[1,");
     save({3});
     runPosted();
-    EXPECT_EQ(disk().files.at(numbersPath + ".corrupt"), "[1,") << "only once";
+    EXPECT_EQ(disk().files.at(numbersPath + ".corrupt.1"), "[1,") << "only once";
     EXPECT_TRUE(failures.empty());
 }
 
@@ -81,11 +88,12 @@ TEST_F(ListFileTest, AFileThatCannotBeKeptAsideIsNotOverwritten) {
     runPosted();
     EXPECT_EQ(disk().files.at(numbersPath), "[1,");
     EXPECT_EQ(failures,
-              std::vector<std::string>{"the unreadable file in its place cannot be kept aside"});
+              std::vector<std::string>{
+                  "the unreadable file in its place cannot be kept aside: the disk is full"});
     disk().writable = true;
     save({2});
     runPosted();
-    EXPECT_EQ(disk().files.at(numbersPath + ".corrupt"), "[1,");
+    EXPECT_EQ(disk().files.at(numbersPath + ".corrupt.1"), "[1,");
     EXPECT_EQ(disk().files.at(numbersPath), "[2]");
 }
 
@@ -98,12 +106,100 @@ TEST_F(ListFileTest, AFailedSaveIsToldAndTheNextOneTriesAgain) {
     disk().writable = false;
     save({1});
     runPosted();
-    EXPECT_EQ(failures, std::vector<std::string>{"the file cannot be written"});
+    EXPECT_EQ(failures, std::vector<std::string>{"the disk is full"});
+    EXPECT_EQ(unsaved(), (UnsavedChanges::Files{{numbersPath, WriteFailure::full}}));
     disk().writable = true;
     save({1, 2});
     runPosted();
     EXPECT_EQ(disk().files.at(numbersPath), "[1,2]");
     EXPECT_EQ(failures.size(), 1u);
+    EXPECT_TRUE(unsaved().empty());
+    platform.runLoopPort.advance(600);
+    EXPECT_EQ(disk().writeCount, 2) << "nothing is due any more";
+}
+
+TEST_F(ListFileTest, AFailedSaveIsTriedAgainAfterPausesThatGrow) {
+    disk().writable = false;
+    save({1});
+    runPosted();
+    int tries = 1;
+    for (const double pause : {1, 2, 4, 8, 16, 32, 60, 60}) {
+        platform.runLoopPort.advance(pause - 0.5);
+        EXPECT_EQ(disk().writeCount, tries) << "before " << pause;
+        platform.runLoopPort.advance(0.5);
+        EXPECT_EQ(disk().writeCount, ++tries) << "after " << pause;
+    }
+    EXPECT_EQ(failures.size(), 1u) << "the log has it once";
+    disk().refusal = WriteFailure::readOnly;
+    platform.runLoopPort.advance(60);
+    EXPECT_EQ(failures.back(), "the disk is read-only");
+    EXPECT_EQ(unsaved().at(numbersPath), WriteFailure::readOnly);
+    disk().writable = true;
+    platform.runLoopPort.advance(60);
+    EXPECT_EQ(disk().files.at(numbersPath), "[1]");
+    EXPECT_TRUE(unsaved().empty());
+}
+
+TEST_F(ListFileTest, TheEndTriesAFailedSaveOnceMore) {
+    disk().writable = false;
+    save({1});
+    runPosted();
+    disk().writable = true;
+    file.reset();
+    EXPECT_EQ(disk().files.at(numbersPath), "[1]");
+    EXPECT_TRUE(unsaved().empty());
+}
+
+TEST_F(ListFileTest, WhatAnotherProgramWroteIsMergedAndTold) {
+    disk().files[numbersPath] = "[1,2,3]";
+    load();
+    disk().files[numbersPath] = "[1,3,4]";
+    save({1, 2, 3, 5});
+    runPosted();
+    EXPECT_EQ(disk().files.at(numbersPath), "[1,3,4,5]");
+    EXPECT_EQ(merged, (std::vector<std::int64_t>{1, 3, 4, 5}));
+    merged.clear();
+    save({1, 3, 4});
+    runPosted();
+    EXPECT_EQ(disk().files.at(numbersPath), "[1,3,4]");
+    EXPECT_TRUE(merged.empty()) << "nobody else has written since";
+}
+
+TEST_F(ListFileTest, AFileThatAnotherProgramRemovedIsWrittenAgain) {
+    disk().files[numbersPath] = "[1,2]";
+    load();
+    disk().files.erase(numbersPath);
+    save({1, 2, 3});
+    runPosted();
+    EXPECT_EQ(disk().files.at(numbersPath), "[1,2,3]");
+}
+
+TEST_F(ListFileTest, AFileThatAnotherProgramDamagedIsKeptAside) {
+    save({1});
+    runPosted();
+    disk().files[numbersPath] = "[1,";
+    save({1, 2});
+    runPosted();
+    EXPECT_EQ(disk().files.at(numbersPath), "[1,2]");
+    EXPECT_EQ(disk().files.at(numbersPath + ".corrupt.1"), "[1,");
+}
+
+TEST_F(ListFileTest, WhatADiskTookInSpiteOfItsComplaintIsNotAnotherProgramsChange) {
+    save({1});
+    runPosted();
+    disk().writable = false;
+    save({1, 2});
+    runPosted();
+    disk().files[numbersPath] = "[1,2]"; // it broke after the last step
+    disk().writable = true;
+    save({1});
+    runPosted();
+    EXPECT_EQ(disk().files.at(numbersPath), "[1]") << "what was removed does not come back";
+}
+
+TEST_F(ListFileTest, LoadingClearsWhatKilledSavesLeft) {
+    load();
+    EXPECT_EQ(disk().clearedRests, std::vector<std::string>{numbersPath});
 }
 
 TEST_F(ListFileTest, TheEndSavesWhatIsDue) {
@@ -120,8 +216,10 @@ TEST(ListFile, IsSavedWhileOtherBackgroundWorkHangs) {
         HungRunLoop loop;
         RunLoop& runLoop() override { return loop; }
     } machine;
-    ListFile file(machine, "numbers.json", [](const std::string& reason) { FAIL() << reason; });
-    file.save(std::vector<std::int64_t>{1}, encode);
+    ListFile<std::int64_t> file(
+        machine, "numbers.json", coding,
+        {[](const auto&) {}, [](const std::string& reason) { FAIL() << reason; }});
+    file.save({1});
     machine.loop.runPosted();
     EXPECT_EQ(machine.fileSystemPort.files[numbersPath], "[1]");
 }
@@ -138,16 +236,20 @@ protected:
 
     Machine machine;
     std::vector<std::string> failures;
-    std::optional<ListFile> file{std::in_place, machine, "numbers.json",
-                                 [this](const std::string& reason) { failures.push_back(reason); }};
+    std::vector<std::int64_t> merged;
+    std::optional<ListFile<std::int64_t>> file{
+        std::in_place, machine, "numbers.json", coding,
+        ListFile<std::int64_t>::Events{
+            [this](std::vector<std::int64_t> list) { merged = std::move(list); },
+            [this](const std::string& reason) { failures.push_back(reason); }}};
 };
 
 TEST_F(ListFileOnASlowDisk, SavingDoesNotWaitAndOnlyTheLatestListFollows) {
     machine.disk.writing.close();
-    file->save(std::vector<std::int64_t>{1}, encode);
+    file->save({1});
     ASSERT_TRUE(machine.disk.writing.awaitArrival());
-    file->save(std::vector<std::int64_t>{2}, encode);
-    file->save(std::vector<std::int64_t>{3}, encode);
+    file->save({2});
+    file->save({3});
     machine.disk.writing.open();
     machine.loop.isBusy = true; // so that the next save waits for this look at the file
     machine.loop.complete();
@@ -159,9 +261,9 @@ TEST_F(ListFileOnASlowDisk, SavingDoesNotWaitAndOnlyTheLatestListFollows) {
 
 TEST_F(ListFileOnASlowDisk, TheEndWaitsForASaveUnderWayAndSavesTheLatest) {
     machine.disk.writing.close();
-    file->save(std::vector<std::int64_t>{1}, encode);
+    file->save({1});
     ASSERT_TRUE(machine.disk.writing.awaitArrival());
-    file->save(std::vector<std::int64_t>{2}, encode);
+    file->save({2});
     std::thread opener([this] { machine.disk.writing.open(); });
     file.reset();
     opener.join();
@@ -169,9 +271,24 @@ TEST_F(ListFileOnASlowDisk, TheEndWaitsForASaveUnderWayAndSavesTheLatest) {
     EXPECT_TRUE(failures.empty());
 }
 
+TEST_F(ListFileOnASlowDisk, AChangeDuringASaveThatMergesLosesNothing) {
+    machine.disk.files[numbersPath] = "[1]";
+    file->load();
+    machine.disk.files[numbersPath] = "[1,7]";
+    machine.disk.writing.close();
+    file->save({1, 2});
+    ASSERT_TRUE(machine.disk.writing.awaitArrival());
+    file->save({1, 2, 3});
+    machine.disk.writing.open();
+    machine.loop.complete();
+    machine.loop.complete();
+    EXPECT_EQ(machine.disk.files.at(numbersPath), "[1,7,2,3]");
+    EXPECT_EQ(merged, (std::vector<std::int64_t>{1, 7, 2, 3}));
+}
+
 TEST_F(ListFileOnASlowDisk, TheEndGivesUpOnADiskThatHangs) {
     machine.disk.writing.close();
-    file->save(std::vector<std::int64_t>{1}, encode);
+    file->save({1});
     ASSERT_TRUE(machine.disk.writing.awaitArrival());
     file.reset();
     EXPECT_EQ(failures, std::vector<std::string>{"the disk does not answer"});

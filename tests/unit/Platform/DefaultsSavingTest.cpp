@@ -15,7 +15,7 @@ class DefaultsSaving : public testing::Test {
 protected:
     DefaultsSaving() {
         fileSystem.files[settingsPath] = "{}";
-        defaults = std::make_unique<FileUserDefaults>(fileSystem, runLoop, watch, log);
+        defaults = std::make_unique<FileUserDefaults>(fileSystem, runLoop, watch, log, unsaved);
         changes = defaults->observeChanges([this] { ++changeCount; });
     }
     std::string file() const { return fileSystem.files.at(settingsPath); }
@@ -42,6 +42,7 @@ protected:
     GatedFileSystem fileSystem;
     SimulatedFileWatch watch;
     SimulatedLog log;
+    UnsavedChanges unsaved;
     ThreadedRunLoop runLoop;
     std::unique_ptr<FileUserDefaults> defaults;
     Subscription changes;
@@ -88,17 +89,41 @@ TEST_F(DefaultsSaving, OneSaveAtATimeIsUnderWay) {
     EXPECT_EQ(runLoop.detachCount, 2);
 }
 
-TEST_F(DefaultsSaving, RefusedSaveWaitsForTheNextChange) {
+TEST_F(DefaultsSaving, RefusedSaveIsTriedAgainAfterPausesThatGrow) {
     fileSystem.writable = false;
     holdSave(fileSystem.writing);
     fileSystem.writing.open();
     runLoop.complete();
-    runLoop.advance(10);
-    EXPECT_EQ(runLoop.detachCount, 1);
+    const std::string path = DefaultsStorage::path(fileSystem);
+    EXPECT_EQ(unsaved.files.get(), (UnsavedChanges::Files{{path, WriteFailure::full}}));
+    int tries = 1;
+    for (const double pause : {1, 2, 4, 8, 16, 32, 60, 60}) {
+        runLoop.advance(pause - 0.01);
+        EXPECT_EQ(runLoop.detachCount, tries) << "before " << pause;
+        runLoop.advance(0.02);
+        EXPECT_EQ(runLoop.detachCount, ++tries) << "after " << pause;
+        runLoop.complete();
+    }
+    EXPECT_EQ(log.lines.size(), 1u);
+    fileSystem.writable = true;
+    runLoop.advance(60);
+    runLoop.complete();
+    EXPECT_EQ(file(), "{\n  \"a\": 1\n}\n");
+    EXPECT_TRUE(unsaved.files->empty());
+}
+
+TEST_F(DefaultsSaving, RefusedSaveIsTriedAgainAtTheNextChange) {
+    fileSystem.writable = false;
+    holdSave(fileSystem.writing);
+    fileSystem.writing.open();
+    runLoop.complete();
     fileSystem.writable = true;
     defaults->set("b", true);
     save();
     EXPECT_EQ(file(), "{\n  \"a\": 1,\n  \"b\": true\n}\n");
+    EXPECT_TRUE(unsaved.files->empty());
+    runLoop.advance(600);
+    EXPECT_EQ(runLoop.detachCount, 2) << "nothing is due any more";
 }
 
 TEST_F(DefaultsSaving, OutsideWriteBeforeTheSaveReadsIsNotLost) {
@@ -214,8 +239,9 @@ TEST(FileUserDefaults, AreSavedWhileOtherBackgroundWorkHangs) {
     SimulatedFileSystem fileSystem;
     SimulatedFileWatch watch;
     SimulatedLog log;
+    UnsavedChanges unsaved;
     HungRunLoop runLoop;
-    FileUserDefaults defaults(fileSystem, runLoop, watch, log);
+    FileUserDefaults defaults(fileSystem, runLoop, watch, log, unsaved);
     defaults.set("a", true);
     runLoop.advance(FileUserDefaults::saveDelay);
     EXPECT_EQ(fileSystem.files[settingsPath], "{\n  \"a\": true\n}\n");

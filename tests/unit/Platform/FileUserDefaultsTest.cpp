@@ -12,12 +12,13 @@
 namespace orvelle {
 namespace {
 
-const std::string aside = settingsPath + ".corrupt";
+const std::string aside = settingsPath + ".corrupt.1";
 
 class FileUserDefaultsTest : public testing::Test {
 protected:
     std::unique_ptr<FileUserDefaults> open() {
-        auto defaults = std::make_unique<FileUserDefaults>(fileSystem, runLoop, watch, log);
+        auto defaults =
+            std::make_unique<FileUserDefaults>(fileSystem, runLoop, watch, log, unsaved);
         changes = defaults->observeChanges([this] { ++changeCount; });
         return defaults;
     }
@@ -37,6 +38,7 @@ protected:
     SimulatedRunLoop runLoop;
     SimulatedFileWatch watch;
     SimulatedLog log;
+    UnsavedChanges unsaved;
     Subscription changes;
     int changeCount = 0;
 };

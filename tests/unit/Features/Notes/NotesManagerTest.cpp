@@ -99,7 +99,7 @@ TEST_F(NotesManagerTest, AFailedSaveIsLogged) {
     NotesManager manager(platform);
     manager.addItem("A");
     EXPECT_EQ(file(), "<no file>");
-    EXPECT_TRUE(platform.logPort.contains("Failed to save note items: the file cannot be written"));
+    EXPECT_TRUE(platform.logPort.contains("Failed to save note items: the disk is full"));
 }
 
 } // namespace

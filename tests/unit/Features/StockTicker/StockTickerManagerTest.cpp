@@ -289,7 +289,7 @@ TEST_F(StockTickerManagerTest, AFileOfNoUseIsLoggedAndKeptAsideBeforeTheNextSave
         EXPECT_EQ(platform.logPort.lines[0].level, LogLevel::error);
         manager().addTicker("X");
         EXPECT_NE(file().find("\"X\""), std::string::npos);
-        EXPECT_EQ(platform.fileSystemPort.files[stocksPath + ".corrupt"], bytes);
+        EXPECT_EQ(platform.fileSystemPort.files[stocksPath + ".corrupt.1"], bytes);
     }
 }
 

@@ -154,7 +154,7 @@ TEST_F(TodoManagerTest, AFailedSaveIsLoggedAndTheListStays) {
     TodoManager manager(platform);
     manager.addItem("A");
     EXPECT_EQ(file(), "<no file>");
-    EXPECT_TRUE(platform.logPort.contains("Failed to save todo items: the file cannot be written"));
+    EXPECT_TRUE(platform.logPort.contains("Failed to save todo items: the disk is full"));
     EXPECT_EQ(titles(manager), Titles{"A"});
 }
 
