@@ -76,6 +76,8 @@ FocusScope {
         }
     }
 
+    UnsavedNotice { anchors.bottom: parent.bottom; width: parent.width }
+
     Connections {
         target: root.view
         function onPanelChanged() {
