@@ -4,6 +4,7 @@
 #include "App/DemoPlatform.h"
 #include "App/OrvelleApp.h"
 #include "App/Tour.h"
+#include "Platform/Linux/DataFolderLock.h"
 #include "Platform/Linux/LinuxPlatform.h"
 #include "Platform/Linux/ProcessInstance.h"
 #include "Platform/Linux/StandardStreams.h"
@@ -65,11 +66,35 @@ int runDefaults(const CommandLine& line) {
     return runDefaultsCommand(line.defaultsArguments, file, std::cout, std::cerr);
 }
 
+/// How the program ends at once because its data is another process's; none when it is its own.
+std::optional<int> claimData(DataFolderLock& data, const ProcessInstance& instance) {
+    using Claim = DataFolderLock::Claim;
+    const auto claim =
+        data.claim(DataFolderLock::Holder::self(instance.socketPath()), ProcessInstance::askToShow);
+    if (claim == Claim::handedOver)
+        return EXIT_SUCCESS;
+    if (claim == Claim::refused) {
+        const auto& holder = data.holder();
+        std::cerr << "orvelle: process " << holder.process << " on " << holder.host << " (display "
+                  << holder.display << ") works on the lists in " << data.folder()
+                  << " and cannot be reached from here; end it first\n";
+        return EXIT_FAILURE;
+    }
+    if (claim == Claim::unavailable)
+        std::cerr << "orvelle: " << data.folder() << " cannot be locked (" << data.reason()
+                  << "); its lists are read again before each save\n";
+    return std::nullopt;
+}
+
 int run(const CommandLine& line, const std::string& program) {
     secureStandardStreams();
     ProcessInstance instance(line.isDemo ? "orvelle-demo" : "orvelle");
     if (!line.tourDirectory && instance.claim() == ProcessInstance::Claim::handedOver)
         return EXIT_SUCCESS;
+    DataFolderLock data(PosixFileSystem().applicationSupportDirectory() + "/Orvelle");
+    if (!line.isDemo)
+        if (const auto end = claimData(data, instance))
+            return *end;
     if (!hasDisplay()) {
         const char* display = std::getenv("DISPLAY");
         std::cerr << "orvelle: cannot connect to the X server "

@@ -94,7 +94,7 @@ ProcessInstance::Claim ProcessInstance::claim() {
     do {
         if (lock())
             return bind() ? Claim::first : Claim::unavailable;
-        if (handOver())
+        if (askToShow(folder_ / (name_ + ".sock")))
             return Claim::handedOver;
         std::this_thread::sleep_for(retryInterval);
     } while (std::chrono::steady_clock::now() < end);
@@ -129,8 +129,12 @@ bool ProcessInstance::bind() {
     return false;
 }
 
-bool ProcessInstance::handOver() const {
-    const auto address = addressOf(folder_ / (name_ + ".sock"));
+std::string ProcessInstance::socketPath() const {
+    return socket_ < 0 ? "" : (folder_ / (name_ + ".sock")).string();
+}
+
+bool ProcessInstance::askToShow(const std::filesystem::path& path) {
+    const auto address = addressOf(path);
     const int socket = address ? openSocket() : -1;
     if (socket < 0)
         return false;

@@ -34,6 +34,11 @@ public:
     /// for an instance that is just starting.
     Claim claim();
 
+    /// Where the first instance listens; empty while it does not.
+    std::string socketPath() const;
+    /// Asks the instance of this user's that listens on a socket to show itself.
+    static bool askToShow(const std::filesystem::path& socket);
+
     /// For the first instance, once an event loop is there: calls `show` on the main thread each
     /// time another start asks. What was asked since the claim is delivered too.
     void listen(std::function<void()> show);
@@ -41,7 +46,6 @@ public:
 private:
     bool lock();
     bool bind();
-    bool handOver() const;
     void answer();
     bool heard(int peer);
     void waitFor(int peer);

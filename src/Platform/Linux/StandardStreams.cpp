@@ -15,6 +15,7 @@ void secureStandardStreams() {
             open("/dev/null", O_RDWR); // takes the lowest number, which is this one
     // A handler and not SIG_IGN, which the programs that are launched would inherit.
     std::signal(SIGPIPE, [](int) {});
+    std::signal(SIGXFSZ, [](int) {}); // a file above the user's limit
 }
 
 void writeOrLose(int descriptor, std::string_view line) {
