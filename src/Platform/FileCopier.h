@@ -31,7 +31,7 @@ public:
 
     /// Makes the folder and its parents, open to the user alone. False when it is not there after.
     virtual bool makeFolder(const std::string& path) = 0;
-    /// None when no file and no folder is there.
+    /// None when no file and no folder is there; what cannot be looked at has no size.
     virtual std::optional<Info> info(const std::string& path) const = 0;
     /// The one spelling of the path, without links, "." and "..", or doubled and trailing slashes.
     /// None when nothing is there.

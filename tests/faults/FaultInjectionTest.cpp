@@ -93,7 +93,9 @@ private:
 
     void expectLoaded(const char* when, const std::vector<Records>& possible) {
         DiskMachine machine;
-        const auto records = kind_.start(machine)->records();
+        const auto saving = kind_.start(machine);
+        machine.settle();
+        const auto records = saving->records();
         if (std::ranges::find(possible, records) == possible.end())
             lose(when, records);
     }

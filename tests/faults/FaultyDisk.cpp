@@ -101,7 +101,7 @@ int FaultyDisk::error(Kind kind) {
     case Fault::denied:
         hasFailed_ = hasFailed_ || isNow;
         return isNow && kind != Kind::writes && kind != Kind::syncs && kind != Kind::reads ? EACCES
-                                                                                          : 0;
+                                                                                           : 0;
     case Fault::shortWrite:
         hasFailed_ = hasFailed_ || isNow;
         cutsNextWrite_ = isNow && kind == Kind::writes;
@@ -181,8 +181,7 @@ void FaultyDisk::build(const std::string& path, ino_t folder, Names names, Bytes
         return;
     for (const auto& [name, number] : listing->second) {
         const auto inside = path + "/" + name;
-        const bool isFolder =
-            latest_.folders.contains(number) || synced_.folders.contains(number);
+        const bool isFolder = latest_.folders.contains(number) || synced_.folders.contains(number);
         if (isFolder) {
             mkdir(inside.c_str(), 0700);
             build(inside, number, names, bytes);
@@ -239,9 +238,9 @@ int __wrap_open(const char* path, int flags, ...) {
     va_start(arguments, flags);
     const auto mode = modeOf(flags, arguments);
     va_end(arguments);
-    return opened(path, flags, through(flags & O_CREAT ? Kind::makes : Kind::opens,
-                                       std::string(path),
-                                       [&] { return __real_open(path, flags, mode); }));
+    return opened(path, flags,
+                  through(flags & O_CREAT ? Kind::makes : Kind::opens, std::string(path),
+                          [&] { return __real_open(path, flags, mode); }));
 }
 
 int __wrap_openat(int folder, const char* path, int flags, ...) {
@@ -250,14 +249,14 @@ int __wrap_openat(int folder, const char* path, int flags, ...) {
     const auto mode = modeOf(flags, arguments);
     va_end(arguments);
     const auto whole = below(folder, path);
-    return opened(whole, flags,
-                  through(flags & O_CREAT ? Kind::makes : Kind::opens, whole,
-                          [&] { return __real_openat(folder, path, flags, mode); }));
+    return opened(whole, flags, through(flags & O_CREAT ? Kind::makes : Kind::opens, whole, [&] {
+                      return __real_openat(folder, path, flags, mode);
+                  }));
 }
 
 int __wrap_mkostemp(char* name, int flags) {
-    const int file = through(Kind::makes, std::string(name),
-                             [&] { return __real_mkostemp(name, flags); });
+    const int file =
+        through(Kind::makes, std::string(name), [&] { return __real_mkostemp(name, flags); });
     return opened(name, O_CREAT, file);
 }
 

@@ -148,17 +148,17 @@ TEST_F(JsonSuite, EachFileAsTheSettingsStartsAndIsKept) {
 }
 
 TEST_F(JsonSuite, EachFileAsTheTasksStartsAndIsKept) {
-    tell("todo", tryAsList<TodoManager>(
-                     "share/Orvelle/todo_items.json",
-                     [](TodoManager& manager) { manager.addItem("own"); },
-                     [](const TodoManager& manager) { return manager.items->size(); }));
+    tell("todo",
+         tryAsList<TodoManager>(
+             "share/Orvelle/todo_items.json", [](TodoManager& manager) { manager.addItem("own"); },
+             [](const TodoManager& manager) { return manager.items->size(); }));
 }
 
 TEST_F(JsonSuite, EachFileAsTheNotesStartsAndIsKept) {
-    tell("notes", tryAsList<NotesManager>(
-                      "share/Orvelle/note_items.json",
-                      [](NotesManager& manager) { manager.addItem("own"); },
-                      [](const NotesManager& manager) { return manager.items->size(); }));
+    tell("notes",
+         tryAsList<NotesManager>(
+             "share/Orvelle/note_items.json", [](NotesManager& manager) { manager.addItem("own"); },
+             [](const NotesManager& manager) { return manager.items->size(); }));
 }
 
 TEST_F(JsonSuite, EachFileAsTheStocksStartsAndIsKept) {
@@ -170,10 +170,11 @@ TEST_F(JsonSuite, EachFileAsTheStocksStartsAndIsKept) {
 
 TEST_F(JsonSuite, EachFileAsTheShelfsListStartsAndIsKept) {
     sources_.write("own", "text");
-    tell("shelf", tryAsList<FileShelfManager>(
-                      "share/Orvelle/FileShelf/.shelf_metadata.json",
-                      [this](FileShelfManager& shelf) { shelf.addFile("file://" + (sources_ / "own")); },
-                      [](const FileShelfManager& shelf) { return shelf.items->size(); }));
+    tell("shelf",
+         tryAsList<FileShelfManager>(
+             "share/Orvelle/FileShelf/.shelf_metadata.json",
+             [this](FileShelfManager& shelf) { shelf.addFile("file://" + (sources_ / "own")); },
+             [](const FileShelfManager& shelf) { return shelf.items->size(); }));
 }
 
 TEST_F(JsonSuite, EachValueOfItInATaskLoads) {

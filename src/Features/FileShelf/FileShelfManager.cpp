@@ -28,8 +28,10 @@ std::string shelfName(const std::string& sourcePath) {
 
 bool isUsable(std::string_view name) {
     return !name.empty() && name != "." && name != ".." && name != FileCopier::stagingName &&
-           name != ShelfRemovals::noteName &&
-           !name.starts_with(metadataName); // nor what is kept aside of it
+           !name.starts_with(ShelfRemovals::noteName) &&
+           !name.starts_with(metadataName) &&                    // nor what is kept aside of it
+           !name.starts_with("." + std::string(metadataName)) && // nor is being written
+           !name.starts_with("." + std::string(ShelfRemovals::noteName));
 }
 
 std::string folderOf(std::string_view path) {
@@ -61,6 +63,19 @@ FileShelfManager::FileShelfManager(Platform& platform)
       removals_(platform, storageDirectory) {
     platform.fileCopier().makeFolder(storageDirectory);
     loadMetadata();
+    clearHalfCopies();
+}
+
+/// What a copy left when its process was killed.
+void FileShelfManager::clearHalfCopies() {
+    auto& copier = platform_.fileCopier();
+    const auto staging = storageDirectory + "/" + FileCopier::stagingName;
+    if (!copier.info(staging))
+        return;
+    copies_.add([this, &copier, staging](std::function<void()> finished) {
+        return platform_.runLoop().detach([&copier, staging] { copier.remove(staging); },
+                                          std::move(finished));
+    });
 }
 
 void FileShelfManager::start() {
@@ -182,7 +197,18 @@ std::optional<std::string> FileShelfManager::shelfPath(std::string_view path) co
 }
 
 void FileShelfManager::loadMetadata() {
-    items = itemsOf(metadata_.load().records);
+    auto loading = metadata_.load();
+    if (!loading.problem.empty())
+        loading.records = entriesOfFolder();
+    items = itemsOf(loading.records);
+}
+
+/// All that is known of the shelf once its list is damaged.
+std::vector<ShelfItemMetadata> FileShelfManager::entriesOfFolder() const {
+    std::vector<ShelfItemMetadata> entries;
+    for (const auto& name : platform_.fileSystem().names(storageDirectory))
+        entries.push_back({storageDirectory + "/" + name, {}, {}});
+    return entries;
 }
 
 std::vector<ShelfItem>

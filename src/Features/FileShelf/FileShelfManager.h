@@ -62,7 +62,9 @@ private:
     void removeFromDisk(const ShelfItem& item);
     std::optional<std::string> shelfPath(std::string_view path) const;
     void reportFailure(const std::string& reason) const;
+    void clearHalfCopies();
     void loadMetadata();
+    std::vector<ShelfItemMetadata> entriesOfFolder() const;
     std::vector<ShelfItem> itemsOf(const std::vector<ShelfItemMetadata>& entries) const;
     void adoptMerged(const std::vector<ShelfItemMetadata>& entries);
     void saveMetadata();

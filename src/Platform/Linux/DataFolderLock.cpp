@@ -41,10 +41,8 @@ DataFolderLock::Holder DataFolderLock::Holder::self(std::string socket) {
 }
 
 std::string DataFolderLock::Holder::text() const {
-    return Json(Json::Object{{"process", process},
-                             {"host", host},
-                             {"display", display},
-                             {"socket", socket}})
+    return Json(Json::Object{
+                    {"process", process}, {"host", host}, {"display", display}, {"socket", socket}})
         .text();
 }
 

@@ -34,8 +34,8 @@ public:
 
     explicit DataFolderLock(std::string folder);
 
-    /// `show` asks the process that listens on a socket to show itself, and says whether it is told.
-    /// Waits up to two seconds for one that is just starting.
+    /// `show` asks the process that listens on a socket to show itself, and says whether it is
+    /// told. Waits up to two seconds for one that is just starting.
     Claim claim(const Holder& self, const std::function<bool(const std::string& socket)>& show);
     const std::string& folder() const { return folder_; }
     const Holder& holder() const { return holder_; }

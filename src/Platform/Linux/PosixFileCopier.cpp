@@ -164,7 +164,7 @@ bool PosixFileCopier::makeFolder(const std::string& path) {
 std::optional<FileCopier::Info> PosixFileCopier::info(const std::string& path) const {
     struct stat status {};
     if (lstat(path.c_str(), &status) != 0)
-        return std::nullopt;
+        return errno == ENOENT || errno == ENOTDIR ? std::nullopt : std::optional(Info{});
     const bool isFolder = S_ISDIR(status.st_mode);
     if (!isFolder && !S_ISREG(status.st_mode))
         return std::nullopt;

@@ -202,15 +202,15 @@ TEST_F(FileShelfManagerTest, TheListsFileHasTheKeysAndFormOfAnEncodedArray) {
 }
 
 TEST_F(FileShelfManagerTest, AListsFileOfAnotherFormIsOfNoUse) {
-    files()[folder + "/a.txt"] = "a";
     const auto entry = R"({"urlPath":")" + folder + R"(/a.txt","addedAt":1,"expiresAt":2})";
     for (const auto& text :
          {std::string("not json"), std::string("{}"), "[" + entry + R"(,{"urlPath":"/x"}])",
           R"([{"urlPath":")" + folder + R"(/a.txt","addedAt":"1","expiresAt":2}])"}) {
-        files()[listFile] = text;
+        files() = {{listFile, text}, {folder + "/b.txt", "b"}};
         restart();
-        EXPECT_TRUE(shelf->items->empty()) << text;
+        EXPECT_EQ(names(), Names{"b.txt"}) << text << ": what lies there is adopted";
     }
+    files()[folder + "/a.txt"] = "a";
     files()[listFile] = "[" + entry + "]";
     restart();
     EXPECT_EQ(names(), Names{"a.txt"}) << "the stored dates do not count";
@@ -241,6 +241,39 @@ TEST_F(FileShelfManagerTest, AnotherSpellingOfTheFolderKeepsWhatLiesInIt) {
         runPosted();
         EXPECT_FALSE(files().contains(folder + "/a.txt")) << spelled;
     }
+}
+
+TEST_F(FileShelfManagerTest, AfterDamageOfItsListTheFilesInTheFolderAreAdopted) {
+    for (const char* damage : {"", "[{", "{}"}) {
+        files() = {{listFile, damage},
+                   {listFile + ".corrupt.1", "["},
+                   {folder + "/..shelf_metadata.json.AbC123", "["},
+                   {folder + "/a.txt", "a"},
+                   {folder + "/.b", "b"}};
+        restart();
+        EXPECT_EQ(names(), (Names{".b", "a.txt"})) << damage;
+        shelf->cleanupExpired();
+        runPosted();
+        restart();
+        EXPECT_EQ(names(), (Names{".b", "a.txt"})) << damage;
+    }
+}
+
+TEST_F(FileShelfManagerTest, WithAListThatCanBeReadOtherFilesInTheFolderAreLeftAlone) {
+    files() = {{listFile, "[]"}, {folder + "/a.txt", "a"}};
+    restart();
+    EXPECT_EQ(names(), Names{});
+    files().erase(listFile);
+    restart();
+    EXPECT_EQ(names(), Names{});
+    EXPECT_TRUE(files().contains(folder + "/a.txt"));
+}
+
+TEST_F(FileShelfManagerTest, HalfCopiesOfAKilledProcessAreCleared) {
+    files() = {{folder + "/.incoming", "half"}};
+    restart();
+    runPosted();
+    EXPECT_FALSE(files().contains(folder + "/.incoming"));
 }
 
 class UnusableName : public FileShelfManagerTest,
