@@ -195,7 +195,9 @@ def read_reached():
     record, mark = BUILD / "reached", BUILD / "reached.stamp"
     if not mark.exists() or mark.read_text() != stamp or not record.exists():
         if not run_tests(None, 300, reached=record):
-            raise SystemExit("The tests fail without any mutant.")
+            failed = subprocess.run(["nice", str(TESTS), "--gtest_brief=1"], cwd=SCRATCH,
+                                    capture_output=True, text=True).stdout
+            raise SystemExit("The tests fail without any mutant.\n" + failed[-4000:])
         mark.write_text(stamp)
     by_mutant, cost, breadth = collections.defaultdict(list), {}, {}
     for line in record.read_text().splitlines():
@@ -208,6 +210,23 @@ def read_reached():
     for tests in by_mutant.values():
         tests.sort(key=lambda name: breadth[name])
     return by_mutant, cost
+
+
+def add_mentions(by_mutant, work, all_tests):
+    """A test that reads a constant by itself reaches its mutants, too."""
+    texts = [(p.read_text(), set()) for p in (ROOT / "tests/unit").rglob("*.cpp")]
+    for text, suites in texts:
+        suites |= set(re.findall(r"^TEST(?:_F|_P)?\((\w+),", text, re.MULTILINE))
+    for variable in work.statics.values():
+        if not variable.mutants:
+            continue
+        word = re.compile(rf"\b{variable.name}\b")
+        suites = set().union(*(found for text, found in texts if word.search(text)))
+        tests = [t for t in all_tests if suites & set(t.split(".")[0].split("/"))]
+        for id in variable.mutants:
+            known = set(by_mutant.get(id, ()))
+            if tests or known:
+                by_mutant[id] = by_mutant.get(id, []) + [t for t in tests if t not in known]
 
 
 def stamp_of(*folders):
@@ -282,6 +301,7 @@ def main():
     ids = {m.key: id for id, m in enumerate(everything.mutants)}
     dropped = built(everything, arguments.verbose)
     by_mutant, cost = read_reached()
+    add_mentions(by_mutant, everything, cost)
 
     end = time.monotonic() + arguments.seconds
     due = []

@@ -61,6 +61,7 @@ class Edit:
 class Static:
     """A variable that is made once: who reads it reaches the mutants of its initialiser."""
 
+    name: str
     file: str
     start: int
     end: int
@@ -220,7 +221,7 @@ class Schemata:
         if re.search(r"\bconst\b", head):
             keyword = keyword.replace("const", "").strip()
         identity = (file, cursor.location.offset)
-        self.statics[identity] = Static(file, start, end, name_end,
+        self.statics[identity] = Static(cursor.spelling, file, start, end, name_end,
                                         start + at if at >= 0 else -1, keyword)
         return identity
 

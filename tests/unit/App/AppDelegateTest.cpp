@@ -385,6 +385,92 @@ TEST_F(AppDelegateTest, TerminationStopsWhatFeaturesHaveUnderWay) {
     EXPECT_FALSE(app.mirrorManager.isSessionRunning);
 }
 
+/// Tells in which order the features' timers and observers come and go.
+class FeatureOrder : public AppDelegateTest {
+protected:
+    std::vector<std::string> order;
+
+    FeatureOrder() {
+        for (const char* key :
+             {"clipboardEnabled", "systemMonitorEnabled", "weatherEnabled", "stockTickerEnabled"})
+            defaults().set(key, true);
+    }
+    /// What each feature holds tells when it is replaced or ended.
+    void watchTimers() {
+        const std::pair<const char*, Timer*> timers[] = {
+            {"time", &app.timeManager.timer},
+            {"stockTicker", &app.stockTickerManager.refreshTimer},
+            {"weather", &app.weatherManager.refreshTimer},
+            {"systemMonitor", &app.systemMonitorManager.updateTimer},
+            {"clipboard", &app.clipboardManager.pollTimer},
+            {"battery", &app.batteryManager.updateTimer},
+            {"calendar", &app.calendarManager.notificationObserver},
+            {"fileShelf", &app.fileShelfManager.cleanupTimer}};
+        for (const auto& [name, timer] : timers)
+            *timer = Subscription([this, name = name] { order.emplace_back(name); });
+        order.clear();
+    }
+    const std::vector<std::string> inOrder{"fileShelf",     "calendar", "battery",     "clipboard",
+                                           "systemMonitor", "weather",  "stockTicker", "time"};
+};
+
+TEST_F(FeatureOrder, IsKeptWhenTheyStart) {
+    defaults().remove("stockTickerEnabled"); // its switch starts it, before all the others
+    watchTimers();
+    launchNormally();
+    std::erase(order, "stockTicker");
+    EXPECT_EQ(order, (std::vector<std::string>{"fileShelf", "calendar", "battery", "clipboard",
+                                               "systemMonitor", "weather", "time"}));
+}
+
+TEST_F(FeatureOrder, IsKeptWhenTheyStop) {
+    launchNormally();
+    watchTimers();
+    app.applicationWillTerminate();
+    EXPECT_EQ(order, inOrder);
+}
+
+TEST_F(FeatureOrder, IsThatOfTheSwitchesToo) {
+    std::vector<Subscription> watches;
+    const std::pair<const char*, FeatureModule*> features[] = {
+        {"mirror", &app.mirrorManager},       {"time", &app.timeManager},
+        {"todo", &app.todoManager},           {"battery", &app.batteryManager},
+        {"calendar", &app.calendarManager},   {"hud", &app.hudManager},
+        {"fileShelf", &app.fileShelfManager}, {"media", &app.mediaManager}};
+    for (const auto& [name, feature] : features)
+        watches.push_back(
+            feature->isEnabled.observe([this, name = name](bool) { order.emplace_back(name); }));
+    order.clear();
+    launchNormally();
+    EXPECT_EQ(order, (std::vector<std::string>{"media", "fileShelf", "hud", "calendar", "battery",
+                                               "todo", "time", "mirror"}));
+}
+
+TEST_F(AppDelegateTest, TheNotchIsThereBeforeAFeatureStarts) {
+    bool wasThere = false;
+    app.batteryManager.updateTimer =
+        Subscription([&] { wasThere = app.notchWindowController != nullptr; });
+    launchNormally();
+    EXPECT_TRUE(wasThere);
+}
+
+TEST_F(AppDelegateTest, TheStateKnowsTheNotchThatWasFound) {
+    auto screen = platform.screensPort.list.front();
+    screen.safeAreaInsets.top = 37;
+    platform.screensPort.list = {screen};
+    launchNormally();
+    EXPECT_TRUE(app.notchState.hasNotch);
+    EXPECT_EQ(app.notchState.notchSize.get(), (Size{180, 37}));
+    EXPECT_EQ(app.notchState.notchPosition.get(), (Point{666, 945}));
+    EXPECT_EQ(app.notchState.currentScreen.get(), screen);
+}
+
+TEST_F(AppDelegateTest, TheStateKnowsThatTheNotchIsAVirtualOne) {
+    launchNormally();
+    EXPECT_FALSE(app.notchState.hasNotch);
+    EXPECT_EQ(app.notchState.notchSize.get(), (Size{180, 24}));
+}
+
 TEST_F(AppDelegateTest, TheHudIsWiredWithoutANotchState) {
     constexpr AudioDeviceID speakers = 7;
     auto& audio = platform.audioHardwarePort;

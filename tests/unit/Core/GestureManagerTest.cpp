@@ -110,6 +110,81 @@ TEST_F(GestureManagerTest, ADxOf30WithADyOf25CountsAsVertical) {
     EXPECT_EQ(state(), State::expanded);
 }
 
+TEST_F(GestureManagerTest, AStrokeOneAndAHalfTimesAsWideAsHighIsNoSwipeYet) {
+    setState(State::hovering);
+    swipe(30, -20);
+    EXPECT_EQ(commands(), Commands{});
+    EXPECT_EQ(state(), State::collapsed) << "it counts as vertical";
+    setState(State::hovering);
+    swipe(30, -19.9);
+    EXPECT_EQ(commands(), Commands{previous});
+    EXPECT_EQ(state(), State::hovering) << "what is a swipe is nothing else";
+}
+
+TEST_F(GestureManagerTest, ASwipeThatAlsoGoesDownDoesNotOpen) {
+    setState(State::hovering);
+    swipe(-40, 10);
+    EXPECT_EQ(commands(), Commands{nextTrack});
+    EXPECT_EQ(state(), State::hovering);
+}
+
+TEST_F(GestureManagerTest, TheSensitivityOfSwipesActsBetween5And40) {
+    setState(State::hovering);
+    defaults().set("horizontalSwipeSensitivity", 1.0);
+    swipe(5);
+    EXPECT_EQ(commands(), Commands{});
+    swipe(5.1);
+    EXPECT_EQ(commands(), Commands{previous});
+    advance(0.41);
+    defaults().set("horizontalSwipeSensitivity", 100.0);
+    swipe(40);
+    EXPECT_EQ(commands(), Commands{previous});
+    swipe(40.1);
+    EXPECT_EQ(commands(), (Commands{previous, previous}));
+}
+
+TEST_F(GestureManagerTest, TheSensitivityOfScrollingActsUpTo30) {
+    defaults().set("scrollSensitivity", 100.0);
+    setState(State::hovering);
+    scroll(-30);
+    EXPECT_EQ(state(), State::hovering);
+    scroll(-30.1);
+    EXPECT_EQ(state(), State::collapsed);
+}
+
+TEST_F(GestureManagerTest, TheShortestCooldownIsATenthOfASecondAndWeathersThreeTenths) {
+    defaults().set("swipeCooldown", 0.001);
+    open(ActivePanel::media);
+    swipe(-20);
+    advance(0.099);
+    swipe(-20);
+    EXPECT_EQ(commands(), Commands{nextTrack});
+    advance(0.002);
+    swipe(-20);
+    EXPECT_EQ(commands(), (Commands{nextTrack, nextTrack}));
+
+    savePlaces();
+    open(ActivePanel::weather);
+    swipe(-20);
+    advance(0.299);
+    swipe(-20);
+    EXPECT_EQ(place(), 1u);
+    advance(0.002);
+    swipe(-20);
+    EXPECT_EQ(place(), 0u);
+}
+
+TEST_F(GestureManagerTest, ASwipeToTheLeftOverTheWeatherIsTheNextPlaceAndToTheRightThePreviousOne) {
+    app.weatherManager.savedLocations = std::vector<SavedLocation>{
+        {UUID::random(), "Oslo", 59.9, 10.7}, {UUID::random(), "Rome", 41.9, 12.5}};
+    open(ActivePanel::weather);
+    swipe(-20);
+    EXPECT_EQ(place(), 1u);
+    advance(0.61);
+    swipe(20);
+    EXPECT_EQ(place(), 0u);
+}
+
 TEST_F(GestureManagerTest, ASwipeMustExceedTheSensitivity) {
     setState(State::hovering);
     swipe(15);
@@ -172,6 +247,70 @@ TEST_F(GestureManagerTest, ATodoSwipeDoesNothingInTheContentAndChangesThePanelIn
     EXPECT_EQ(panel(), ActivePanel::todo) << "the limit itself belongs to the content";
     swipeTabBar(-20);
     EXPECT_EQ(panel(), ActivePanel::mirror);
+}
+
+TEST_F(GestureManagerTest, TheTabBarsZoneIsTheTop70PointsOfATallerPanelToo) {
+    app.notchState.activePanel = ActivePanel::todo;
+    setState(State::fullExpanded);
+    ASSERT_EQ(window().frame().size.height, 390);
+    auto stroke = event(-20, 0);
+    stroke.locationInWindow.y = 390 - 70;
+    platform.eventMonitorsPort.scroll(stroke);
+    EXPECT_EQ(panel(), ActivePanel::todo);
+    stroke.locationInWindow.y = 390 - 69;
+    platform.eventMonitorsPort.scroll(stroke);
+    EXPECT_EQ(panel(), ActivePanel::mirror);
+}
+
+TEST_F(GestureManagerTest, TheEdgeIsSetBeforeThePanelSoThatItSlidesInFromThere) {
+    open(ActivePanel::media);
+    app.notchState.panelTransitionEdge = Edge::trailing;
+    std::vector<Edge> edges;
+    const auto watch = app.notchState.activePanel.observe([&](auto&) { edges.push_back(edge()); });
+    edges.clear(); // of the present panel
+    swipeTabBar(20);
+    EXPECT_EQ(edges, std::vector{Edge::leading});
+}
+
+TEST_F(GestureManagerTest, APanelChangeDoesNotProlongATrackLockUnderWay) {
+    open(ActivePanel::media);
+    swipe(-20);
+    advance(0.3);
+    swipeTabBar(-20);
+    setState(State::hovering); // where every swipe is the track's
+    advance(0.11);
+    swipe(-20);
+    EXPECT_EQ(commands(), (Commands{nextTrack, nextTrack}));
+}
+
+TEST_F(GestureManagerTest, APanelChangeDoesNotProlongAWeatherLockUnderWay) {
+    savePlaces();
+    open(ActivePanel::weather);
+    swipe(-20);
+    ASSERT_EQ(place(), 1u);
+    advance(0.4);
+    swipeTabBar(-20);
+    app.notchState.activePanel = ActivePanel::weather;
+    advance(0.21);
+    swipe(-20);
+    EXPECT_EQ(place(), 0u);
+}
+
+TEST_F(GestureManagerTest, ASecondSwipeDoesNotRestartTheLockThatStopsIt) {
+    open(ActivePanel::media);
+    swipe(-20);
+    advance(0.3);
+    swipe(-20);
+    advance(0.11);
+    swipe(-20);
+    EXPECT_EQ(commands(), (Commands{nextTrack, nextTrack}));
+    swipeTabBar(-20);
+    ASSERT_EQ(panel(), ActivePanel::fileShelf);
+    advance(0.3);
+    swipeTabBar(-20);
+    advance(0.11);
+    swipeTabBar(-20);
+    EXPECT_EQ(panel(), ActivePanel::calendar);
 }
 
 TEST_F(GestureManagerTest, TheMirrorChangesThePanelFromItsContentToo) {
@@ -291,6 +430,7 @@ TEST_F(GestureManagerTest, ACollapsedNotchIgnoresSwipesAndClosingStrokes) {
     scroll(-40);
     EXPECT_EQ(state(), State::collapsed);
     EXPECT_EQ(commands(), Commands{});
+    EXPECT_EQ(panel(), ActivePanel::media);
 }
 
 } // namespace

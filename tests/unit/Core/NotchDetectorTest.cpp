@@ -54,6 +54,63 @@ TEST_F(NotchDetectorTest, ANotchOf172By37IsMeasuredBetweenTheAuxiliaryAreas) {
     EXPECT_EQ(info.notchPosition, (Point{670, 945}));
 }
 
+TEST_F(NotchDetectorTest, OfTwoNotchedScreensTheFirstOfTheListIsChosen) {
+    const auto first = notched("First", {{0, 0}, {1512, 982}}, 37);
+    const auto second = notched("Second", {{1512, 0}, {1728, 1117}}, 38);
+    connect({first, second}, second);
+    EXPECT_EQ(detect().screen, first);
+    EXPECT_EQ(detect().notchSize.height, 37);
+}
+
+TEST_F(NotchDetectorTest, TheSmallestInsetIsANotch) {
+    const auto screen = notched("Built-in", {{0, 0}, {1512, 982}}, 0.5);
+    connect({screen}, screen);
+    EXPECT_TRUE(detect().hasNotch);
+    EXPECT_EQ(detect().notchSize.height, 0.5);
+}
+
+TEST_F(NotchDetectorTest, OneAuxiliaryAreaAloneMeasuresNothing) {
+    auto screen = notched("Built-in", {{0, 0}, {1512, 982}}, 37);
+    screen.auxiliaryTopRightArea = Rect{{842, 945}, {670, 37}};
+    connect({screen}, screen);
+    EXPECT_EQ(detect().notchSize.width, 180);
+    screen.auxiliaryTopRightArea.reset();
+    screen.auxiliaryTopLeftArea = Rect{{0, 945}, {670, 37}};
+    connect({screen}, screen);
+    EXPECT_EQ(detect().notchSize.width, 180);
+}
+
+TEST_F(NotchDetectorTest, ANotchOnAScreenThatDoesNotBeginAtTheOriginIsAtThatScreensTop) {
+    auto screen = notched("Right and above", {{1920, 98}, {1512, 982}}, 37);
+    screen.auxiliaryTopLeftArea = Rect{{1920, 1043}, {670, 37}};
+    screen.auxiliaryTopRightArea = Rect{{2762, 1043}, {670, 37}};
+    connect({plain("Main", {{0, 0}, {1920, 1080}}), screen}, std::nullopt);
+    EXPECT_EQ(detect().notchSize, (Size{172, 37}));
+    EXPECT_EQ(detect().notchPosition, (Point{2590, 1043}));
+}
+
+TEST_F(NotchDetectorTest, AVirtualNotchOnAScreenLeftOfAndBelowTheOriginIsAtThatScreensTop) {
+    auto screen = plain("Left", {{-1920, -300}, {1920, 1080}});
+    screen.visibleFrame.size.height = 1055;
+    connect({screen}, screen);
+    EXPECT_EQ(detect().notchSize, (Size{180, 25}));
+    EXPECT_EQ(detect().notchPosition, (Point{-1050, 755}));
+}
+
+TEST_F(NotchDetectorTest, AMenuBarOfHalfAPointIsOne) {
+    auto screen = plain("External", {{0, 0}, {1920, 1080}});
+    screen.visibleFrame.size.height = 1079.5;
+    connect({screen}, screen);
+    EXPECT_EQ(detect().notchSize.height, 0.5);
+}
+
+TEST_F(NotchDetectorTest, TheMainScreenTakesAVirtualNotchBeforeTheFirstOfTheList) {
+    const auto first = plain("First", {{0, 0}, {1920, 1080}});
+    const auto main = plain("Main", {{1920, 0}, {1920, 1080}});
+    connect({first, main}, main);
+    EXPECT_EQ(detect().screen, main);
+}
+
 TEST_F(NotchDetectorTest, AnExternalScreenGivesAVirtualNotchAsHighAsItsMenuBar) {
     auto screen = plain("External", {{0, 0}, {1920, 1080}});
     screen.visibleFrame.size.height = 1055;

@@ -2,6 +2,8 @@
 
 #include "Support/AppFixture.h"
 
+#include <set>
+
 namespace orvelle {
 namespace {
 
@@ -154,6 +156,124 @@ TEST_F(NotchWindowControllerTest, AScreenChangeWhileHoveringKeepsHoveringAtTheNe
     EXPECT_EQ(app.notchState.currentScreen.get(), oldState) << "the shared copies stay";
 }
 
+TEST_F(NotchWindowControllerTest, OnAScreenBesideAndAboveTheOriginEveryFrameHangsFromItsTop) {
+    const Screen other{"Other", {{1512, 200}, {1920, 1080}}, {{1512, 200}, {1920, 1056}}, {}, {},
+                       {}};
+    platform.screensPort.list = {other};
+    platform.screensPort.mainScreen = other;
+    platform.screensPort.notifyChanged();
+    runPosted();
+    for (const auto next : {State::collapsed, State::hovering, State::expanded}) {
+        setState(next);
+        EXPECT_EQ(window().frame().midX(), 1512 + 960);
+        EXPECT_EQ(window().frame().maxY(), 1280);
+    }
+}
+
+TEST_F(NotchWindowControllerTest, AShrinkThatAnotherFollowsIsNotLost) {
+    setState(State::expanded);
+    setState(State::hovering);
+    advance(0.1);
+    setState(State::collapsed);
+    advance(0.221); // the first one's delay is over, and finds another state
+    EXPECT_EQ(size(), openSize);
+    EXPECT_FALSE(controller().isAnimatingCollapse());
+    advance(0.1);
+    EXPECT_EQ(size(), collapsedSize);
+}
+
+TEST_F(NotchWindowControllerTest, GrowingAgainEndsAPendingShrinkSoThatThePointerCanHover) {
+    setState(State::expanded);
+    setState(State::hovering);
+    ASSERT_TRUE(controller().isAnimatingCollapse());
+    setState(State::expanded);
+    EXPECT_FALSE(controller().isAnimatingCollapse());
+}
+
+TEST_F(NotchWindowControllerTest, AShrinkInHeightAloneWaitsToo) {
+    setState(State::fullExpanded);
+    setState(State::expanded);
+    EXPECT_TRUE(controller().isAnimatingCollapse());
+    EXPECT_EQ(size().height, 390);
+    advance(0.33);
+    EXPECT_EQ(size(), openSize);
+}
+
+TEST_F(NotchWindowControllerTest, ALossOfExactlyOnePointIsAppliedAtOnce) {
+    for (const auto wider : {Size{1, 0}, Size{0, 1}}) {
+        auto frame = window().frame();
+        frame.size = {collapsedSize.width + wider.width, collapsedSize.height + wider.height};
+        window().setFrame(frame);
+        setState(State::collapsed);
+        EXPECT_EQ(size(), collapsedSize);
+    }
+}
+
+TEST_F(NotchWindowControllerTest, ANotchOfNoWidthIsGivenTheHoverBarOfTheUsualOne) {
+    auto screen = platform.screensPort.list.front();
+    screen.safeAreaInsets.top = 30;
+    screen.auxiliaryTopLeftArea = Rect{{0, 952}, {756, 30}};
+    screen.auxiliaryTopRightArea = Rect{{756, 952}, {756, 30}};
+    platform.screensPort.list = {screen};
+    platform.screensPort.notifyChanged();
+    runPosted();
+    setState(State::hovering);
+    advance(0.33); // narrower than the notch before
+    const std::set<std::string> shown{"battery", "fileShelf", "time"};
+    const auto padding = app.hoverLayoutManager.estimatedHoverWidth(180, shown);
+    EXPECT_EQ(size(), (Size{2 * padding + 16, 66}));
+}
+
+TEST_F(NotchWindowControllerTest, TheFirstFrameIsTheNotchItself) {
+    EXPECT_EQ(window().frame(), (Rect{{666, 958}, {180, 24}}));
+}
+
+TEST_F(NotchWindowControllerTest, ThePointerIsOnThePanelUpTo8PointsBesideItOnEverySide) {
+    const auto stays = [&](Point point) {
+        setState(State::hovering);
+        pointAt(point);
+        window().pointer.exited();
+        advance(0.2);
+        const bool stayed = state() == State::hovering;
+        advance(1); // the window has shrunk
+        return stayed;
+    };
+    setState(State::hovering);
+    const auto frame = window().frame();
+    EXPECT_TRUE(stays({frame.minX() - 7.9, frame.midY()}));
+    EXPECT_FALSE(stays({frame.minX() - 8.1, frame.midY()}));
+    EXPECT_TRUE(stays({frame.maxX() + 7.9, frame.midY()}));
+    EXPECT_FALSE(stays({frame.maxX() + 8.1, frame.midY()}));
+    EXPECT_TRUE(stays({frame.midX(), frame.minY() - 7.9}));
+    EXPECT_FALSE(stays({frame.midX(), frame.minY() - 8.1}));
+}
+
+TEST_F(NotchWindowControllerTest, EnteringAnOpenPanelLeavesItOpen) {
+    setState(State::expanded);
+    window().pointer.entered();
+    EXPECT_EQ(state(), State::expanded);
+}
+
+TEST_F(NotchWindowControllerTest, LeavingTwiceStartsTheDebounceAnew) {
+    hoverAndLeave();
+    advance(0.1);
+    window().pointer.exited();
+    advance(0.1);
+    EXPECT_EQ(state(), State::hovering);
+    advance(0.051);
+    EXPECT_EQ(state(), State::collapsed);
+}
+
+TEST_F(NotchWindowControllerTest, LeavingWhileCollapsedOrOpenStartsNoTimer) {
+    for (const auto present : {State::collapsed, State::expanded}) {
+        setState(present);
+        const auto timers = platform.runLoopPort.timerCount();
+        pointFarAway();
+        window().pointer.exited();
+        EXPECT_EQ(platform.runLoopPort.timerCount(), timers);
+    }
+}
+
 TEST_F(NotchWindowControllerTest, SettingNotesWhileCollapsedChangesNoKeyWindow) {
     app.notchState.activePanel = ActivePanel::notes;
     EXPECT_EQ(window().makeKeyCount, 0);
@@ -175,6 +295,22 @@ TEST_F(NotchWindowControllerTest, OpeningOnATypingPanelTakesTheKeyboard) {
     app.notchState.activePanel = ActivePanel::todo;
     setState(State::expanded);
     EXPECT_TRUE(window().isKey);
+}
+
+TEST_F(NotchWindowControllerTest, AnOpenTypingPanelThatGrowsTallerKeepsTheKeyboard) {
+    app.notchState.activePanel = ActivePanel::notes;
+    setState(State::fullExpanded);
+    EXPECT_TRUE(window().isKey);
+}
+
+TEST_F(NotchWindowControllerTest, HoveringTakesNoKeyboardAndGivesBackOnlyWhatItShrinksFrom) {
+    app.notchState.activePanel = ActivePanel::todo;
+    setState(State::hovering);
+    EXPECT_EQ(window().makeKeyCount, 0);
+    EXPECT_EQ(window().resignKeyCount, 0);
+    setState(State::expanded);
+    setState(State::hovering);
+    EXPECT_FALSE(window().isKey);
 }
 
 TEST_F(NotchWindowControllerTest, GrowsAtOnceAndShrinksAfterTheViews) {
