@@ -30,12 +30,15 @@ class NullViewHost : public ViewHost {
 public:
     int notchContentCount = 0;
     std::function<void()> closePanel; ///< what the last content was given for it
+    std::function<void(const NotchEnvironment&)> notchContentShown;
     NullAppWindow settings;
     NullAppWindow onboarding;
 
     void showNotchContent(PanelWindow&, const NotchEnvironment& environment) override {
         ++notchContentCount;
         closePanel = environment.closePanel;
+        if (notchContentShown)
+            notchContentShown(environment);
     }
     std::unique_ptr<AppWindow> showSettings(const AppWindow::Description& description,
                                             const SettingsEnvironment&,

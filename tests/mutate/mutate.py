@@ -238,13 +238,28 @@ def stamp_of(*folders):
     return digest.hexdigest()
 
 
+def suites_by_folder():
+    """Of each suite the folder of its file below tests/unit, which is that of what it tests."""
+    folders = {}
+    for path in (ROOT / "tests/unit").rglob("*.cpp"):
+        for suite in re.findall(r"(?:TEST(?:_F|_P)?\(|^class )(\w+)", path.read_text(), re.MULTILINE):
+            folders.setdefault(suite, str(path.parent.relative_to(ROOT / "tests/unit")))
+    return folders
+
+
+def nearest(mutant, tests, folders):
+    """Those of the same folder and those that are most about it; and the others."""
+    parts = mutant.file.split("/")[1:-1]
+    own = "/".join(parts[:2] if parts[0] == "Features" else parts[:1])
+    near = [t for t in tests
+            if any(folders.get(part, "") == own for part in t.split(".")[0].split("/"))]
+    near += [t for t in tests[:15] if t not in near]
+    known = set(near)
+    return near, [t for t in tests if t not in known]
+
+
 def is_killed(id, tests, cost):
-    """First the tests that are most about it, then the others."""
-    near, far = tests[:20], tests[20:]
-    for some in (near, far):
-        if some and not run_tests(some, 4 + 10 * sum(cost[t] for t in some), mutant=id):
-            return True
-    return False
+    return bool(tests) and not run_tests(tests, 3 + 10 * sum(cost[t] for t in tests), mutant=id)
 
 
 def report(work, dropped, results, survivors_shown):
@@ -266,7 +281,8 @@ def report(work, dropped, results, survivors_shown):
             survivors.append((mutant, result["result"]))
     if survivors_shown:
         for mutant, result in survivors:
-            note = " (no test reaches it)" if result == "unreached" else ""
+            note = {"unreached": " (no test reaches it)",
+                    "doubtful": " (farther tests still to try)"}.get(result, "")
             print(f"{mutant.file}:{mutant.line}: {mutant.old} -> {mutant.new or 'nothing'}{note}")
     for name in sorted(scores, key=lambda n: (n.count("."), n)):
         killed, tried, all_ = scores[name]
@@ -304,7 +320,9 @@ def main():
     add_mentions(by_mutant, everything, cost)
 
     end = time.monotonic() + arguments.seconds
-    due = []
+    folders = suites_by_folder()
+    by_key = {m.key: m for m in work.mutants}
+    first, second = [], []
     for mutant in work.mutants:
         id = ids[mutant.key]
         known = state.get(mutant.key)
@@ -313,17 +331,27 @@ def main():
         elif id not in by_mutant:
             state[mutant.key] = {"result": "unreached", "tests": stamp}
         elif known is None or known["result"] in ("unreached", "does not compile") \
-                or known["result"] == "lived" and (arguments.retry or known["tests"] != stamp):
-            due.append((known is not None, id, mutant.key))
-    due.sort(key=lambda d: d[0])
-    for count, (_, id, key) in enumerate(due):
+                or known["result"] != "killed" and (arguments.retry or known["tests"] != stamp):
+            first.append((known is not None, id, mutant.key))
+        elif known["result"] == "doubtful":
+            second.append((True, id, mutant.key))
+    first.sort(key=lambda d: d[0])
+    # The tests that are far from a source seldom kill what the near ones do not, and take longer.
+    due = [(False, *d[1:]) for d in first] + [(True, *d[1:]) for d in second]
+    count = 0
+    for is_far, id, key in due:
         if time.monotonic() > end:
             break
-        killed = is_killed(id, by_mutant[id], cost)
-        state[key] = {"result": "killed" if killed else "lived", "tests": stamp}
-        if count % 50 == 49:
+        near, far = nearest(by_key[key], by_mutant[id], folders)
+        killed = is_killed(id, far if is_far else near, cost)
+        lived = "lived" if is_far or not far else "doubtful"
+        state[key] = {"result": "killed" if killed else lived, "tests": stamp}
+        if lived == "doubtful" and not killed:
+            due.append((True, id, key))
+        count += 1
+        if count % 50 == 0:
             STATE.write_text(json.dumps(state))
-            print(f"{count + 1} of {len(due)} tried", file=sys.stderr)
+            print(f"{count} of {len(due)} tried", file=sys.stderr)
     STATE.write_text(json.dumps(state))
     report(work, {id for id, m in enumerate(work.mutants)
                   if state.get(m.key, {}).get("result") == "does not compile"}, state,

@@ -31,7 +31,6 @@ LOGGING = re.compile(r"\blog_?\.(debug|info)\(")
 INDIFFERENT = re.compile(r"\.reserve\(|\.shrink_to_fit\(")
 FUNCTIONS = (K.FUNCTION_DECL, K.CXX_METHOD, K.CONSTRUCTOR, K.CONVERSION_FUNCTION,
              K.FUNCTION_TEMPLATE)
-CALLS = (K.CALL_EXPR, K.UNEXPOSED_EXPR)
 
 
 @dataclasses.dataclass
@@ -270,7 +269,7 @@ class Schemata:
         old = self.source(file, start, end)
         if not re.fullmatch(r"true|false|[\d.'xXa-fA-FeE+-]+[uUlLfF]*", old):
             return
-        parent = parents[-1] if parents else None
+        parent = next((p for p in reversed(parents) if p.kind != K.UNEXPOSED_EXPR), None)
         if parent is not None:
             if parent.kind in (K.DECL_REF_EXPR, K.MEMBER_REF_EXPR, K.TYPE_REF, K.TEMPLATE_REF,
                                K.CLASS_TEMPLATE, K.FUNCTION_TEMPLATE, K.TEMPLATE_NON_TYPE_PARAMETER):
@@ -440,12 +439,24 @@ class Schemata:
         row = []
         for kid in [*kids, None]:
             fits = kid is not None and self.is_plain_statement(kid, file)
-            if fits and (not row or row[-1].kind in CALLS or kid.kind in CALLS):
+            if fits and (not row or self.is_call(row[-1]) or self.is_call(kid)):
                 row.append(kid)
                 continue
             if len(row) > 1:
                 self.reorder(row, file)
             row = [kid] if fits else []
+
+    def is_call(self, cursor):
+        """Of something of the program's own: what the library is asked for has no onlookers."""
+        while cursor.kind == K.UNEXPOSED_EXPR:
+            kids = list(cursor.get_children())
+            if len(kids) != 1:
+                return True
+            cursor = kids[0]
+        if cursor.kind != K.CALL_EXPR:
+            return False
+        callee = cursor.referenced
+        return callee is None or callee.spelling == "operator()" or self.file_of(callee) is not None
 
     def reorder(self, row, file):
         ids = []

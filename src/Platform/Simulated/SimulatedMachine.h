@@ -39,6 +39,7 @@ private:
 class SimulatedApplication : public Application {
 public:
     std::vector<ActivationPolicy> policies;
+    std::function<void(ActivationPolicy)> policyChanged;
     std::vector<Alert> alerts;
     /// Answers an alert; without one the last button is pressed.
     std::function<std::size_t(const Alert&)> answer;
@@ -47,7 +48,11 @@ public:
     OperatingSystemVersion operatingSystemVersion() const override { return {12, 5, 0}; }
     std::string operatingSystemVersionString() const override { return "Simulated 12.5"; }
     std::string architecture() const override { return "x86_64"; }
-    void setActivationPolicy(ActivationPolicy policy) override { policies.push_back(policy); }
+    void setActivationPolicy(ActivationPolicy policy) override {
+        policies.push_back(policy);
+        if (policyChanged)
+            policyChanged(policy);
+    }
     std::size_t runModal(const Alert& alert) override {
         alerts.push_back(alert);
         return answer ? answer(alert) : alert.buttons.size() - 1;

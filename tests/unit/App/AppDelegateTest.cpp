@@ -357,6 +357,8 @@ TEST_F(AppDelegateTest, TerminationEndsEveryTimerOfAFeature) {
     defaults().set("systemMonitorEnabled", true);
     launchNormally();
     EXPECT_GT(featureTimers(), 0u);
+    app.systemMonitorManager.previousCPUInfo = ProcessorTicks{};
+    app.systemMonitorManager.previousNetworkBytes = NetworkBytes{};
     app.applicationWillTerminate();
     EXPECT_EQ(featureTimers(), 0u);
     EXPECT_EQ(app.systemMonitorManager.previousCPUInfo, std::nullopt);
@@ -465,6 +467,90 @@ TEST_F(AppDelegateTest, TheStateKnowsTheNotchThatWasFound) {
     EXPECT_EQ(app.notchState.currentScreen.get(), screen);
 }
 
+TEST_F(AppDelegateTest, TheViewsFindTheNotchInTheStateWhenTheyAreShown) {
+    std::optional<Screen> screen;
+    Size size;
+    views.notchContentShown = [&](const NotchEnvironment& environment) {
+        screen = environment.notchState.currentScreen;
+        size = environment.notchState.notchSize;
+    };
+    launchNormally();
+    EXPECT_EQ(screen, platform.screensPort.mainScreen);
+    EXPECT_EQ(size, (Size{180, 24}));
+}
+
+TEST_F(AppDelegateTest, TheStatusItemIsThereBeforeTheProcessBecomesAnAccessory) {
+    int items = 0;
+    platform.applicationPort.policyChanged = [&](auto) {
+        items = platform.statusBarPort.itemCount;
+    };
+    launchNormally();
+    EXPECT_EQ(items, 1);
+}
+
+TEST_F(AppDelegateTest, AWindowIsThereBeforeTheProcessComesToTheForegroundAndGoneBeforeItLeaves) {
+    launchNormally();
+    std::vector<std::pair<ActivationPolicy, bool>> seen;
+    platform.applicationPort.policyChanged = [&](ActivationPolicy policy) {
+        seen.emplace_back(policy, app.settingsWindow || app.onboardingWindow);
+    };
+    app.openSettings();
+    views.settings.close();
+    app.runSetupWizard();
+    views.onboarding.close();
+    app.runSetupWizard();
+    views.onboarding.onComplete();
+    const std::pair<ActivationPolicy, bool> come{regular, true};
+    const std::pair<ActivationPolicy, bool> go{accessory, false};
+    EXPECT_EQ(seen, (std::vector{come, go, come, go, come, go}));
+}
+
+TEST_F(AppDelegateTest, TheWizardThatIsRunAgainIsDueUntilItIsFinished) {
+    launchNormally();
+    std::optional<bool> completed;
+    platform.applicationPort.policyChanged = [&](ActivationPolicy) {
+        completed = defaults().storedBoolean("hasCompletedOnboarding");
+    };
+    app.runSetupWizard();
+    EXPECT_EQ(completed, false);
+}
+
+TEST_F(AppDelegateTest, TheAlertIsLoggedBeforeItWaitsForAnAnswer) {
+    defaults().set("requireRealNotch", true);
+    bool wasLogged = false;
+    platform.applicationPort.answer = [&](const Alert&) {
+        wasLogged = platform.logPort.contains(
+            "No screen available — cannot create notch window. Showing alert.");
+        return std::size_t{1};
+    };
+    launchNormally();
+    EXPECT_TRUE(wasLogged);
+}
+
+TEST_F(AppDelegateTest, ASuccessfulRetryObeysTheSwitchesBeforeItStartsAnything) {
+    defaults().set("batteryEnabled", false);
+    defaults().set("requireRealNotch", true);
+    platform.applicationPort.answer = [&](const Alert&) {
+        defaults().set("requireRealNotch", false);
+        return std::size_t{0};
+    };
+    int assignments = -1; // the first delivery is the present value
+    const auto watch = app.batteryManager.isEnabled.observe([&](bool) { ++assignments; });
+    launchNormally();
+    EXPECT_EQ(assignments, 2) << "once after the retry, once as after every launch";
+    EXPECT_EQ(platform.powerSourcesPort.snapshotCount, 0);
+}
+
+TEST_F(AppDelegateTest, TheSwitchesAreObeyedBeforeAnythingStarts) {
+    defaults().set("batteryEnabled", false);
+    bool hadNotch = false;
+    const auto watch = app.batteryManager.isEnabled.observe(
+        [&](bool) { hadNotch = app.notchWindowController != nullptr; });
+    launchNormally();
+    EXPECT_EQ(platform.powerSourcesPort.snapshotCount, 0);
+    EXPECT_TRUE(hadNotch) << "and after the notch is there";
+}
+
 TEST_F(AppDelegateTest, TheStateKnowsThatTheNotchIsAVirtualOne) {
     launchNormally();
     EXPECT_FALSE(app.notchState.hasNotch);
@@ -515,6 +601,38 @@ TEST_F(AppDelegateTest, AnotherStartShowsThePanelWithTheKeyboardInIt) {
     EXPECT_TRUE(window().isKey);
     setState(NotchExpandedState::collapsed);
     EXPECT_FALSE(window().isKey);
+}
+
+TEST_F(AppDelegateTest, AnotherStartOpensTheCollapsedNotch) {
+    launchNormally();
+    app.reopen();
+    EXPECT_EQ(state(), NotchExpandedState::expanded);
+    EXPECT_TRUE(window().isKey);
+}
+
+TEST_F(AppDelegateTest, AnotherStartWhileTheWizardRunsAgainOpensThePanel) {
+    launchNormally();
+    app.runSetupWizard();
+    app.reopen();
+    EXPECT_EQ(state(), NotchExpandedState::expanded);
+    EXPECT_EQ(views.onboarding.frontCount, 0);
+}
+
+TEST_F(AppDelegateTest, AnotherStartGivesNoKeyboardToAWindowThatIsNotShown) {
+    launchNormally();
+    defaults().set("requireRealNotch", true);
+    runPosted();
+    ASSERT_FALSE(notchIsShown());
+    app.reopen();
+    EXPECT_FALSE(window().isKey);
+}
+
+TEST_F(AppDelegateTest, AnotherStartWithoutANotchDoesNoHarm) {
+    defaults().set("requireRealNotch", true);
+    platform.applicationPort.answer = [](const Alert&) { return std::size_t{1}; };
+    launchNormally();
+    app.reopen();
+    EXPECT_EQ(app.notchWindowController, nullptr);
 }
 
 TEST_F(AppDelegateTest, AnotherStartDuringTheFirstWizardBringsThatToTheFront) {

@@ -20,6 +20,19 @@ TEST(CommandLine, HelpAndVersionWinOverWhatStandsBeforeThem) {
     EXPECT_EQ(CommandLine::parse({"--version"}).action, Action::version);
 }
 
+TEST(CommandLine, ADemonstrationRunsWithoutATour) {
+    const auto line = CommandLine::parse({"--demo"});
+    EXPECT_EQ(line.action, Action::run);
+    EXPECT_TRUE(line.isDemo);
+    EXPECT_EQ(line.tourDirectory, std::nullopt);
+}
+
+TEST(CommandLine, WhatFollowsATourIsReadOn) {
+    const auto line = CommandLine::parse({"--demo", "--tour", "pictures", "--version"});
+    EXPECT_EQ(line.action, Action::version);
+    EXPECT_EQ(CommandLine::parse({"--tour", "a", "b"}).complaint, "unknown option: b");
+}
+
 TEST(CommandLine, ATourIsADemonstration) {
     const auto line = CommandLine::parse({"--tour", "pictures"});
     EXPECT_EQ(line.action, Action::run);

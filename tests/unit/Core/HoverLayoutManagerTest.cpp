@@ -147,6 +147,63 @@ TEST_F(HoverLayoutManagerTest, ABottomRowWiderThanTheWingsSetsThePadding) {
               (282.0 + 28 - 180 - 16) / 2);
 }
 
+TEST_F(HoverLayoutManagerTest, ABottomRowALittleWiderThanTheBarSetsThePadding) {
+    // time 55, pomodoro 50, mirror 30, fileShelf 35: 170 + 4 * 8 + 3 * 10 = 232, and 28 of margin;
+    // wings of 24 make a bar of 244
+    manager.toggleVisibility("fileShelf");
+    EXPECT_EQ(manager.estimatedHoverWidth(180, {"time", "pomodoro", "mirror", "fileShelf"}),
+              (232.0 + 28 - 180 - 16) / 2);
+}
+
+TEST_F(HoverLayoutManagerTest, WidgetsOfTheLeftWingStandCloserThanThoseOfTheRight) {
+    manager.changeZone("battery", Position::leftWing);
+    EXPECT_EQ(manager.estimatedHoverWidth(100, {"media", "battery"}), 80 + 50 + 2 * 8 + 4 + 20);
+    manager.changeZone("media", Position::rightWing);
+    manager.changeZone("battery", Position::rightWing);
+    EXPECT_EQ(manager.estimatedHoverWidth(100, {"media", "battery"}), 80 + 50 + 2 * 8 + 8 + 20);
+}
+
+TEST_F(HoverLayoutManagerTest, TwoModulesHaveOneGapAndOneHasNone) {
+    switchModules(false);
+    manager.changeZone("systemStats", Position::leftWing);
+    platform.userDefaultsPort.set("sysMonNetwork", true);
+    EXPECT_EQ(manager.estimatedHoverWidth(180, {"systemStats"}), 38 + 8 + 20);
+    platform.userDefaultsPort.set("sysMonCPU", true);
+    EXPECT_EQ(manager.estimatedHoverWidth(180, {"systemStats"}), 38 + 22 + 5 + 8 + 20);
+}
+
+TEST_F(HoverLayoutManagerTest, MovingTheFirstOutMakesTheNextTheFirst) {
+    manager.changeZone("fileShelf", Position::leftWing);
+    EXPECT_EQ(orders(Position::bottomRow), (std::vector<std::int64_t>{0, 1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(placement("time").sortOrder, 0);
+}
+
+TEST_F(HoverLayoutManagerTest, MovingOutKeepsTheOrderOfThoseThatStay) {
+    manager.reorderWidgets(Position::bottomRow, {7}, 0); // mirror in front
+    setOrder("notes", Position::bottomRow, 3);           // beside pomodoro, which comes first
+    setOrder("pomodoro", Position::bottomRow, 3);
+    manager.changeZone("fileShelf", Position::leftWing);
+    Ids ids;
+    for (const auto& row : manager.allWidgetsFor(Position::bottomRow))
+        ids.push_back(row.id);
+    EXPECT_EQ(ids, (Ids{"mirror", "time", "pomodoro", "notes", "systemStats", "calendar",
+                        "stockTicker"}));
+    EXPECT_EQ(orders(Position::bottomRow), (std::vector<std::int64_t>{0, 1, 2, 3, 4, 5, 6}));
+}
+
+TEST_F(HoverLayoutManagerTest, EveryChangeIsStoredAsItIsShown) {
+    const auto stored = [&] { return HoverLayoutManager(platform).placements.get(); };
+    manager.toggleVisibility("media");
+    EXPECT_EQ(stored(), manager.placements.get());
+    manager.changeZone("media", Position::bottomRow);
+    EXPECT_EQ(stored(), manager.placements.get());
+    manager.reorderWidgets(Position::bottomRow, {0}, 3);
+    EXPECT_EQ(stored(), manager.placements.get());
+    manager.resetToDefaults();
+    EXPECT_EQ(manager.placements.get(), HoverLayoutManager::defaultPlacements());
+    EXPECT_EQ(stored(), HoverLayoutManager::defaultPlacements());
+}
+
 TEST_F(HoverLayoutManagerTest, AMergedWidgetStandsBehindTheStoredOneOfEqualOrder) {
     store(R"([{"id":"mirror","zone":"rightWing","sortOrder":0,"isVisible":true},)"
           R"({"id":"clipboard","zone":"leftWing","sortOrder":0,"isVisible":true}])");
