@@ -358,7 +358,7 @@ TEST_F(AppDelegateTest, TerminationEndsEveryTimerOfAFeature) {
     launchNormally();
     EXPECT_GT(featureTimers(), 0u);
     app.systemMonitorManager.previousCPUInfo = ProcessorTicks{};
-    app.systemMonitorManager.previousNetworkBytes = NetworkBytes{};
+    app.systemMonitorManager.previousNetworkBytes = SystemMonitorManager::NetworkBytes{};
     app.applicationWillTerminate();
     EXPECT_EQ(featureTimers(), 0u);
     EXPECT_EQ(app.systemMonitorManager.previousCPUInfo, std::nullopt);
@@ -409,7 +409,7 @@ protected:
             {"calendar", &app.calendarManager.notificationObserver},
             {"fileShelf", &app.fileShelfManager.cleanupTimer}};
         for (const auto& [name, timer] : timers)
-            *timer = Subscription([this, name = name] { order.emplace_back(name); });
+            *timer = Subscription([this, own = name] { order.emplace_back(own); });
         order.clear();
     }
     const std::vector<std::string> inOrder{"fileShelf",     "calendar", "battery",     "clipboard",
@@ -441,7 +441,7 @@ TEST_F(FeatureOrder, IsThatOfTheSwitchesToo) {
         {"fileShelf", &app.fileShelfManager}, {"media", &app.mediaManager}};
     for (const auto& [name, feature] : features)
         watches.push_back(
-            feature->isEnabled.observe([this, name = name](bool) { order.emplace_back(name); }));
+            feature->isEnabled.observe([this, own = name](bool) { order.emplace_back(own); }));
     order.clear();
     launchNormally();
     EXPECT_EQ(order, (std::vector<std::string>{"media", "fileShelf", "hud", "calendar", "battery",
