@@ -439,12 +439,34 @@ class Schemata:
         row = []
         for kid in [*kids, None]:
             fits = kid is not None and self.is_plain_statement(kid, file)
-            if fits and (not row or self.is_call(row[-1]) or self.is_call(kid)):
+            if fits and (not row or self.may_matter(row[-1], kid, file)):
                 row.append(kid)
                 continue
             if len(row) > 1:
                 self.reorder(row, file)
             row = [kid] if fits else []
+
+    def may_matter(self, first, second, file):
+        """Two assignments: where somebody may look at the one object between them."""
+        if not self.is_call(first) and not self.is_call(second):
+            return False
+        roots = [self.assigned(kid, file) for kid in (first, second)]
+        return None in roots or (roots[0] == roots[1] and roots[0] != "")
+
+    def assigned(self, cursor, file):
+        """The object whose part an assignment changes; "" for a local one; None for other statements."""
+        start, end = self.span(cursor)
+        match = re.match(r"([\w()]+?)(?:\(\))?((?:\.|->)\w+)*\s*=[^=]", self.source(file, start, end))
+        if not match:
+            return None
+        while True:
+            kids = list(cursor.get_children())
+            if not kids:
+                break
+            cursor = kids[0]
+        local = cursor.kind == K.DECL_REF_EXPR and cursor.referenced is not None \
+            and cursor.referenced.kind == K.VAR_DECL
+        return "" if local else match.group(1)
 
     def is_call(self, cursor):
         """Of something of the program's own: what the library is asked for has no onlookers."""

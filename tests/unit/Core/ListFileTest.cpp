@@ -97,6 +97,13 @@ TEST_F(ListFileTest, AFileThatCannotBeKeptAsideIsNotOverwritten) {
     EXPECT_EQ(disk().files.at(numbersPath), "[2]");
 }
 
+TEST_F(ListFileTest, AFileOfMoreThan64MegabytesIsNotRead) {
+    disk().files[numbersPath] = "[1]" + std::string((std::size_t{64} << 20) - 2, ' ');
+    EXPECT_EQ(load().problem, "it is larger than 64 MB");
+    disk().files[numbersPath].pop_back();
+    EXPECT_EQ(load().records, std::vector<std::int64_t>{1});
+}
+
 TEST_F(ListFileTest, AnEmptyFileIsNoList) {
     disk().files[numbersPath] = "";
     EXPECT_NE(load().problem, "");

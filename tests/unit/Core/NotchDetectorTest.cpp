@@ -150,6 +150,20 @@ TEST_F(NotchDetectorTest, WithoutAMainScreenTheFirstOfTheListIsUsed) {
     EXPECT_EQ(detect().screen, first);
 }
 
+TEST_F(NotchDetectorTest, EveryScreenIsLogged) {
+    const auto first = plain("First", {{0, 0}, {1920, 1080}});
+    connect({first, notched("Second", {{1920, 0}, {1512, 982}}, 37)}, first);
+    detect();
+    for (const char* line :
+         {"Detecting notch — 2 screen(s) connected",
+          "  Screen 0: First, frame={{0, 0}, {1920, 1080}}, safeAreaInsets.top=0.000000, "
+          "hasNotch=false",
+          "  Screen 1: Second, frame={{1920, 0}, {1512, 982}}, safeAreaInsets.top=37.000000, "
+          "hasNotch=true",
+          "Physical notch found on Second: 180.000000x37.000000"})
+        EXPECT_TRUE(platform.logPort.contains(line)) << line;
+}
+
 TEST_F(NotchDetectorTest, NoScreenAtAllIsLoggedAsAnError) {
     connect({}, std::nullopt);
     EXPECT_EQ(detect(), NotchScreenInfo{});

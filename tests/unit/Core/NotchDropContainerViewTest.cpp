@@ -53,6 +53,23 @@ TEST_F(DragOverTheNotch, TurnsAnOpenCalendarToTheShelfWhichStaysAfterTheDragLeav
     EXPECT_FALSE(notch().isDragSessionActive);
 }
 
+TEST_F(DragOverTheNotch, ADragThatHasLeftClosesNothingThatWasOpenedSince) {
+    target().draggingEntered();
+    target().draggingExited();
+    setState(State::expanded);
+    target().draggingEntered();
+    target().draggingExited();
+    EXPECT_EQ(state(), State::expanded);
+}
+
+TEST_F(DragOverTheNotch, TheSessionIsUnderWayWhenTheShelfComesUp) {
+    bool wasActive = false;
+    const auto watch =
+        notch().activePanel.observe([&](ActivePanel) { wasActive = notch().isDragSessionActive; });
+    target().draggingEntered();
+    EXPECT_TRUE(wasActive);
+}
+
 TEST_F(DragOverTheNotch, ADropOfThreeFilesAddsThreeInTheirOrderAndThePanelStaysOpen) {
     target().draggingEntered();
     EXPECT_TRUE(target().prepareForDragOperation());

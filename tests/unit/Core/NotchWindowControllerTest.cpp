@@ -264,6 +264,14 @@ TEST_F(NotchWindowControllerTest, LeavingTwiceStartsTheDebounceAnew) {
     EXPECT_EQ(state(), State::collapsed);
 }
 
+TEST_F(NotchWindowControllerTest, LeavingAgainDuringADragEndsAWaitingCollapse) {
+    hoverAndLeave();
+    app.notchState.isDragSessionActive = true;
+    window().pointer.exited();
+    advance(2);
+    EXPECT_EQ(state(), State::hovering);
+}
+
 TEST_F(NotchWindowControllerTest, LeavingWhileCollapsedOrOpenStartsNoTimer) {
     for (const auto present : {State::collapsed, State::expanded}) {
         setState(present);

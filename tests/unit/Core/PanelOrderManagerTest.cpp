@@ -136,6 +136,18 @@ TEST_F(PanelOrderManagerTest, ALayoutThatDoesNotDecodeGivesTheDefaultAndStaysSto
     }
 }
 
+TEST_F(PanelOrderManagerTest, EveryChangeIsStoredAsItIsShown) {
+    PanelOrderManager manager(platform);
+    const auto reloaded = [&] { return PanelOrderManager(platform).panelOrder.get(); };
+    manager.reorder({0}, 13);
+    EXPECT_EQ(reloaded(), manager.panelOrder.get());
+    EXPECT_NE(reloaded(), PanelOrderManager::defaultOrder());
+    manager.toggleVisibility("todo");
+    EXPECT_EQ(reloaded(), manager.panelOrder.get());
+    manager.resetToDefaults();
+    EXPECT_EQ(reloaded(), PanelOrderManager::defaultOrder());
+}
+
 TEST_F(PanelOrderManagerTest, ResetWritesTheDefaultOrder) {
     PanelOrderManager manager(platform);
     manager.reorder({0}, 13);

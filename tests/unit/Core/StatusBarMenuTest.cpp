@@ -95,6 +95,23 @@ TEST_F(StatusBarMenuTest, TheLinesFollowTheMetrics) {
     EXPECT_EQ(systemInfo().back()->symbol.get(), app.batteryManager.batteryIcon());
 }
 
+TEST_F(StatusBarMenuTest, EachLineIsOfItsKind) {
+    using Kind = MenuItem::Kind;
+    app.applicationDidFinishLaunching();
+    EXPECT_EQ(menu().at(0)->kind, Kind::command);
+    EXPECT_EQ(menu().at(2)->kind, Kind::submenu);
+    for (const auto& item : systemInfo())
+        EXPECT_EQ(item->kind, item->title->empty() ? Kind::separator : Kind::text);
+}
+
+TEST_F(StatusBarMenuTest, TheBatterysSymbolFollowsItsCharge) {
+    app.applicationDidFinishLaunching();
+    app.batteryManager.batteryLevel = 10;
+    publish({});
+    EXPECT_EQ(systemInfo().back()->symbol.get(), app.batteryManager.batteryIcon());
+    EXPECT_NE(systemInfo().back()->symbol.get(), "battery.100");
+}
+
 TEST_F(StatusBarMenuTest, AMachineWithoutABatteryIsOnItsPlug) {
     app.applicationDidFinishLaunching();
     app.batteryManager.hasBattery = false;

@@ -45,6 +45,26 @@ TEST(ClipboardContentTypeTest, ATextThatIsNoAddressIsNoUrlForItsSlashes) {
     EXPECT_EQ(detectContentType("https://host.example/한국"), Type::url);
 }
 
+TEST(ClipboardContentTypeTest, EveryEscapeOfAnAddressIsAPercentSignAndTwoHexDigits) {
+    for (const char* text : {"https://host.example/a%20b", "https://host.example/%41%fF%09",
+                             "https://host.example/%aA", "https://%46ost.example"})
+        EXPECT_EQ(detectContentType(text), Type::url) << text;
+    for (const char* text :
+         {"https://host.example/%2", "https://host.example/%", "https://host.example/%2g",
+          "https://host.example/%g2", "https://host.example/%20%zz", "https://host.example/%/0",
+          "https://host.example/%:0", "https://host.example/%@0", "https://host.example/%G0",
+          "https://host.example/%`0", "https://host.example/%0%"})
+        EXPECT_EQ(detectContentType(text), Type::text) << text;
+}
+
+TEST(ClipboardContentTypeTest, BlanksControlsAndBracketsStandInNoAddress) {
+    for (const char* text : {"a://b\tc", "a://b\x7f", "a://<b>", "a://b\"", "a://b^", "a://b`",
+                             "a://b|c", "a://b\\c", "a://b\x1f"})
+        EXPECT_EQ(detectContentType(text), Type::text) << text;
+    EXPECT_EQ(detectContentType("a://b!~"), Type::url);
+    EXPECT_EQ(detectContentType("a://b#"), Type::url) << "an empty fragment is one";
+}
+
 TEST(ClipboardContentTypeTest, SignsOfSourceCodeCountAnywhere) {
     for (const char* text : {"a {", "func main", "a class act", "import x", "var y"})
         EXPECT_EQ(detectContentType(text), Type::code) << text;

@@ -86,6 +86,31 @@ TEST_F(AppearanceSettingsViewTest, TheMulticolorModeExplainsItself) {
                                            "phase for pomodoro, and more.");
 }
 
+TEST_F(AppearanceSettingsViewTest, ResetPutsTheWholePageBackToItsDefaults) {
+    const std::vector<std::pair<const char*, DefaultsValue>> expected{
+        {"animationSpeed", std::string("normal")},
+        {"showMediaInHover", true},
+        {"showBatteryInHover", true},
+        {"showWeatherInHover", true},
+        {"showCalendarInHover", true},
+        {"showPomodoroInHover", true},
+        {"showSystemStatsInHover", false},
+        {"themeMode", std::string("system")},
+        {"customAccentHue", 0.6},
+        {"customAccentSaturation", 0.8},
+        {"pomodoroTimerStyle", std::string("ring")}};
+    for (const auto& [key, value] : expected)
+        defaults().set(key, DefaultsValue(std::string("else")));
+    defaults().set("weatherEnabled", true);
+    page.press("themeMode");
+    EXPECT_EQ(defaults().object("themeMode"), DefaultsValue(std::string("else")))
+        << "only its button resets";
+    page.press("resetDefaults");
+    for (const auto& [key, value] : expected)
+        EXPECT_EQ(defaults().object(key), value) << key;
+    EXPECT_EQ(defaults().storedBoolean("weatherEnabled"), true) << "of another page";
+}
+
 TEST_F(AppearanceSettingsViewTest, TheSwitchesWriteTheirSettings) {
     for (const auto* id : {"showMediaInHover", "showBatteryInHover", "showWeatherInHover",
                            "showCalendarInHover", "showPomodoroInHover"}) {

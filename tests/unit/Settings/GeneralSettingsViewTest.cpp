@@ -163,6 +163,26 @@ TEST_F(GeneralSettingsViewTest, ReportABugWritesAMail) {
     EXPECT_TRUE(platform.workspacePort.opened[0].starts_with("mailto:"));
 }
 
+TEST_F(GeneralSettingsViewTest, ResetPutsEachOfItsSettingsBack) {
+    const std::vector<std::pair<const char*, DefaultsValue>> expected{
+        {"launchAtLogin", false},
+        {"showInMenuBar", true},
+        {"hoverActivationDelay", 0.3},
+        {"scrollSensitivity", 5.0},
+        {"horizontalSwipeSensitivity", 15.0},
+        {"collapseDebounceInterval", 0.4},
+        {"swipeCooldown", 0.4},
+        {"reverseScrollDirection", false},
+        {"requireRealNotch", false}};
+    page.flip("launchAtLogin", true);
+    for (const auto& [key, value] : expected)
+        defaults().set(key, DefaultsValue(std::string("else")));
+    page.press("resetDefaults");
+    for (const auto& [key, value] : expected)
+        EXPECT_EQ(defaults().object(key), value) << key;
+    EXPECT_FALSE(platform.loginItemPort.isEnrolled);
+}
+
 TEST_F(GeneralSettingsViewTest, ResetAllSettingsDoesNotTouchPanelsOrWidgets) {
     app.panelOrderManager.toggleVisibility("media");
     app.hoverLayoutManager.toggleVisibility("media");

@@ -110,5 +110,14 @@ TEST_F(SettingsTest, ABindingFallsBackToItsDefaultForWhatIsNoBooleanOrNumber) {
     EXPECT_EQ(hue.get(), 1);
 }
 
+TEST(SettingsRowKind, TitlesFootnotesAndTheAboutRowEndAGroup) {
+    using Kind = SettingsRow::Kind;
+    for (const auto kind : {Kind::title, Kind::footnote, Kind::about})
+        EXPECT_TRUE(endsGroup(kind));
+    for (const auto kind : {Kind::text, Kind::toggle, Kind::slider, Kind::picker, Kind::segments,
+                            Kind::swatch, Kind::action, Kind::place, Kind::found, Kind::search})
+        EXPECT_FALSE(endsGroup(kind));
+}
+
 } // namespace
 } // namespace orvelle

@@ -50,6 +50,40 @@ TEST_F(PomodoroViewsTest, TheStyleIsRingUntilChosenAndDigitalForAnUnknownText) {
     EXPECT_EQ(view.style(), PomodoroTimerStyle::digital);
 }
 
+TEST_F(PomodoroViewsTest, TheButtonPlaysAndPauses) {
+    EXPECT_EQ(view.playButton().name, "play.fill");
+    view.togglePlaying();
+    EXPECT_TRUE(manager.state->isRunning);
+    EXPECT_EQ(view.playButton().name, "pause.fill");
+    platform.runLoopPort.advance(60);
+    view.togglePlaying();
+    EXPECT_FALSE(manager.state->isRunning);
+    EXPECT_EQ(manager.state->timeRemaining, 24 * 60) << "a pause keeps what was left";
+}
+
+TEST_F(PomodoroViewsTest, ResetGoesBackToTheVeryBeginning) {
+    view.togglePlaying();
+    manager.state.update([](auto& state) { state.sessionsCompleted = 3; });
+    view.reset();
+    EXPECT_EQ(manager.state.get(), PomodoroState{});
+    EXPECT_FALSE(manager.timer);
+}
+
+TEST_F(PomodoroViewsTest, SkipLeadsOnWithoutCountingTheSession) {
+    view.togglePlaying();
+    view.skip();
+    EXPECT_EQ(manager.state->phase, PomodoroPhase::shortBreak);
+    EXPECT_EQ(manager.state->sessionsCompleted, 0);
+    EXPECT_FALSE(manager.state->isRunning);
+    EXPECT_TRUE(platform.userNotificationsPort.requests.empty());
+}
+
+TEST_F(PomodoroViewsTest, TheButtonsAreDrawnInTheirSizes) {
+    EXPECT_EQ(view.resetButton().size, 14);
+    EXPECT_EQ(view.playButton().size, 20);
+    EXPECT_EQ(view.skipButton().size, 14);
+}
+
 TEST_F(PomodoroViewsTest, TheMenuListsTheStylesAndMarksTheCurrentOne) {
     const auto menu = view.contextMenu();
     ASSERT_EQ(menu.size(), 4u);
