@@ -96,12 +96,12 @@ TEST_F(StatusBarMenuTest, TheLinesFollowTheMetrics) {
 }
 
 TEST_F(StatusBarMenuTest, EachLineIsOfItsKind) {
-    using Kind = MenuItem::Kind;
+    using ItemKind = MenuItem::Kind;
     app.applicationDidFinishLaunching();
-    EXPECT_EQ(menu().at(0)->kind, Kind::command);
-    EXPECT_EQ(menu().at(2)->kind, Kind::submenu);
+    EXPECT_EQ(menu().at(0)->kind, ItemKind::command);
+    EXPECT_EQ(menu().at(2)->kind, ItemKind::submenu);
     for (const auto& item : systemInfo())
-        EXPECT_EQ(item->kind, item->title->empty() ? Kind::separator : Kind::text);
+        EXPECT_EQ(item->kind, item->title->empty() ? ItemKind::separator : ItemKind::text);
 }
 
 TEST_F(StatusBarMenuTest, TheBatterysSymbolFollowsItsCharge) {

@@ -52,8 +52,8 @@ TEST(ClipboardContentTypeTest, EveryEscapeOfAnAddressIsAPercentSignAndTwoHexDigi
     for (const char* text :
          {"https://host.example/%2", "https://host.example/%", "https://host.example/%2g",
           "https://host.example/%g2", "https://host.example/%20%zz", "https://host.example/%/0",
-          "https://host.example/%:0", "https://host.example/%@0", "https://host.example/%G0",
-          "https://host.example/%`0", "https://host.example/%0%"})
+          "https://host.example/%:0", "https://host.example/%G0", "https://host.example/%`0",
+          "https://host.example/%0%"})
         EXPECT_EQ(detectContentType(text), Type::text) << text;
 }
 

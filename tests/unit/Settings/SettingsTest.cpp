@@ -111,11 +111,12 @@ TEST_F(SettingsTest, ABindingFallsBackToItsDefaultForWhatIsNoBooleanOrNumber) {
 }
 
 TEST(SettingsRowKind, TitlesFootnotesAndTheAboutRowEndAGroup) {
-    using Kind = SettingsRow::Kind;
-    for (const auto kind : {Kind::title, Kind::footnote, Kind::about})
+    using RowKind = SettingsRow::Kind;
+    for (const auto kind : {RowKind::title, RowKind::footnote, RowKind::about})
         EXPECT_TRUE(endsGroup(kind));
-    for (const auto kind : {Kind::text, Kind::toggle, Kind::slider, Kind::picker, Kind::segments,
-                            Kind::swatch, Kind::action, Kind::place, Kind::found, Kind::search})
+    for (const auto kind :
+         {RowKind::text, RowKind::toggle, RowKind::slider, RowKind::picker, RowKind::segments,
+          RowKind::swatch, RowKind::action, RowKind::place, RowKind::found, RowKind::search})
         EXPECT_FALSE(endsGroup(kind));
 }
 

@@ -1,6 +1,9 @@
 #include "Features/Calendar/CalendarExpandedView.h"
+#include "Features/Calendar/CalendarManager.h"
 #include "Features/Clipboard/ClipboardHistoryView.h"
+#include "Features/Clipboard/ClipboardManager.h"
 #include "Features/FileShelf/FileShelfView.h"
+#include "Features/HUD/HUDManager.h"
 #include "Features/Media/AudioVisualizer.h"
 #include "Features/Media/NowPlayingView.h"
 #include "Features/Mirror/MirrorExpandedView.h"
@@ -70,6 +73,13 @@ TEST(Measures, OfTheVisualizersMotionAndBars) {
               AudioVisualizer::regular.barWidth / 2);
     EXPECT_EQ(NowPlayingView::visualizerHeight, 24);
     EXPECT_EQ(NowPlayingView::visualizerPadding, (Size{6, 4}));
+}
+
+TEST(Measures, OfTime) {
+    EXPECT_EQ(ClipboardManager::pollInterval, 0.5);
+    EXPECT_EQ(HUDManager::brightnessInterval, 0.3);
+    EXPECT_EQ(HUDManager::brightnessThreshold, 0.01F);
+    EXPECT_EQ(CalendarManager::window, 24 * 3600);
 }
 
 TEST(Measures, OfTheMirror) {

@@ -75,5 +75,27 @@ TEST_F(ClipboardHistoryViewTest, CopyingAndRemovingFindTheItem) {
     EXPECT_EQ(platform.pasteboardPort.count, 1);
 }
 
+TEST_F(ClipboardHistoryViewTest, ARowIsDrawnInItsSizes) {
+    add("text");
+    const auto row = view.rows().at(0);
+    EXPECT_EQ(row.type.size, 12);
+    EXPECT_EQ(row.preview.style.size, 11);
+    for (const auto& detail : row.details)
+        EXPECT_EQ(detail.style.size, 9);
+    EXPECT_EQ(row.copyButton.size, 11);
+    EXPECT_EQ(row.deleteButton.size, 11);
+    EXPECT_EQ(view.searchSymbol().size, 12);
+    EXPECT_EQ(view.emptyStateView().symbol.size, 28);
+    EXPECT_EQ(view.emptyStateView().title.style.size, 12);
+}
+
+TEST_F(ClipboardHistoryViewTest, NoControlCharacterBreaksTheLineOfAPreview) {
+    add(std::string("a\0b\x01"
+                    "c\x1f"
+                    "d\te",
+                    9));
+    EXPECT_EQ(view.rows().at(0).preview.text, "a b c d e");
+}
+
 } // namespace
 } // namespace orvelle

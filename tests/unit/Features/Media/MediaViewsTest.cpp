@@ -3,10 +3,13 @@
 #include "Features/Media/AudioOutputPicker.h"
 #include "Features/Media/AudioVisualizer.h"
 #include "Features/Media/MarqueeText.h"
+#include "Features/Media/MediaArtwork.h"
 #include "Features/Media/MediaPanelView.h"
 #include "Features/Media/VolumeRow.h"
 #include "Support/MediaFixture.h"
 #include "Support/ViewFixture.h"
+
+#include <algorithm>
 
 namespace orvelle {
 namespace {
@@ -66,6 +69,31 @@ TEST_F(AudioVisualizerTest, ThirtyTimesASecondTheBarsMoveWithinTheirBounds) {
     });
     runLoop.advance(1.001);
     EXPECT_EQ(changes, 30);
+}
+
+TEST_F(AudioVisualizerTest, EveryTickClosesAThirdOfTheWayToANewHeight) {
+    visualizer.appear(true);
+    EXPECT_EQ(heights(), std::vector<double>(5, 2)) << "from the lowest";
+    double highest = 0;
+    auto before = heights();
+    for (int tick = 0; tick < 300; ++tick) {
+        visualizer.updateBars();
+        for (std::size_t bar = 0; bar < before.size(); ++bar) {
+            const double target = before[bar] + (heights()[bar] - before[bar]) / 0.35;
+            EXPECT_GE(target, 2 - 1e-9);
+            EXPECT_LE(target, 16 + 1e-9);
+            highest = std::max(highest, target);
+        }
+        before = heights();
+    }
+    EXPECT_GT(highest, 15) << "the whole range is used";
+}
+
+TEST_F(AudioVisualizerTest, IsAsWideAsItsBarsAndTheGapsBetweenThem) {
+    EXPECT_EQ(AudioVisualizer::width(AudioVisualizer::regular), 10 * 3 + 9 * 2.5);
+    EXPECT_EQ(AudioVisualizer::width(AudioVisualizer::compact), 5 * 2.5 + 4 * 2);
+    EXPECT_EQ(AudioVisualizer::regular.lowest, 3);
+    EXPECT_EQ(AudioVisualizer::regular.highest, 32);
 }
 
 TEST_F(AudioVisualizerTest, PausedOrHiddenItHasNoTimerAndItsBarsLie) {
@@ -157,6 +185,25 @@ TEST_F(MediaViewsTest, WithDurationZeroTheFillHasNoWidthAndThePositionStillCount
     EXPECT_EQ(view().elapsed().text, "1:05");
     EXPECT_EQ(view().duration().text, "0:00");
     EXPECT_EQ(panel().slider().value, 0);
+}
+
+TEST(MediaProgress, IsTheShareOfTheDurationAndNeverMoreThanAll) {
+    MediaInfo media;
+    EXPECT_EQ(progress(media), 0) << "without a duration";
+    media.duration = 0.5;
+    media.elapsed = 0.25;
+    EXPECT_EQ(progress(media), 0.5);
+    media.elapsed = 7;
+    EXPECT_EQ(progress(media), 1);
+    media.elapsed = -1;
+    EXPECT_EQ(progress(media), 0);
+}
+
+TEST(MediaProgress, TheButtonSaysWhatItDoes) {
+    MediaInfo media;
+    EXPECT_EQ(playName(media), "Play");
+    media.isPlaying = true;
+    EXPECT_EQ(playName(media), "Pause");
 }
 
 TEST_F(MediaViewsTest, TheFillIsTheShareOfTheDuration) {
