@@ -219,5 +219,28 @@ TEST_F(CalendarManagerTest, AnEventThatHasEndedStaysInTheListUntilTheStoreChange
     EXPECT_EQ(titles(), Texts{});
 }
 
+TEST_F(CalendarManagerTest, AnEventThatBeginsAtThisMomentIsNow) {
+    store("Beginning", 0, hour);
+    manager.start();
+    EXPECT_EQ(sectionsOf("Beginning"), Texts{"NOW"});
+    const auto sections = manager.expandedView().sections();
+    EXPECT_EQ(sections.at(0).rows.at(0).untilStart, std::nullopt) << "it no longer starts";
+}
+
+TEST_F(CalendarManagerTest, AnEventThatEndsAtThisMomentIsStillNow) {
+    store("Ending", -hour, 0);
+    manager.start();
+    EXPECT_EQ(sectionsOf("Ending"), Texts{"NOW"});
+    ASSERT_TRUE(manager.nextUpcomingEvent());
+    EXPECT_EQ(manager.nextUpcomingEvent()->title, "Ending");
+}
+
+TEST_F(CalendarManagerTest, AnEventOfTheWholeDayIsOne) {
+    store("Holiday", -hour, hour, true);
+    manager.start();
+    EXPECT_TRUE(manager.events->at(0).isAllDay);
+    EXPECT_EQ(manager.expandedView().sections().at(0).rows.at(0).time.text, "All Day");
+}
+
 } // namespace
 } // namespace orvelle
