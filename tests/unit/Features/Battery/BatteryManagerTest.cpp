@@ -61,6 +61,14 @@ INSTANTIATE_TEST_SUITE_P(
         return row.param.level < 0 ? "BelowZero" : "Level" + std::to_string(row.param.level);
     });
 
+TEST_F(BatteryManagerTest, OneMinuteIsATimeAndNoneIsUnknown) {
+    update(battery({{"Current Capacity", std::int64_t{3}}, {"Time to Empty", std::int64_t{1}}}));
+    EXPECT_EQ(manager.timeRemaining, 1);
+    EXPECT_EQ(manager.timeRemainingString(), "1m");
+    update(battery({{"Current Capacity", std::int64_t{3}}, {"Time to Empty", std::int64_t{0}}}));
+    EXPECT_EQ(manager.timeRemainingString(), "Calculating...");
+}
+
 TEST_F(BatteryManagerTest, Level9GivesBattery0AndRed) {
     manager.batteryLevel = 9;
     EXPECT_EQ(manager.batteryIcon(), "battery.0");

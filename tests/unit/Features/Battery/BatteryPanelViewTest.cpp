@@ -34,6 +34,12 @@ TEST_F(BatteryPanelViewTest, AnUnknownTimeIsNoEstimate) {
     EXPECT_FALSE(view.estimate());
 }
 
+TEST_F(BatteryPanelViewTest, TheLastMinuteIsAnEstimate) {
+    manager.timeRemaining = 1;
+    ASSERT_TRUE(view.estimate());
+    EXPECT_EQ(view.estimate()->time.text, "1m");
+}
+
 TEST_F(BatteryPanelViewTest, ADesktopShowsItsPlug) {
     manager.hasBattery = false;
     manager.timeRemaining = 125;
