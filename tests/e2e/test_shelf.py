@@ -290,6 +290,30 @@ def test_copied_files_are_pasted_onto_the_shelf(openbox, start, files, shelf, ac
     assert (shelf / files[0].name).read_text() == files[0].read_text()
 
 
+@pytest.mark.parametrize("name", ["game.desktop", "game.txt"])
+def test_an_entry_of_an_application_is_shown_in_its_folder_and_not_run(
+        openbox, start, shelf, environment, tmp_path, accessibility_bus, name):
+    harm = tmp_path / "harm"
+    shelf.mkdir(parents=True)
+    (shelf / name).write_text("[Desktop Entry]\nType=Application\nName=Game\n"
+                              f"Exec=touch {harm}\nTerminal=false\n")
+    (shelf / name).chmod(0o700)
+    (shelf / ".shelf_metadata.json").write_text(json.dumps(
+        [{"urlPath": str(shelf / name), "addedAt": 0, "expiresAt": 4e9}]))
+    opener = tmp_path / "xdg-open"
+    opened = tmp_path / "opened"
+    opener.write_text(f'#!/bin/sh\necho "$1" > {opened}.part\nmv {opened}.part {opened}\n')
+    opener.chmod(0o755)
+    environment["PATH"] = f"{tmp_path}:{environment['PATH']}"
+    program = start()
+    open_panel(program, "Files")
+    openbox.move_pointer(*resting_place(openbox, name, "list item"))
+    openbox.click(times=2)
+    wait_until(lambda: opened.exists() or harm.exists(), "something opened", program.describe)
+    assert not harm.exists()
+    assert opened.read_text().strip() == shelf.as_uri(), "no file manager is there to select it"
+
+
 def test_a_source_that_never_answers_stops_nothing(openbox, start, shelf):
     program = start()
     source = Partner(openbox, "silent", 100, 500)
