@@ -88,8 +88,10 @@ void AppDelegate::reopen() {
     }
     showNotch();
     auto* window = notchWindowController ? notchWindowController->window() : nullptr;
-    if (window && window->isVisible())
+    if (window && window->isVisible()) {
+        window->orderFront(); // another program may have closed it
         window->makeKey();
+    }
 }
 
 void AppDelegate::logScreens() {

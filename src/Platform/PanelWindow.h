@@ -47,7 +47,8 @@ public:
     virtual void setFrame(const Rect& frame) = 0;
 
     virtual bool isVisible() const = 0;
-    /// Above every other window, without taking the keyboard.
+    /// Above every other window, without taking the keyboard; also brings the window back when
+    /// another program has taken it away.
     virtual void orderFront() = 0;
     virtual void orderOut() = 0;
 

@@ -4,6 +4,7 @@
 
 #include <QDropEvent>
 #include <QSurfaceFormat>
+#include <xcb/shape.h>
 
 #include <chrono>
 #include <string_view>
@@ -64,7 +65,6 @@ X11PanelWindow::X11PanelWindow(X11Desktop& desktop, X11RawPresses& presses,
     raiseSoon_.setInterval(raiseDelay);
     QObject::connect(&raiseSoon_, &QTimer::timeout, window_.get(), [this] { raise(); });
 
-    dragging_ = fileDrag_->mayBeTaken.observe([this](bool) { applyMask(); });
     compositor_ = desktop_.isComposited.observe([this](bool) { applyMask(); });
     manager_ = desktop_.hasWindowManager.observe([this](bool found) { followRivals(!found); });
     presses_ = presses.observe([this](const X11RawPresses::Press& press) {
@@ -100,12 +100,42 @@ void X11PanelWindow::prepareWindow() {
 
     auto* connection = X11::connection();
     const auto id = static_cast<xcb_window_t>(window_->winId());
+    native_ = id;
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING,
                         8, windowClass.size(), windowClass.data());
     // What is drawn hangs from the middle of the top edge, and stays there when the window grows.
     const std::uint32_t gravity = XCB_GRAVITY_NORTH;
     xcb_change_window_attributes(connection, id, XCB_CW_BIT_GRAVITY, &gravity);
+    dragging_.reset();
     fileDrag_.emplace(id);
+    fileDrag_->setDestination(destination_);
+    dragging_ = fileDrag_->mayBeTaken.observe([this](bool) { applyMask(); });
+}
+
+/// Whether other programs have left the window where it was made.
+bool X11PanelWindow::isIntact() const {
+    if (!window_->handle() || window_->winId() != native_)
+        return false;
+    auto* connection = X11::connection();
+    const auto id = native_;
+    const X11::Reply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(connection, xcb_query_tree(connection, id), nullptr));
+    const X11::Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+        connection, xcb_get_window_attributes(connection, id), nullptr));
+    return tree && tree->parent == X11::root() && attributes &&
+           (attributes->map_state != XCB_MAP_STATE_UNMAPPED) == window_->isVisible();
+}
+
+void X11PanelWindow::restore() {
+    if (!isIntact()) {
+        window_->hide();
+        window_->destroy();
+        prepareWindow();
+    }
+    applyMask();
+    if (!attributes_.ignoresMouseEvents)
+        xcb_shape_mask(X11::connection(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, native_, 0, 0,
+                       XCB_PIXMAP_NONE);
 }
 
 QQuickWindow& X11PanelWindow::quickWindow() {
@@ -147,10 +177,12 @@ void X11PanelWindow::applyMask() {
 }
 
 bool X11PanelWindow::isVisible() const {
-    return window_->isVisible();
+    return isOrderedIn_;
 }
 
 void X11PanelWindow::orderFront() {
+    isOrderedIn_ = true;
+    restore();
     if (!window_->isVisible()) {
         const Point pointer = ScreenCoordinates::pointer();
         window_->show();
@@ -160,6 +192,7 @@ void X11PanelWindow::orderFront() {
 }
 
 void X11PanelWindow::orderOut() {
+    isOrderedIn_ = false;
     resignKey();
     window_->hide();
     frameSettled(ScreenCoordinates::pointer());
@@ -179,6 +212,7 @@ void X11PanelWindow::setPointerEvents(PointerEvents events) {
 }
 
 void X11PanelWindow::setDraggingDestination(DraggingDestination* destination) {
+    destination_ = destination;
     fileDrag_->setDestination(destination);
 }
 

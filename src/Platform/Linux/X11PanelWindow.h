@@ -48,6 +48,10 @@ private:
     class Window;
 
     void prepareWindow();
+    bool isIntact() const;
+    /// Undoes what other programs did to the window: closed, unmapped or moved it elsewhere, or
+    /// took its shape away.
+    void restore();
     void applyMask();
     void pointerInside();
     void pointerOutside();
@@ -65,7 +69,10 @@ private:
     std::unique_ptr<Window> window_;
     X11KeyFocus focus_;
     std::optional<X11FileDrag> fileDrag_; ///< there from the window's making on
-    QRegion shape_;                       ///< empty until the views told it
+    DraggingDestination* destination_ = nullptr;
+    xcb_window_t native_ = XCB_WINDOW_NONE; ///< the toolkit may make another, without what is set
+    bool isOrderedIn_ = false;
+    QRegion shape_; ///< empty until the views told it
     PointerEvents pointerEvents_;
     PointerTracker pointer_;
     QTimer unsurePointer_;

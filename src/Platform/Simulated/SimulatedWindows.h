@@ -34,6 +34,7 @@ public:
 
     const PanelAttributes attributes;
     bool isKey = false;
+    int orderFrontCount = 0;
     int makeKeyCount = 0;
     int resignKeyCount = 0;
     int setFrameCount = 0;
@@ -46,7 +47,10 @@ public:
         ++setFrameCount;
     }
     bool isVisible() const override { return visible_; }
-    void orderFront() override { visible_ = true; }
+    void orderFront() override {
+        visible_ = true;
+        ++orderFrontCount;
+    }
     void orderOut() override { visible_ = false; }
     void makeKey() override {
         isKey = true;

@@ -635,6 +635,16 @@ TEST_F(AppDelegateTest, AnotherStartWithoutANotchDoesNoHarm) {
     EXPECT_EQ(app.notchWindowController, nullptr);
 }
 
+TEST_F(AppDelegateTest, AnotherStartBringsBackAPanelThatWasTakenAwayButNoneThatIsHidden) {
+    launchNormally();
+    const int before = window().orderFrontCount;
+    app.reopen();
+    EXPECT_EQ(window().orderFrontCount, before + 1);
+    window().orderOut();
+    app.reopen();
+    EXPECT_EQ(window().orderFrontCount, before + 1);
+}
+
 TEST_F(AppDelegateTest, AnotherStartDuringTheFirstWizardBringsThatToTheFront) {
     app.applicationDidFinishLaunching();
     app.reopen();
