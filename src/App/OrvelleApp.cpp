@@ -4,9 +4,19 @@
 
 namespace orvelle {
 
+namespace {
+
+/// From a signal to the end: what was changed just now is saved before the windows go, which a
+/// display that has stopped holds up.
+constexpr Seconds savingTime = 0.1;
+
+} // namespace
+
 OrvelleApp::OrvelleApp(Platform& platform)
-    : views_(platform), delegate_(views_, platform),
-      signals_([&platform] { platform.application().terminate(); }) {}
+    : views_(platform), delegate_(views_, platform), signals_([this, &platform] {
+          ending_ = platform.runLoop().after(savingTime,
+                                             [&platform] { platform.application().terminate(); });
+      }) {}
 
 OrvelleApp::~OrvelleApp() {
     delegate_.applicationWillTerminate();

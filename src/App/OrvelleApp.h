@@ -2,6 +2,7 @@
 
 #include "App/AppDelegate.h"
 #include "App/TerminationSignals.h"
+#include "Platform/RunLoop.h"
 #include "Views/Qt/QtViewHost.h"
 
 namespace orvelle {
@@ -24,6 +25,7 @@ public:
 private:
     QtViewHost views_;
     AppDelegate delegate_;
+    Timer ending_;
     TerminationSignals signals_; ///< end the event loop
 };
 

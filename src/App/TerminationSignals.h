@@ -12,6 +12,9 @@ namespace orvelle {
 /// answer them as ever; a signal that the process was started to ignore, as by nohup, stays
 /// ignored.
 ///
+/// A display that has stopped holds whoever talks to it up for ever: when it does not answer within
+/// a second and a half of the signal, the process ends as it is.
+///
 /// One at a time. Once it is gone the signals do nothing: the process is on its way out.
 class TerminationSignals {
 public:
