@@ -7,12 +7,14 @@
 #include "Platform/Linux/DataFolderLock.h"
 #include "Platform/Linux/LinuxPlatform.h"
 #include "Platform/Linux/ProcessInstance.h"
+#include "Platform/Linux/SessionBusAddress.h"
 #include "Platform/Linux/StandardStreams.h"
 #include "Views/Qt/SymbolImages.h"
 
 #include <QApplication>
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
@@ -59,6 +61,15 @@ std::unique_ptr<Platform> makePlatform() {
     return platform;
 }
 
+/// Toolkit and desktop libraries wait for the session's bus for ever.
+void avoidFrozenBus(LogSink& log) {
+    constexpr auto patience = std::chrono::seconds(1);
+    if (answersOnBus(sessionBusAddress(), patience))
+        return;
+    Logger(log, "Main").error("The session bus does not answer: running without it");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+}
+
 int runDefaults(const CommandLine& line) {
     StandardLog log;
     PosixFileSystem fileSystem;
@@ -101,6 +112,8 @@ int run(const CommandLine& line, const std::string& program) {
                   << (display && *display ? display : "(DISPLAY is not set)") << '\n';
         return EXIT_FAILURE;
     }
+    StandardLog log;
+    avoidFrozenBus(log);
     prepareToolkit();
     auto words = toolkitArguments(program);
     std::vector<char*> arguments;
