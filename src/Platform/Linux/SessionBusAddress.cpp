@@ -16,8 +16,8 @@ namespace orvelle {
 
 namespace {
 
-/// The value of one of the keys of an address such as "unix:path=/run/bus,guid=0123"; only the first
-/// of several addresses counts. Empty when there is none or it has escapes.
+/// The value of one of the keys of an address such as "unix:path=/run/bus,guid=0123"; only the
+/// first of several addresses counts. Empty when there is none or it has escapes.
 std::string valueOf(std::string_view key, std::string_view address) {
     constexpr std::string_view scheme = "unix:";
     address = address.substr(0, address.find(';'));
