@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Views/Qt/HeldAnimations.h"
 #include "views/ViewFixture.h"
 
 #include <QImage>
@@ -34,8 +33,7 @@ protected:
     bool isBodyFilled() const;
 
     static constexpr int frameTime = 8; ///< milliseconds
-    HeldAnimations animations;
-    QImage picture; ///< the window in the present frame
+    QImage picture;                     ///< the window in the present frame
 };
 
 } // namespace orvelle

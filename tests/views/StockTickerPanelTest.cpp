@@ -204,6 +204,7 @@ TEST_F(StockTickerCycleTest, aStepMovesTheRowThatLeavesToo) {
     });
     platform.runLoopPort.advance(3);
     turn();
+    window.grabWindow(); // lays it out
     EXPECT_TRUE(leaving->isVisible());
     EXPECT_TRUE(eventually([&] { return !leaving->isVisible(); }));
     EXPECT_GT(between, 2);

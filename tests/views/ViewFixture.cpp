@@ -1,5 +1,7 @@
 #include "views/ViewFixture.h"
 
+#include "Views/Qt/SpringValue.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
@@ -7,6 +9,7 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace orvelle {
@@ -30,19 +33,23 @@ bool ViewFixture::eventually(const std::function<bool()>& condition, int millise
     while (!condition()) {
         if (clock.elapsed() > milliseconds)
             return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+        animations.step(16);
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
     }
     return true;
 }
 
 void ViewFixture::settle() {
     turn();
-    ASSERT_TRUE(eventually([this] {
-        for (const auto* spring : root->findChildren<QObject*>())
-            if (spring->inherits("orvelle::SpringValue") && spring->property("running").toBool())
-                return false;
-        return true;
-    }));
+    const auto moves = [](const SpringValue* spring) { return spring->isRunning(); };
+    for (int step = 0; std::ranges::any_of(root->findChildren<SpringValue*>(), moves); ++step) {
+        ASSERT_LT(step, 400) << "it does not come to rest";
+        animations.step(50);
+        turn();
+    }
+    window.grabWindow(); // only a frame that is drawn has its rows laid out
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    turn();
 }
 
 void ViewFixture::show(NotchExpandedState state) {

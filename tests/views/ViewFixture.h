@@ -20,6 +20,7 @@
 #include "Features/Weather/WeatherManager.h"
 #include "Models/NotchState.h"
 #include "Platform/Simulated/SimulatedPlatform.h"
+#include "Views/Qt/HeldAnimations.h"
 #include "Views/Qt/MenuValue.h"
 #include "Views/Qt/QtViewHost.h"
 
@@ -41,8 +42,9 @@ class ViewFixture : public testing::Test {
 protected:
     ViewFixture();
 
-    /// Turns the event loop until the condition holds, and says whether it came to.
-    static bool eventually(const std::function<bool()>& condition, int milliseconds = 3000);
+    /// Turns the event loop, and moves the animations on, until the condition holds; says whether
+    /// it came to.
+    bool eventually(const std::function<bool()>& condition, int milliseconds = 3000);
     /// Lets pending refreshes happen.
     static void turn();
     /// Until nothing moves any more.
@@ -107,6 +109,7 @@ protected:
                                  panelOrder,
                                  [this] { ++settingsOpened; },
                                  [this] { ++panelClosed; }};
+    HeldAnimations animations; ///< they move with the tests' steps, not with the clock
     int settingsOpened = 0;
     int panelClosed = 0;
 
