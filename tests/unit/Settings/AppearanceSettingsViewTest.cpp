@@ -3,6 +3,8 @@
 #include "Support/AppFixture.h"
 #include "Support/SettingsRows.h"
 
+#include <algorithm>
+
 namespace orvelle {
 namespace {
 
@@ -68,6 +70,9 @@ TEST_F(AppearanceSettingsViewTest, OnlyTheCustomModeShowsTheColorsRows) {
     page.slide("customAccentHue", 0.25);
     page.slide("customAccentSaturation", 0.5);
     EXPECT_EQ(row("accentPreview").color, Color::hsb(0.25, 0.5, 0.9));
+    EXPECT_EQ(row("accentPreview").kind, Kind::swatch);
+    EXPECT_EQ(row("accentPreview").label, "Accent color preview");
+    EXPECT_EQ(row("accentPreview").indent, 90) << "under the sliders";
     EXPECT_EQ(app.themeManager.accentColor(), Color::hsb(0.25, 0.5, 0.9));
 }
 
@@ -78,6 +83,18 @@ TEST_F(AppearanceSettingsViewTest, ColorsOutOfTheirRangeAreShownWithinIt) {
     EXPECT_EQ(row("customAccentHue").value, 1);
     EXPECT_EQ(row("customAccentSaturation").value, 0.8);
     EXPECT_EQ(row("accentPreview").color, Color::hsb(1, 0.8, 0.9));
+}
+
+TEST_F(AppearanceSettingsViewTest, TheColorsRowsStandRightUnderTheMode) {
+    page.choose("themeMode", "custom");
+    std::vector<std::string> ids;
+    for (const auto& shown : page.rows.get())
+        ids.push_back(shown.id);
+    const auto mode = std::ranges::find(ids, "themeMode");
+    ASSERT_GT(ids.end() - mode, 5);
+    EXPECT_EQ((std::vector<std::string>(mode, mode + 5)),
+              (std::vector<std::string>{"themeMode", "customAccentHue", "customAccentSaturation",
+                                        "accentPreview", "title:Animation"}));
 }
 
 TEST_F(AppearanceSettingsViewTest, TheMulticolorModeExplainsItself) {
@@ -105,7 +122,14 @@ TEST_F(AppearanceSettingsViewTest, ResetPutsTheWholePageBackToItsDefaults) {
     page.press("themeMode");
     EXPECT_EQ(defaults().object("themeMode"), DefaultsValue(std::string("else")))
         << "only its button resets";
+    std::size_t written = 0;
+    const auto watch = defaults().observeChanges([&] {
+        ASSERT_LT(written, expected.size());
+        const auto& [key, value] = expected[written++];
+        EXPECT_EQ(defaults().object(key), value) << "in this order";
+    });
     page.press("resetDefaults");
+    EXPECT_EQ(written, expected.size());
     for (const auto& [key, value] : expected)
         EXPECT_EQ(defaults().object(key), value) << key;
     EXPECT_EQ(defaults().storedBoolean("weatherEnabled"), true) << "of another page";

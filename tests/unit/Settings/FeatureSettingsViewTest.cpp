@@ -303,5 +303,69 @@ TEST_F(FeatureSettingsViewTest, AFoundPlaceIsSavedByAPressAndTheFieldCleared) {
     EXPECT_TRUE(labelsOf(page, Kind::place).empty());
 }
 
+TEST_F(FeatureSettingsViewTest, TheSearchFieldSaysWhatItTakesAndShowsWhatIsTyped) {
+    page.flip("weatherEnabled", true);
+    EXPECT_EQ(row("locationSearch").label, "Add city...");
+    EXPECT_EQ(row("locationSearch").button, "Search");
+    type("Par");
+    EXPECT_EQ(row("locationSearch").detail, "Par");
+}
+
+TEST_F(FeatureSettingsViewTest, APlaceThatIsFoundOrSavedSaysWhatItsButtonDoes) {
+    page.flip("weatherEnabled", true);
+    find("Paris", twoPlaces);
+    const auto found = first(Kind::found);
+    EXPECT_EQ(found.button, "Add " + found.label);
+    EXPECT_EQ(found.indent, 20);
+    ASSERT_TRUE(found.symbol);
+    EXPECT_EQ(found.symbol->name, "plus.circle");
+    EXPECT_EQ(found.symbol->color, colors::green);
+    page.press(found.id);
+    const auto saved = first(Kind::place);
+    EXPECT_EQ(saved.button, "Remove " + saved.label);
+    EXPECT_EQ(saved.indent, 20);
+    ASSERT_TRUE(saved.symbol);
+    EXPECT_EQ(saved.symbol->name, "trash");
+    EXPECT_EQ(first(Kind::found).id, "") << "the results are gone";
+}
+
+TEST_F(FeatureSettingsViewTest, AWeatherRowsOrderIsUnitIntervalPlacesAndCredit) {
+    page.flip("weatherEnabled", true);
+    std::vector<std::string> ids;
+    for (const auto& shown : page.rows.get())
+        ids.push_back(shown.id);
+    ASSERT_GE(ids.size(), 5u);
+    EXPECT_EQ((std::vector<std::string>(ids.end() - 5, ids.end())),
+              (std::vector<std::string>{"weatherEnabled", "temperatureUnit",
+                                        "weatherUpdateIntervalMinutes", "locationSearch",
+                                        "weatherCredit"}));
+}
+
+TEST_F(FeatureSettingsViewTest, APlaceThatIsSavedElsewhereIsShownAtOnce) {
+    page.flip("weatherEnabled", true);
+    app.weatherManager.savedLocations =
+        std::vector<SavedLocation>{{UUID::random(), "Oslo", 59.9, 10.7}};
+    EXPECT_EQ(first(Kind::place).label, "Oslo");
+}
+
+TEST_F(FeatureSettingsViewTest, OnlyTheSwitchThatNeedsAPermissionAsksForIt) {
+    platform.cameraPort.status = CameraAuthorizationStatus::notDetermined;
+    platform.eventStorePort.status = EventAuthorizationStatus::notDetermined;
+    page.appear();
+    for (const char* id : {"notesEnabled", "clipboardEnabled", "todoEnabled"})
+        page.flip(id, true);
+    EXPECT_EQ(platform.cameraPort.accessRequests, 0);
+    EXPECT_EQ(platform.eventStorePort.accessRequests, 0);
+    EXPECT_EQ(platform.locationServicePort.last, nullptr);
+    page.flip("calendarEnabled", true);
+    EXPECT_EQ(platform.eventStorePort.accessRequests, 1);
+    EXPECT_EQ(platform.cameraPort.accessRequests, 0);
+}
+
+TEST_F(FeatureSettingsViewTest, ParametersStandInColumns) {
+    EXPECT_EQ(row("fileShelfMaxItems").labelWidth, 90);
+    EXPECT_EQ(row("fileShelfMaxItems").valueWidth, 36);
+}
+
 } // namespace
 } // namespace orvelle

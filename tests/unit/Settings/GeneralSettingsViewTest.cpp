@@ -183,6 +183,39 @@ TEST_F(GeneralSettingsViewTest, ResetPutsEachOfItsSettingsBack) {
     EXPECT_FALSE(platform.loginItemPort.isEnrolled);
 }
 
+TEST_F(GeneralSettingsViewTest, ResetWritesInTheOrderOfThePage) {
+    const std::vector<std::pair<const char*, DefaultsValue>> tuning{
+        {"hoverActivationDelay", 0.3},
+        {"scrollSensitivity", 5.0},
+        {"horizontalSwipeSensitivity", 15.0},
+        {"collapseDebounceInterval", 0.4},
+        {"swipeCooldown", 0.4},
+        {"reverseScrollDirection", false},
+        {"requireRealNotch", false}};
+    for (const auto& [key, value] : tuning)
+        defaults().set(key, DefaultsValue(std::string("else")));
+    const auto watch = defaults().observeChanges([&] {
+        bool isDone = true;
+        for (const auto& [key, value] : tuning) {
+            const bool isReset = defaults().object(key) == value;
+            EXPECT_TRUE(isDone || !isReset) << key << " too early";
+            isDone = isReset;
+        }
+    });
+    page.press("resetDefaults");
+}
+
+TEST_F(GeneralSettingsViewTest, TheLastRowIsTheProgramsOwn) {
+    EXPECT_EQ(page.rows->back().kind, Kind::about);
+    EXPECT_EQ(page.rows->back().id, "about");
+    EXPECT_EQ(row("update").symbol->size, 14);
+}
+
+TEST_F(GeneralSettingsViewTest, AClickSettingThatChangesElsewhereIsShown) {
+    app.notchState.clickWidgetNavigatesToPanel = false;
+    EXPECT_FALSE(row("clickWidgetNavigatesToPanel").isOn);
+}
+
 TEST_F(GeneralSettingsViewTest, ResetAllSettingsDoesNotTouchPanelsOrWidgets) {
     app.panelOrderManager.toggleVisibility("media");
     app.hoverLayoutManager.toggleVisibility("media");

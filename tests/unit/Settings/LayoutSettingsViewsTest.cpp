@@ -120,5 +120,20 @@ TEST_F(LayoutSettingsViewsTest, ResettingOneLayoutDoesNotTouchTheOther) {
     EXPECT_FALSE(panels.rows()[0].isVisible);
 }
 
+TEST_F(LayoutSettingsViewsTest, AMoveToItsOwnPlaceOrBeyondTheListIsNone) {
+    const int writes = defaults().writeCount();
+    const auto rows = in(Zone::bottomRow).size();
+    const std::pair<std::size_t, std::size_t> none[] = {
+        {0, 0}, {rows, 0}, {0, rows}, {rows, rows + 1}, {rows + 1, rows}};
+    for (const auto& [from, to] : none)
+        widgets.move(Zone::bottomRow, from, to);
+    const auto panelCount = app.panelOrderManager.panelOrder->size();
+    const std::pair<std::size_t, std::size_t> noPanel[] = {
+        {0, 0}, {panelCount, 0}, {0, panelCount}, {panelCount, panelCount + 1}};
+    for (const auto& [from, to] : noPanel)
+        panels.move(from, to);
+    EXPECT_EQ(defaults().writeCount(), writes);
+}
+
 } // namespace
 } // namespace orvelle
