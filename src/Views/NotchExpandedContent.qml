@@ -17,6 +17,10 @@ FocusScope {
             openMenu()
     }
 
+    // Is found in every menu of the panels.
+    function commonMenu() {
+        return view.contextMenu()
+    }
     // That of the panel, else the one that is found beside it.
     function openMenu() {
         if (!panels.panel?.openMenu?.())
@@ -29,7 +33,6 @@ FocusScope {
     ContextMenu {
         id: menu
         anchors.fill: parent
-        menu: () => root.view.contextMenu()
     }
     TabBar {
         id: tabs

@@ -60,10 +60,11 @@ TEST_F(ContextMenuTest, thePanelsOwnMenuComesBeforeThePanels) {
     rightPress({283, 140});
     ASSERT_NE(openMenu(), nullptr);
     EXPECT_EQ(titlesOf(openMenu()->property("entries").value<MenuValue>()),
-              QStringList({"Lock Screen", "Sleep Display", "Energy Settings..."}));
+              QStringList({"Lock Screen", "Sleep Display", "Energy Settings...", "Settings..."}));
     turn();
     press(Qt::Key_Down);
     picture("menu", *openMenu());
+    press(Qt::Key_Up);
     press(Qt::Key_Up);
     press(Qt::Key_Return);
     SimulatedPlatform expected;
@@ -87,7 +88,7 @@ TEST_F(ContextMenuTest, theMenuKeyOpensThePanelsMenu) {
     KeyboardWalk(window).press(Qt::Key_F10, Qt::ShiftModifier);
     ASSERT_NE(openMenu(), nullptr);
     EXPECT_EQ(titlesOf(openMenu()->property("entries").value<MenuValue>()),
-              QStringList("Open in Music"));
+              QStringList({"Open in Music", "Settings..."}));
 }
 
 TEST_F(ContextMenuTest, theMenuKeyOpensTheSettingsEntryOfAPanelWithoutAMenu) {
@@ -97,6 +98,22 @@ TEST_F(ContextMenuTest, theMenuKeyOpensTheSettingsEntryOfAPanelWithoutAMenu) {
     press(Qt::Key_Down);
     press(Qt::Key_Return);
     EXPECT_EQ(settingsOpened, 1);
+}
+
+TEST_F(ContextMenuTest, theSettingsStandLastInEveryPanelsMenuBehindADivider) {
+    for (const auto panel : allActivePanels) {
+        show(panel);
+        rightPress({283, 140});
+        ASSERT_NE(openMenu(), nullptr) << label(panel);
+        const auto entries = openMenu()->property("entries").value<MenuValue>().entries;
+        ASSERT_FALSE(entries.empty()) << label(panel);
+        EXPECT_EQ(entries.back().title, "Settings...") << label(panel);
+        EXPECT_EQ(entries.back().followsDivider, entries.size() > 1) << label(panel);
+        const int before = settingsOpened;
+        press(Qt::Key_Up);
+        press(Qt::Key_Return);
+        EXPECT_EQ(settingsOpened, before + 1) << label(panel);
+    }
 }
 
 TEST_F(ContextMenuTest, escapeClosesWithoutAnAction) {

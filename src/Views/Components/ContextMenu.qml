@@ -1,8 +1,9 @@
 import QtQuick
 import Orvelle
 
-// Opens a menu under the pointer at a press of the right button, over whatever it is laid on. The
-// menu's window is made when it is first needed.
+// Opens a menu under the pointer at a press of the right button, over whatever it is laid on. What
+// an ancestor's `commonMenu` offers stands last in it. The menu's window is made when it is first
+// needed.
 MouseArea {
     id: root
 
@@ -12,9 +13,18 @@ MouseArea {
     acceptedButtons: Qt.RightButton
     onPressed: mouse => mouse.accepted = openAt(mouse.x, mouse.y)
 
+    function common() {
+        for (let ancestor = parent; ancestor; ancestor = ancestor.parent)
+            if (ancestor.commonMenu)
+                return ancestor.commonMenu()
+        return undefined
+    }
+    function joined(own, shared) {
+        return own && shared ? own.followedBy(shared) : own || shared
+    }
     // False when there is nothing to offer.
     function openAt(x, y) {
-        const entries = menu()
+        const entries = joined(menu(), common())
         if (!entries || entries.lines.length === 0)
             return false
         loader.active = true

@@ -33,6 +33,8 @@ public:
     std::vector<MenuEntry> entries;
 
     QVariantList lines() const; ///< of `MenuLineValue`
+    /// Its entries, and behind a divider those of another menu.
+    Q_INVOKABLE orvelle::MenuValue followedBy(const orvelle::MenuValue& other) const;
     /// Nothing for a row that does not exist.
     Q_INVOKABLE void perform(int row) const;
 };
