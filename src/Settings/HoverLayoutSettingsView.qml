@@ -60,6 +60,7 @@ FormPage {
                 }
                 ReorderList {
                     id: list
+                    page: root
                     y: 3
                     width: parent.width
                     name: zone.modelData.label

@@ -29,6 +29,7 @@ FormPage {
         ReorderList {
             id: list
             objectName: "panels"
+            page: root
             y: 3
             width: parent.width
             rowHeight: 30

@@ -11,12 +11,21 @@ FormPage {
 
     onIsInFrontChanged: if (isInFront) view.appear()
 
+    // What a search found stands below its field, and so may be out of sight.
+    function revealFound() {
+        for (let index = rows.count - 1; index >= 0; --index)
+            if (rows.itemAt(index).entry.kind === "found")
+                return reveal(rows.itemAt(index))
+    }
+
     Repeater {
+        id: rows
         model: root.view.rows
 
         SettingsFormRow {
             view: root.view
             width: parent.width
+            Component.onCompleted: if (entry.kind === "found") Qt.callLater(root.revealFound)
         }
     }
 }

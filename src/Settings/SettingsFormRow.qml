@@ -68,6 +68,7 @@ Item {
         FormLine {
             label: root.entry.label
             isToldByControl: true
+            onLabelClicked: root.view.flip(root.entry.id, !root.entry.isOn)
 
             FormSwitch {
                 objectName: "control"

@@ -18,6 +18,7 @@ FocusScope {
 
     implicitWidth: view.width
     implicitHeight: view.height
+    Keys.onEscapePressed: Window.window.close()
     Keys.onPressed: event => {
         const isTab = event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab
         if (!isTab || !(event.modifiers & Qt.ControlModifier))

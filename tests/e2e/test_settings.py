@@ -198,3 +198,11 @@ def test_the_refresh_control_changes_the_interval_at_once(settings_window, envir
     count = len(web.requests("/v1/forecast"))
     assert stays(lambda: len(web.requests("/v1/forecast")) == count, 3)
     web.stop()
+
+
+def test_escape_closes_the_window(settings_window):
+    settings = settings_window()
+    settings.desktop.keys("Escape")
+    wait_until(lambda: not settings.windows(), "end of the window", settings.describe)
+    open_settings(settings.program)
+    assert settings.windows()

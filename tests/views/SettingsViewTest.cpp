@@ -1,6 +1,7 @@
 #include "Settings/SettingsView.h"
 
 #include "Features/UpdateChecker/UpdateChecker.h"
+#include "Support/Replies.h"
 #include "Views/Qt/Values.h"
 #include "views/KeyboardWalk.h"
 #include "views/ViewFixture.h"
@@ -10,6 +11,8 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <functional>
+#include <vector>
 
 namespace orvelle {
 namespace {
@@ -57,6 +60,19 @@ protected:
     }
     void key(int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         keyboard.press(code, modifiers);
+    }
+    void mouse(QEvent::Type type, QPointF at) {
+        QMouseEvent event(type, at, shell.mapToGlobal(at),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&shell, &event);
+        turn();
+    }
+    bool isInSight(QQuickItem* row) {
+        return row && find(QStringLiteral("page"))
+                          ->mapRectToScene(find(QStringLiteral("page"))->boundingRect())
+                          .contains(row->mapRectToScene(row->boundingRect()));
     }
     void wheelDown(int notches) {
         const QPointF middle(250, 300);
@@ -307,6 +323,96 @@ TEST_F(SettingsViewTest, TheEyeHidesItsPanelAlone) {
     press(item(find(QStringLiteral("row.calendar")), QStringLiteral("eye")));
     for (const auto& entry : panelOrder.allPanelsSorted())
         EXPECT_EQ(entry.isVisible, entry.id != "calendar") << entry.id;
+}
+
+TEST_F(SettingsViewTest, AClickOnARowsLabelSwitchesItOnce) {
+    auto* row = find(QStringLiteral("row.reverseScrollDirection"));
+    const auto label = row->mapToScene(QPointF(40, row->height() / 2));
+    mouse(QEvent::MouseButtonPress, label);
+    mouse(QEvent::MouseButtonRelease, label);
+    EXPECT_EQ(stored("reverseScrollDirection"), true);
+    mouse(QEvent::MouseButtonPress, label);
+    mouse(QEvent::MouseButtonRelease, label);
+    EXPECT_EQ(stored("reverseScrollDirection"), false);
+    press(control(QStringLiteral("reverseScrollDirection")));
+    EXPECT_EQ(stored("reverseScrollDirection"), true) << "the switch itself counts once";
+}
+
+TEST_F(SettingsViewTest, ARowDraggedToTheEdgeScrollsTheListThere) {
+    shell.resize(500, 260);
+    settings->setSize({500, 260});
+    choose(4);
+    auto* page = find(QStringLiteral("scroll"));
+    const auto start = find(QStringLiteral("row.media"))->mapToScene({60, 15});
+    mouse(QEvent::MouseButtonPress, start);
+    mouse(QEvent::MouseMove, {start.x(), start.y() + 20});
+    mouse(QEvent::MouseMove, {start.x(), 252});
+    auto* list = find(QStringLiteral("panels"));
+    const auto bottom = [&] { return list->mapToScene({0, list->height()}).y(); };
+    EXPECT_TRUE(eventually([&] { return bottom() <= 260; })) << bottom();
+    mouse(QEvent::MouseButtonRelease, {start.x(), 252});
+    EXPECT_EQ(panelOrder.allPanelsSorted().back().id, "media");
+    const auto row = find(QStringLiteral("row.media"))->mapToScene({60, 15});
+    mouse(QEvent::MouseButtonPress, row);
+    mouse(QEvent::MouseMove, {row.x(), row.y() - 20});
+    mouse(QEvent::MouseMove, {row.x(), 76});
+    const auto top = [&] { return list->mapToScene({0, 0}).y(); };
+    EXPECT_TRUE(eventually([&] { return top() >= 65; })) << top();
+    const double rested = page->property("contentY").toDouble();
+    mouse(QEvent::MouseButtonRelease, {row.x(), 76});
+    EXPECT_EQ(panelOrder.allPanelsSorted().front().id, "media");
+    EXPECT_EQ(page->property("contentY").toDouble(), rested);
+}
+
+TEST_F(SettingsViewTest, FoundCitiesAreScrolledIntoView) {
+    platform.userDefaultsPort.set("weatherEnabled", true);
+    choose(2);
+    focus(item(find(QStringLiteral("row.locationSearch")), QStringLiteral("field")));
+    for (const auto letter : {'O', 's', 'l', 'o'}) {
+        QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, QString(QLatin1Char(letter)));
+        QCoreApplication::sendEvent(&shell, &typed);
+    }
+    key(Qt::Key_Return);
+    ASSERT_TRUE(platform.httpClientPort.answer(Replies::ok(
+        R"({"results":[{"name":"Oslo","latitude":59.9,"longitude":10.7,"country":"Norway"},
+            {"name":"Oslo","latitude":48.2,"longitude":-97.1,"country":"United States"},
+            {"name":"Oslo","latitude":27.6,"longitude":-80.4,"country":"United States"}]})")));
+    std::vector<QQuickItem*> rows;
+    const std::function<void(QQuickItem*)> collect = [&](QQuickItem* top) {
+        if (top->objectName().startsWith(QStringLiteral("row.found:")))
+            rows.push_back(top);
+        for (auto* child : top->childItems())
+            collect(child);
+    };
+    EXPECT_TRUE(eventually([&] {
+        rows.clear();
+        collect(settings.get());
+        return rows.size() == 3 &&
+               std::all_of(rows.begin(), rows.end(), [&](auto* row) { return isInSight(row); });
+    }));
+}
+
+TEST_F(SettingsViewTest, EscapeClosesAListThenClearsASearchThenClosesTheWindow) {
+    platform.userDefaultsPort.set("weatherEnabled", true);
+    choose(1);
+    auto* picker = control(QStringLiteral("animationSpeed"));
+    auto* list = picker->property("popup").value<QObject*>();
+    focus(picker);
+    key(Qt::Key_Space);
+    ASSERT_TRUE(list->property("visible").toBool());
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(list->property("visible").toBool());
+    EXPECT_TRUE(shell.isVisible());
+    choose(2);
+    auto* field = item(find(QStringLiteral("row.locationSearch")), QStringLiteral("field"));
+    field->setProperty("text", QStringLiteral("Oslo"));
+    field->forceActiveFocus(Qt::TabFocusReason);
+    turn();
+    key(Qt::Key_Escape);
+    EXPECT_EQ(field->property("text").toString(), QString());
+    EXPECT_TRUE(shell.isVisible());
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(shell.isVisible());
 }
 
 } // namespace

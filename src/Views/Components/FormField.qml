@@ -13,6 +13,10 @@ FocusScope {
     // The field's own text is the user's; this brings in what others set.
     onTextChanged: if (field.text !== text) field.text = text
     implicitHeight: 26
+    Keys.onEscapePressed: event => {
+        event.accepted = field.text !== ""
+        field.text = ""
+    }
 
     Rectangle {
         anchors.fill: parent

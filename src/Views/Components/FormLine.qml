@@ -11,6 +11,7 @@ Item {
     property bool isDimmed: false
     // The control bears the label, so that it is not told twice.
     property bool isToldByControl: false
+    signal labelClicked
     default property alias control: trailing.data
 
     implicitHeight: 40
@@ -52,6 +53,14 @@ Item {
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text
             }
+        }
+    }
+    Item {
+        width: trailing.x
+        height: root.height
+
+        TapHandler {
+            onTapped: root.labelClicked()
         }
     }
     Row {

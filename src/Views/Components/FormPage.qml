@@ -9,6 +9,7 @@ Flickable {
 
     default property alias content: column.data
     property real margin: 20
+    readonly property real scrollStep: 5
     readonly property Item focused: Window.activeFocusItem
 
     function scrollTo(y) {
@@ -18,6 +19,7 @@ Flickable {
         scrollTo(contentHeight)
     }
     function reveal(item) {
+        column.forceLayout() // what is new has no place yet
         for (let ancestor = item; ancestor !== column; ancestor = ancestor.parent)
             if (!ancestor)
                 return
@@ -27,6 +29,20 @@ Flickable {
             scrollTo(top)
         else if (bottom > contentY + height)
             scrollTo(bottom - height)
+    }
+
+    // Scrolls on while the pointer, at this y of `item`, drags near an edge, no further than the item
+    // goes. Returns how far.
+    function scrollAtEdge(item, y) {
+        const before = contentY
+        const at = item.mapToItem(root, 0, y).y
+        const top = item.mapToItem(contentItem, 0, 0).y - margin
+        const bottom = top + item.height + 2 * margin - height
+        if (at < margin && before > top)
+            scrollTo(Math.max(before - scrollStep, top))
+        else if (at > height - margin && before < bottom)
+            scrollTo(Math.min(before + scrollStep, bottom))
+        return contentY - before
     }
 
     objectName: "scroll"

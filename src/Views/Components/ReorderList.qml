@@ -14,6 +14,9 @@ Item {
     // The row that hangs on the pointer, or -1, and how far it has come.
     property int dragged: -1
     property real pull: 0
+    // Where the pointer is on the list, whose page scrolls when a row is dragged to its edge.
+    property real grip: 0
+    property FormPage page
     readonly property int target: clampedRow(Math.round(dragged + pull / rowHeight))
     signal moved(int from, int to)
 
@@ -28,6 +31,11 @@ Item {
     function move(from, to) {
         if (to !== from && to === clampedRow(to))
             moved(from, to)
+    }
+    function drag(index, way, at) {
+        dragged = index
+        pull = way
+        grip = at
     }
     function drop() {
         const from = dragged
@@ -53,5 +61,15 @@ Item {
 
     Repeater {
         id: repeater
+    }
+    Timer {
+        interval: 16
+        repeat: true
+        running: root.dragged >= 0 && root.page
+        onTriggered: {
+            const way = root.page.scrollAtEdge(root, root.grip)
+            root.grip += way
+            root.pull += way
+        }
     }
 }

@@ -68,8 +68,7 @@ Item {
             const way = positionOf(mouse) - origin
             if (!pressed || !root.isDragged && Math.abs(way) < threshold)
                 return
-            root.owner.dragged = root.index
-            root.owner.pull = way
+            root.owner.drag(root.index, way, origin + way)
         }
         onReleased: if (root.isDragged) root.owner.drop()
         onCanceled: {
