@@ -6,6 +6,8 @@
 
 #include <QQmlComponent>
 
+#include <algorithm>
+
 namespace orvelle {
 namespace {
 
@@ -83,6 +85,53 @@ TEST_F(OnboardingPictureTest, EveryStepIsRecolouredAtOnceByAModeFromOutside) {
         ASSERT_TRUE(keyboard.leadsTo(item(wizard.get(), QStringLiteral("forward"))));
         keyboard.press(Qt::Key_Return);
     }
+}
+
+TEST_F(OnboardingPictureTest, EachStepHasOnePrimaryButton) {
+    for (int step = 0; step < 7; ++step) {
+        ASSERT_TRUE(eventually([this] { return isAtRest(); })) << step;
+        const auto controls = KeyboardWalk::controlsBelow(wizard.get());
+        EXPECT_EQ(std::count_if(controls.begin(), controls.end(),
+                                [](auto* each) { return each->property("prominent").toBool(); }),
+                  1)
+            << step;
+        ASSERT_TRUE(keyboard.leadsTo(item(wizard.get(), QStringLiteral("forward"))));
+        keyboard.press(Qt::Key_Return);
+    }
+}
+
+TEST_F(OnboardingPictureTest, EveryStepIsLeftBothWaysByTheKeyboardWhichStaysInSight) {
+    const auto hasKeyboard = [this] {
+        const auto controls = KeyboardWalk::controlsBelow(wizard.get());
+        return std::count(controls.begin(), controls.end(), shell.activeFocusItem()) == 1;
+    };
+    const auto pressOn = [&](const QString& name) {
+        ASSERT_TRUE(keyboard.leadsTo(item(wizard.get(), name))) << name.toStdString();
+        keyboard.press(Qt::Key_Return);
+        ASSERT_TRUE(eventually([this] { return isAtRest(); }));
+        EXPECT_TRUE(hasKeyboard()) << "after " << name.toStdString();
+    };
+    for (int step = 0; step < 5; ++step)
+        pressOn(QStringLiteral("forward"));
+    for (int step = 5; step > 0; --step)
+        pressOn(QStringLiteral("back"));
+    pressOn(QStringLiteral("forward"));
+    for (int step = 1; step < 6; ++step)
+        pressOn(QStringLiteral("skip"));
+    EXPECT_EQ(shell.activeFocusItem(), item(wizard.get(), QStringLiteral("forward")));
+    keyboard.press(Qt::Key_Return);
+    EXPECT_EQ(completions, 1);
+}
+
+TEST_F(OnboardingPictureTest, AButtonThatIsAnsweredLeavesTheKeyboardToTheWayOn) {
+    ASSERT_TRUE(keyboard.leadsTo(item(wizard.get(), QStringLiteral("forward"))));
+    keyboard.press(Qt::Key_Return);
+    ASSERT_TRUE(eventually([this] { return isAtRest(); }));
+    ASSERT_TRUE(keyboard.leadsTo(item(wizard.get(), QStringLiteral("stepButton"))));
+    keyboard.press(Qt::Key_Return);
+    platform.locationServicePort.changeAuthorization(LocationAuthorization::authorizedAlways);
+    turn();
+    EXPECT_EQ(shell.activeFocusItem(), item(wizard.get(), QStringLiteral("forward")));
 }
 
 } // namespace

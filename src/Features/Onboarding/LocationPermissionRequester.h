@@ -3,6 +3,7 @@
 #include "Platform/LocationService.h"
 #include "Platform/Platform.h"
 
+#include <functional>
 #include <memory>
 
 namespace orvelle {
@@ -11,16 +12,18 @@ namespace orvelle {
 /// of the answer.
 class LocationPermissionRequester : public LocationManagerDelegate {
 public:
-    explicit LocationPermissionRequester(Platform& platform);
+    /// `failed` hears when a request has led to no place: nobody is there to answer, or the user
+    /// has refused, which changes the authorisation too.
+    explicit LocationPermissionRequester(Platform& platform, std::function<void()> failed = {});
 
     void request();
 
-    // A refusal changes the authorisation too, and any other failure tells nothing of it.
     void didUpdateLocations(LocationManager&, const std::vector<Coordinate>&) override {}
     void didChangeAuthorization(LocationManager&) override {}
-    void didFailWithError(LocationManager&, const std::string&) override {}
+    void didFailWithError(LocationManager&, const std::string&) override;
 
 private:
+    std::function<void()> failed_;
     std::unique_ptr<LocationManager> manager_;
 };
 

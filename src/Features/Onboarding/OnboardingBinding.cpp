@@ -20,6 +20,7 @@ OnboardingContentValue contentValue(const OnboardingView::Content& content) {
         value.isOn = content.toggle->isOn;
     }
     value.status = toQt(content.status);
+    value.note = toQt(content.note);
     for (const auto& tip : content.tips)
         value.tips.push_back(
             QVariant::fromValue(OnboardingTipValue{toQt(tip.symbol), toQt(tip.text)}));
@@ -31,8 +32,8 @@ OnboardingContentValue contentValue(const OnboardingView::Content& content) {
 void OnboardingBinding::attach(const ViewEnvironment& environment) {
     const auto& theme = environment.notch.themeManager;
     view_.emplace(environment.completeOnboarding, theme, environment.platform);
-    follow(view_->currentStep, view_->locationStatusText, view_->calendarStatusText,
-           view_->cameraStatusText, view_->launchAtLogin, theme);
+    follow(view_->currentStep, view_->locationStatusText, view_->isLocationUnanswered,
+           view_->calendarStatusText, view_->cameraStatusText, view_->launchAtLogin, theme);
 }
 
 void OnboardingBinding::refresh() {

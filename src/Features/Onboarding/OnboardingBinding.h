@@ -19,6 +19,7 @@ struct OnboardingContentValue {
     Q_PROPERTY(QVariant toggle MEMBER toggle)
     Q_PROPERTY(bool isOn MEMBER isOn)
     Q_PROPERTY(QVariant status MEMBER status)
+    Q_PROPERTY(QVariant note MEMBER note)
     Q_PROPERTY(QVariantList tips MEMBER tips)
 
 public:
@@ -29,6 +30,7 @@ public:
     QVariant toggle;         ///< its label, or undefined
     bool isOn = false;
     QVariant status;   ///< a text, or undefined
+    QVariant note;     ///< as `status`
     QVariantList tips; ///< of OnboardingTipValue
     bool operator==(const OnboardingContentValue&) const = default;
 };

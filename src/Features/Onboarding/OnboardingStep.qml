@@ -42,8 +42,6 @@ Item {
         FormButton {
             objectName: "stepButton"
             visible: !!root.content.button
-            prominent: true
-            accentColor: root.accentColor
             text: root.content.button || ""
             anchors.horizontalCenter: parent.horizontalCenter
             onClicked: root.action()
@@ -68,6 +66,10 @@ Item {
                 font.pixelSize: FormStyle.textSize
                 color: FormStyle.textColor
                 anchors.verticalCenter: parent.verticalCenter
+
+                TapHandler {
+                    onTapped: root.toggled(!root.content.isOn)
+                }
             }
         }
         Loader {
@@ -77,6 +79,15 @@ Item {
             sourceComponent: PanelText {
                 objectName: "stepStatus"
                 content: root.content.status
+            }
+        }
+        Loader {
+            active: !!root.content.note
+            visible: active
+            anchors.horizontalCenter: parent.horizontalCenter
+            sourceComponent: PanelText {
+                objectName: "stepNote"
+                content: root.content.note
             }
         }
         Column {

@@ -22,6 +22,7 @@ constexpr Color pink{1, 0.216, 0.373, 1};
 constexpr double stepSymbolSize = 36;
 constexpr double wideText = 360;
 constexpr double narrowText = 320;
+const std::string locationUnanswered = "No location service answered. Weather works with cities.";
 const std::string automationStatus = "Grant when prompted";
 
 StyledText pageTitle(std::string text) {
@@ -59,7 +60,10 @@ void OnboardingView::appear() {
 }
 
 void OnboardingView::readStatus() {
-    locationStatusText = statusText(platform_.locationService().authorizationStatus());
+    const auto location = platform_.locationService().authorizationStatus();
+    locationStatusText = statusText(location);
+    if (location != LocationAuthorization::notDetermined)
+        isLocationUnanswered = false;
     calendarStatusText = statusText(platform_.eventStore().authorizationStatus());
     cameraStatusText = statusText(platform_.camera().authorizationStatus());
 }
@@ -68,11 +72,15 @@ OnboardingView::Content OnboardingView::stepContent(Step step) const {
     switch (step) {
     case Step::welcome:
         return welcomeStep();
-    case Step::location:
-        return permissionStep(
+    case Step::location: {
+        auto content = permissionStep(
             {"location.fill"_symbol, stepSymbolSize, colors::blue}, "Location Access",
             "Orvelle uses your location to show local weather conditions in the notch bar.",
             "Allow Location", locationStatusText);
+        if (isLocationUnanswered)
+            content.note = statusLine(locationUnanswered);
+        return content;
+    }
     case Step::calendar:
         return permissionStep({"calendar"_symbol, stepSymbolSize, colors::red}, "Calendar Access",
                               "See your upcoming events at a glance right from the notch. Orvelle "
@@ -218,7 +226,11 @@ void OnboardingView::performAction() {
 }
 
 void OnboardingView::requestLocationPermission() {
-    locationManagerHolder_ = std::make_unique<LocationPermissionRequester>(platform_);
+    isLocationUnanswered = false;
+    locationManagerHolder_ = std::make_unique<LocationPermissionRequester>(platform_, [this] {
+        isLocationUnanswered = platform_.locationService().authorizationStatus() ==
+                               LocationAuthorization::notDetermined;
+    });
     locationManagerHolder_->request();
 }
 

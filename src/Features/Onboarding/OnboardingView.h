@@ -46,6 +46,7 @@ public:
         std::optional<std::string> button; ///< calls `performAction`
         std::optional<Toggle> toggle;      ///< calls `updateLaunchAtLogin`
         std::optional<StyledText> status;
+        std::optional<StyledText> note; ///< what the status leaves unsaid
         std::vector<Tip> tips;
         bool operator==(const Content&) const = default;
     };
@@ -71,6 +72,8 @@ public:
 
     Published<std::size_t> currentStep{0}; ///< an index into `steps`
     Published<std::string> locationStatusText;
+    /// The last request found nobody who could ask the user.
+    Published<bool> isLocationUnanswered{false};
     Published<std::string> calendarStatusText;
     Published<std::string> cameraStatusText;
     /// Off at first, whatever is registered.

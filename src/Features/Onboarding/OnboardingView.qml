@@ -10,8 +10,12 @@ FocusScope {
 
     // A control that goes with its step, or with its permission, leaves the keyboard to "Next".
     readonly property Item keyboard: Window.activeFocusItem
-    onKeyboardChanged: {
-        if (Window.active && (!keyboard || !keyboard.activeFocusOnTab))
+    readonly property bool isKeyboardLost: Window.active && !(
+        keyboard && keyboard.activeFocusOnTab && keyboard.visible && keyboard.enabled)
+    onIsKeyboardLostChanged: Qt.callLater(findKeyboard) // not amid the change of the focus itself
+
+    function findKeyboard() {
+        if (isKeyboardLost)
             forward.forceActiveFocus(Qt.TabFocusReason)
     }
 

@@ -225,6 +225,33 @@ TEST_F(OnboardingViewTest, WhoComesBackToTheWindowSeesWhatHasChangedMeanwhile) {
     EXPECT_EQ(platform.eventStorePort.accessRequests + platform.cameraPort.accessRequests, 0);
 }
 
+TEST_F(OnboardingViewTest, ARequestThatNobodyAnswersSaysSoBelowTheStatus) {
+    auto& location = platform.locationServicePort;
+    goTo(Step::location);
+    EXPECT_EQ(content().note, std::nullopt);
+    view().performAction();
+    EXPECT_EQ(content().note, std::nullopt);
+    location.last->fail("there is no service");
+    EXPECT_EQ(status(), "Not yet requested");
+    ASSERT_TRUE(content().note);
+    EXPECT_TRUE(content().note->text.starts_with("No location service answered"));
+    EXPECT_EQ(content().note->style.size, 11);
+    view().performAction();
+    EXPECT_EQ(content().note, std::nullopt) << "asked again, it may yet answer";
+    location.last->fail("there is no service");
+    ASSERT_TRUE(content().note);
+    location.changeAuthorization(LocationAuthorization::authorizedAlways);
+    EXPECT_EQ(content().note, std::nullopt);
+}
+
+TEST_F(OnboardingViewTest, ARefusalIsNoSilence) {
+    goTo(Step::location);
+    view().performAction();
+    platform.locationServicePort.changeAuthorization(LocationAuthorization::denied);
+    platform.locationServicePort.last->fail("refused");
+    EXPECT_EQ(content().note, std::nullopt);
+}
+
 TEST_F(OnboardingViewTest, ABeginningWizardKnowsWhatWasAnsweredBefore) {
     platform.locationServicePort.changeAuthorization(LocationAuthorization::denied);
     EXPECT_EQ(view().locationStatusText.get(), "Denied - enable in System Settings");
