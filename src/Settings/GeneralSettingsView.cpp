@@ -39,10 +39,12 @@ SettingsRow aboutRow() {
 
 GeneralSettingsView::GeneralSettingsView(const SettingsEnvironment& environment, Platform& platform)
     : SettingsPage(platform.userDefaults()), environment_(environment), platform_(platform),
-      updateObserver_(
-          environment.updateChecker.updateAvailable.observe([this](bool) { refresh(); })),
       clickWidgetObserver_(environment.notch.notchState.clickWidgetNavigatesToPanel.observe(
-          [this](bool) { refresh(); })) {}
+          [this](bool) { refresh(); })) {
+    const auto& checker = environment.updateChecker;
+    for (const auto* state : {&checker.updateAvailable, &checker.isChecking, &checker.hasChecked})
+        updateObservers_.push_back(state->observe([this](bool) { refresh(); }));
+}
 
 std::vector<SettingsRow> GeneralSettingsView::makeRows() const {
     return {
@@ -102,8 +104,13 @@ SettingsRow GeneralSettingsView::clickWidgetRow() const {
 SettingsRow GeneralSettingsView::updateRow() const {
     const auto& checker = environment_.updateChecker;
     auto row = buttonRow(std::string(update), "Check Now");
-    row.label = "Up to date";
-    row.symbol = StyledSymbol{"checkmark.circle.fill"_symbol, updateSymbolSize, colors::green};
+    row.label = "Not checked yet";
+    if (checker.isChecking)
+        row.detail = "Checking…";
+    if (checker.hasChecked) {
+        row.label = "Up to date";
+        row.symbol = StyledSymbol{"checkmark.circle.fill"_symbol, updateSymbolSize, colors::green};
+    }
     if (checker.updateAvailable) {
         row.label = "Update available: v" + checker.latestVersion.get().value_or("");
         row.button = "Download";

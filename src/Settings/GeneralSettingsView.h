@@ -36,7 +36,7 @@ private:
 
     const SettingsEnvironment environment_;
     Platform& platform_;
-    Subscription updateObserver_;
+    std::vector<Subscription> updateObservers_;
     Subscription clickWidgetObserver_;
 };
 

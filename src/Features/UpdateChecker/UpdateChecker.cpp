@@ -70,9 +70,12 @@ void UpdateChecker::received(const HttpReply& reply) {
         return;
     }
     const auto manifest = VersionManifest::decode(reply.body);
-    if (!manifest.record)
+    if (!manifest.record) {
         log_.error("Update check failed: " + manifest.error);
-    else if (isNewerVersion(manifest.record->version, AppConstants::version))
+        return;
+    }
+    hasChecked = true;
+    if (isNewerVersion(manifest.record->version, AppConstants::version))
         publishUpdate(manifest.record->version, manifest.record->notes, manifest.record->url);
     else
         publishNoUpdate();

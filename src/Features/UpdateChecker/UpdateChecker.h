@@ -28,6 +28,7 @@ public:
     Published<std::optional<std::string>> releaseNotes;  ///< only when newer
     Published<std::optional<std::string>> downloadURL;   ///< only when newer and an address
     Published<bool> isChecking{false};
+    Published<bool> hasChecked{false}; ///< a check has succeeded since the start
     Timer timer;
 
     void start();

@@ -143,7 +143,33 @@ TEST_F(GeneralSettingsViewTest, ARefusedLoginItemLeavesTheSwitchAsItWas) {
     EXPECT_EQ(defaults().object("launchAtLogin"), std::nullopt);
 }
 
+TEST_F(GeneralSettingsViewTest, UpToDateIsSaidOnlyAfterACheckThatSucceeded) {
+    const auto check = [this](const HttpReply& reply) {
+        page.press("update");
+        EXPECT_EQ(row("update").detail, "Checking…");
+        ASSERT_TRUE(platform.httpClientPort.answer(reply));
+        EXPECT_EQ(row("update").detail, "");
+    };
+    const auto expectUnknown = [this] {
+        EXPECT_EQ(row("update").label, "Not checked yet");
+        EXPECT_EQ(row("update").symbol, std::nullopt);
+        EXPECT_EQ(row("update").button, "Check Now");
+    };
+    expectUnknown();
+    for (const auto& failure :
+         {HttpReply{"no network", 0, ""}, HttpReply{{}, 404, ""}, Replies::ok("no manifest")}) {
+        check(failure);
+        expectUnknown();
+    }
+    check(Replies::ok(Replies::manifest("1.0.6")));
+    EXPECT_EQ(row("update").label, "Up to date");
+    check({"no network", 0, ""});
+    EXPECT_EQ(row("update").label, "Up to date") << "a failure leaves what was found";
+}
+
 TEST_F(GeneralSettingsViewTest, UpToDateOffersACheckAndANewerVersionADownload) {
+    page.press("update");
+    platform.httpClientPort.answer(Replies::ok(Replies::manifest("1.0.6")));
     EXPECT_EQ(row("update").label, "Up to date");
     EXPECT_EQ(row("update").symbol->name, "checkmark.circle.fill");
     EXPECT_EQ(row("update").button, "Check Now");

@@ -26,7 +26,7 @@ constexpr Sky rain{{{0.15, 0.25, 0.5}, {0.1, 0.18, 0.38}}};
 constexpr Sky sleet{{{0.2, 0.35, 0.55}, {0.15, 0.2, 0.4}}};
 constexpr Sky snow{{{0.5, 0.55, 0.65}, {0.35, 0.4, 0.5}}};
 constexpr Sky thunder{{{0.15, 0.1, 0.3}, {0.25, 0.15, 0.4}}};
-constexpr Sky unknown{{{0.2, 0.2, 0.25}, {0.15, 0.15, 0.2}}};
+constexpr Sky unknownSky{{{0.2, 0.2, 0.25}, {0.15, 0.15, 0.2}}};
 
 constexpr Appearance same(std::string_view icon, std::string_view description, const Sky& sky) {
     return {icon, icon, description, sky, sky};
@@ -39,7 +39,7 @@ const Appearance snowing = same("cloud.snow.fill", "Snow", snow);
 const Appearance showers = same("cloud.heavyrain.fill", "Showers", rain);
 const Appearance snowShowers = same("cloud.snow.fill", "Snow Showers", snow);
 const Appearance hail = same("cloud.bolt.rain.fill", "Thunderstorm with Hail", thunder);
-const Appearance nothingKnown = same("questionmark.circle", "Unknown", unknown);
+const Appearance nothingKnown = same("questionmark.circle", "Unknown", unknownSky);
 
 const std::map<std::int64_t, Appearance> appearances{
     {0,
