@@ -2,6 +2,7 @@
 
 #include "Core/ListMerge.h"
 #include "Platform/KeptAside.h"
+#include "Platform/WritersLock.h"
 
 #include <utility>
 
@@ -44,7 +45,7 @@ struct ListSaving::Job {
     Outcome run() const {
         // Without a lock, on a file system that has none, another process can come only between
         // the reading and the writing.
-        const auto held = files.lock(path.substr(0, path.rfind('/')), lockPatience);
+        const auto held = lockAmongWriters(files, path, maximumSize, lockPatience);
         auto own = encoding();
         Outcome outcome;
         outcome.version.own = bytesOf(own);

@@ -2,6 +2,7 @@
 
 #include "Platform/DefaultsCoding.h"
 #include "Platform/KeptAside.h"
+#include "Platform/WritersLock.h"
 
 namespace orvelle {
 
@@ -48,7 +49,7 @@ DefaultsStorage::Outcome DefaultsStorage::save(const DefaultsCopy& own, Seconds 
                                                Insist insist) const {
     Outcome outcome;
     outcome.result = insist == Insist::no ? Result::busy : Result::refused;
-    const auto held = lock(patience);
+    const auto held = lockAmongWriters(*fileSystem_, path_, maximumSize, patience);
     if (!held && insist == Insist::no)
         return outcome;
     const auto reading = readFile();
@@ -76,24 +77,6 @@ DefaultsStorage::Outcome DefaultsStorage::save(const DefaultsCopy& own, Seconds 
     outcome.document = std::move(merged);
     outcome.saved = own.unsaved;
     return outcome;
-}
-
-Subscription DefaultsStorage::lock(Seconds patience) const {
-    constexpr int maximumWaits = 10;
-    const auto folder = path_.substr(0, path_.rfind('/'));
-    auto held = fileSystem_->lock(folder, 0);
-    if (held || patience <= 0)
-        return held;
-    // Among many writers the lock may pass by for long. Only one that writes nothing has hung.
-    auto before = fileSystem_->read(path_, maximumSize).bytes;
-    for (int waits = 0; !held && waits < maximumWaits; ++waits) {
-        held = fileSystem_->lock(folder, patience);
-        auto now = fileSystem_->read(path_, maximumSize).bytes;
-        if (now == before)
-            break;
-        before = std::move(now);
-    }
-    return held;
 }
 
 DefaultsStorage::Reading DefaultsStorage::readFile() const {

@@ -79,7 +79,6 @@ private:
         enum class Content { some, none, unknown } content = Content::some;
     };
 
-    Subscription lock(Seconds patience) const;
     Reading readFile() const;
     /// Puts a file without use aside.
     WriteOutcome makeWay(const Reading& unusable, std::vector<std::string>& troubles) const;

@@ -213,9 +213,14 @@ void PosixFileSystem::clearRests(const std::string& path) {
 
 Subscription PosixFileSystem::lock(const std::string& folder, Seconds patience) {
     using Clock = std::chrono::steady_clock;
-    constexpr auto pause = std::chrono::milliseconds(5);
+    constexpr auto pause = std::chrono::milliseconds(2);
+    // Nobody is told of a lock that is free again: who comes back at once would always be the
+    // first.
+    constexpr auto turnOfOthers = 5 * pause;
     if (!makePrivateFolder(folder))
         return {};
+    if (patience > 0)
+        std::this_thread::sleep_until(released_->load() + turnOfOthers);
     auto handle =
         std::make_shared<Descriptor>(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const auto deadline = Clock::now() + std::chrono::duration<double>(patience);
@@ -224,7 +229,10 @@ Subscription PosixFileSystem::lock(const std::string& folder, Seconds patience) 
             return {};
         std::this_thread::sleep_for(pause);
     }
-    return Subscription([handle] { flock(handle->get(), LOCK_UN); });
+    return Subscription([handle, released = released_] {
+        flock(handle->get(), LOCK_UN);
+        released->store(Clock::now());
+    });
 }
 
 } // namespace orvelle

@@ -2,6 +2,11 @@
 
 #include "Platform/FileSystem.h"
 
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <string>
+
 namespace orvelle {
 
 /// Files by POSIX calls, folders by the XDG base directories: a variable that is unset, empty or
@@ -26,6 +31,9 @@ public:
 private:
     std::string dataHome_;
     std::string configHome_;
+    /// When a lock was given back last.
+    std::shared_ptr<std::atomic<std::chrono::steady_clock::time_point>> released_ =
+        std::make_shared<std::atomic<std::chrono::steady_clock::time_point>>();
 };
 
 } // namespace orvelle

@@ -1,8 +1,8 @@
 #include "Platform/Simulated/SimulatedFiles.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <filesystem>
 #include <utility>
 
 namespace orvelle {
@@ -39,10 +39,15 @@ const Kind* kindOf(std::string_view name) {
 
 std::optional<std::string> SimulatedFileCopier::canonicalPath(const std::string& path) const {
     std::string resolved;
-    for (const auto& component : std::filesystem::path(path).lexically_normal().relative_path()) {
-        if (component.empty())
-            continue; // behind a trailing slash
-        resolved += "/" + component.string();
+    for (std::size_t start = 0; start < path.size();) {
+        const auto end = std::min(path.find('/', start), path.size());
+        const auto component = path.substr(start, end - start);
+        start = end + 1;
+        if (component == "..")
+            resolved.erase(std::min(resolved.rfind('/'), resolved.size()));
+        if (component.empty() || component == "." || component == "..")
+            continue;
+        resolved += "/" + component;
         if (const auto link = links.find(resolved); link != links.end())
             resolved = link->second;
     }
