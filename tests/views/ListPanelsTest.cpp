@@ -292,6 +292,38 @@ TEST_F(ClipboardPanelTest, TheSearchFieldTakesTheKeyboardWhenThePanelAppears) {
     EXPECT_EQ(textOf("field"), "f");
 }
 
+TEST_F(ClipboardPanelTest, ACopySaysSoForAMoment) {
+    show(ActivePanel::clipboard);
+    ASSERT_NE(item("toast"), nullptr);
+    EXPECT_FALSE(item("toast")->isVisible());
+    clickRow("row.1");
+    EXPECT_TRUE(item("toast")->isVisible());
+    EXPECT_EQ(textOf("toastText"), "Copied");
+    EXPECT_TRUE(eventually([&] { return !item("toast")->isVisible(); }));
+}
+
+TEST_F(ListPanelsTest, ACopiedNoteSaysSoAndAFinishedTaskShowsIt) {
+    notes.addItem("a");
+    open(ActivePanel::notes, "field");
+    clickRow("rowButton");
+    ASSERT_NE(item("toast"), nullptr);
+    EXPECT_TRUE(item("toast")->isVisible());
+    EXPECT_EQ(textOf("toastText"), "Copied");
+    todo.addItem("b");
+    open(ActivePanel::todo, "field");
+    clickRow("rowButton");
+    EXPECT_FALSE(item("toast")->isVisible());
+}
+
+TEST_F(ClipboardPanelTest, ASearchWithoutAMatchIsNoEmptyHistory) {
+    open(ActivePanel::clipboard, "field");
+    type("zz");
+    EXPECT_TRUE(eventually([&] { return textOf("placeholderTitle") == "No results"; }));
+    clipboard.items = std::vector<ClipboardItem>{};
+    turn();
+    EXPECT_EQ(textOf("placeholderTitle"), "No clipboard history");
+}
+
 TEST_F(ClipboardPanelTest, TypingSearches) {
     open(ActivePanel::clipboard, "field");
     type("FIRST");

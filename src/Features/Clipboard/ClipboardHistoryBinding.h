@@ -58,6 +58,7 @@ class ClipboardHistoryBinding : public Binding {
     ORVELLE_CONSTANT(orvelle::TextValue, searchStyle, ClipboardHistoryView)
     ORVELLE_CONSTANT(QString, searchPrompt, ClipboardHistoryView)
     ORVELLE_CONSTANT(QColor, promptColor, ClipboardHistoryView)
+    ORVELLE_CONSTANT(QString, copied, ClipboardHistoryView)
     ORVELLE_CONSTANT(double, focusDelay, ClipboardHistoryView)
     ORVELLE_CONSTANT(double, deletionDuration, ClipboardHistoryView)
     ORVELLE_SHOWN(orvelle::SymbolValue, searchSymbol)

@@ -50,8 +50,10 @@ StyledSymbol ClipboardHistoryView::searchSymbol() const {
 }
 
 FilePlaceholder ClipboardHistoryView::emptyStateView() const {
+    const bool nothingMatches = !searchText.empty() && !manager_.items->empty();
     return {{"clipboard"_symbol, 28, notchTertiary},
-            {"No clipboard history", {12, FontWeight::regular, notchTertiary}}};
+            {nothingMatches ? "No results" : "No clipboard history",
+             {12, FontWeight::regular, notchFaint}}};
 }
 
 std::vector<ClipboardItem> ClipboardHistoryView::filteredItems() const {
@@ -66,7 +68,7 @@ std::vector<ClipboardHistoryView::ClipboardItemRow> ClipboardHistoryView::rows()
 }
 
 ClipboardHistoryView::ClipboardItemRow ClipboardHistoryView::row(const ClipboardItem& item) const {
-    constexpr TextStyle detail{9, FontWeight::regular, notchTertiary};
+    constexpr TextStyle detail{9, FontWeight::regular, notchFaint};
     const auto now = platform_.runLoop().now();
     return {
         .id = item.id,

@@ -49,9 +49,11 @@ public:
     static constexpr double spacing = 8;
     static constexpr double searchPadding = 8;
     static constexpr double searchCornerRadius = 8;
+    /// Said once a text was copied back.
+    static constexpr std::string_view copied = "Copied";
     static constexpr Color searchBackground = Color::white(1, 0.08);
     static constexpr TextStyle searchStyle{12, FontWeight::regular, colors::white};
-    static constexpr Color promptColor = notchTertiary;
+    static constexpr Color promptColor = notchFaint;
     static constexpr std::string_view searchPrompt = "Search clipboard...";
     static constexpr Seconds focusDelay = EntryList::focusDelay;
     static constexpr Seconds deletionDuration = 0.2; ///< eased out

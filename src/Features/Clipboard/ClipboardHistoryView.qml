@@ -17,6 +17,8 @@ FocusScope {
         height: field.implicitHeight + 2 * view.searchPadding
         radius: view.searchCornerRadius
         color: view.searchBackground
+        border.width: field.activeFocus ? 1 : 0
+        border.color: Style.focusColor
 
         PanelSymbol {
             id: glass
@@ -65,7 +67,10 @@ FocusScope {
             width: ListView.view.width
             height: implicitHeight
             focus: ListView.isCurrentItem
-            onCopied: view.copy(entry.id)
+            onCopied: {
+                view.copy(entry.id)
+                toast.say(view.copied)
+            }
             onDeleted: view.remove(entry.id)
         }
         remove: Transition {
@@ -88,6 +93,9 @@ FocusScope {
         anchors.fill: list
         visible: list.count === 0
         placeholder: view.emptyState
+    }
+    Toast {
+        id: toast
     }
     Timer {
         interval: view.focusDelay * 1000

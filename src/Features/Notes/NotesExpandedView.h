@@ -21,6 +21,7 @@ public:
 
     void add(std::string_view text) override { addNote(text); }
     void performLeading(UUID id) override { copyNote(id); }
+    std::string_view leadingDone() const override { return "Copied"; }
     void performTrailing(UUID id) override;
 
 private:

@@ -32,7 +32,7 @@ public:
     };
 
     static constexpr TextStyle fieldStyle{12, FontWeight::regular, colors::white};
-    static constexpr Color promptColor = notchTertiary;
+    static constexpr Color promptColor = notchFaint;
     static constexpr double fieldHorizontalPadding = 8;
     static constexpr double fieldVerticalPadding = 5;
     static constexpr StyledSymbol addButton{"plus.circle.fill"_symbol, 16, colors::mint};
@@ -52,6 +52,8 @@ public:
     static bool canAdd(std::string_view text);
     virtual void add(std::string_view text) = 0;
     virtual void performLeading(UUID id) = 0;
+    /// What is said once the leading action was performed; nothing where the list shows it.
+    virtual std::string_view leadingDone() const { return {}; }
     virtual void performTrailing(UUID id) = 0;
 
 protected:

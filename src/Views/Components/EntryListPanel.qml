@@ -27,7 +27,7 @@ FocusScope {
         radius: 6
         color: root.view.rowBackground
         border.width: field.activeFocus ? 1 : 0
-        border.color: Style.edgeColor
+        border.color: Style.focusColor
 
         PanelField {
             id: field
@@ -91,7 +91,10 @@ FocusScope {
             focus: ListView.isCurrentItem
             isHighlighted: activeFocus
             background: root.view.rowBackground
-            onLeadingPerformed: root.view.performLeading(entry.id)
+            onLeadingPerformed: {
+                root.view.performLeading(entry.id)
+                toast.say(root.view.leadingDone)
+            }
             onTrailingPerformed: root.view.performTrailing(entry.id)
         }
         remove: Transition {
@@ -114,6 +117,9 @@ FocusScope {
         anchors.fill: list
         visible: list.count === 0
         placeholder: root.view.emptyState
+    }
+    Toast {
+        id: toast
     }
     Timer {
         interval: root.view.focusDelay * 1000

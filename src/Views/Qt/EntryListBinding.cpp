@@ -17,6 +17,7 @@ static EntryRowValue toQt(const EntryList::Row& row) {
 
 void EntryListBinding::refresh() {
     show_prompt(orvelle::toQt(view_->prompt()));
+    show_leadingDone(orvelle::toQt(view_->leadingDone()));
     show_emptyState(orvelle::toQt(view_->emptyState()));
     std::vector<EntryRowValue> values;
     for (const auto& row : view_->rows())

@@ -47,6 +47,7 @@ class EntryListBinding : public Binding {
     ORVELLE_CONSTANT(orvelle::TextValue, fieldStyle, EntryList)
     ORVELLE_CONSTANT(QColor, promptColor, EntryList)
     ORVELLE_SHOWN(QString, prompt)
+    ORVELLE_SHOWN(QString, leadingDone)
     ORVELLE_SHOWN(orvelle::PlaceholderValue, emptyState)
     ORVELLE_LIST(EntryRowValue, rows)
 

@@ -1,0 +1,40 @@
+import QtQuick
+import Orvelle
+
+// A word on what has just been done, gone again after a moment.
+Rectangle {
+    id: root
+
+    function say(text) {
+        if (text === "")
+            return
+        caption.text = text
+        moment.restart()
+    }
+
+    objectName: "toast"
+    anchors.horizontalCenter: parent.horizontalCenter
+    anchors.bottom: parent.bottom
+    z: 2
+    visible: moment.running
+    width: caption.implicitWidth + 20
+    height: caption.implicitHeight + 8
+    radius: height / 2
+    color: Style.fillColor
+    border.color: Style.edgeColor
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: caption.text
+
+    Text {
+        id: caption
+        objectName: "toastText"
+        anchors.centerIn: parent
+        textFormat: Text.PlainText
+        font.pixelSize: 11
+        color: Style.textColor
+    }
+    Timer {
+        id: moment
+        interval: 1500
+    }
+}
