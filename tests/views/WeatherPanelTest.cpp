@@ -1,3 +1,4 @@
+#include "Support/Replies.h"
 #include "views/ViewFixture.h"
 
 #include <QImage>
@@ -16,6 +17,7 @@ protected:
         data.lastUpdated = platform.runLoopPort.now();
         data.locationName = "Paris";
         weather.weather = data;
+        weather.hasFigures = true;
     }
     void save(int count) {
         for (int index = 0; index < count; ++index)
@@ -121,6 +123,42 @@ TEST_F(WeatherPanelTest, theFirstFetchShowsTheSpinner) {
     turn();
     EXPECT_EQ(item("loadingText"), nullptr);
     EXPECT_EQ(textOf("location"), "Current Location");
+}
+
+TEST_F(WeatherPanelTest, theOldFiguresAreDimUntilThoseOfAnotherPlaceCome) {
+    save(1);
+    show(ActivePanel::weather);
+    EXPECT_EQ(item("figures")->opacity(), 1);
+    click("nextLocation");
+    EXPECT_TRUE(eventually([&] { return item("figures")->opacity() < 0.5; }));
+    EXPECT_LT(item("chips")->opacity(), 0.5);
+    EXPECT_EQ(textOf("temperature"), "72") << "they stay until there are others";
+    platform.httpClientPort.answer(SimulatedHttpClient::failure("No network"));
+    turn();
+    EXPECT_LT(item("figures")->opacity(), 0.5) << "still another place's";
+    weather.refreshWeather();
+    platform.httpClientPort.answer(Replies::ok(Replies::forecast()));
+    EXPECT_TRUE(eventually([&] { return item("figures")->opacity() == 1; }));
+}
+
+TEST_F(WeatherPanelTest, theRefreshButtonTurnsWhileItFetches) {
+    weather.lastLocation = Coordinate{1, 1};
+    show(ActivePanel::weather);
+    auto* symbol = item(item("refreshButton"), "buttonSymbol");
+    ASSERT_NE(symbol, nullptr);
+    EXPECT_EQ(symbol->rotation(), 0);
+    click("refreshButton");
+    EXPECT_TRUE(eventually([&] { return symbol->rotation() > 10; }));
+    platform.httpClientPort.answer(SimulatedHttpClient::failure("No network"));
+    EXPECT_TRUE(eventually([&] { return symbol->rotation() == 0; }));
+}
+
+TEST_F(WeatherPanelTest, beforeAnythingWasFetchedTheFiguresAreDim) {
+    weather.weather = WeatherData{};
+    weather.hasFigures = WeatherManager(platform).hasFigures.get();
+    show(ActivePanel::weather);
+    EXPECT_LT(item("figures")->opacity(), 0.5);
+    EXPECT_LT(item("updatedAgo")->opacity(), 0.5);
 }
 
 TEST_F(WeatherPanelTest, aNameOfAnyLengthAndFiguresBeyondReasonStayOnTheCard) {

@@ -20,6 +20,14 @@ Item {
     Accessible.focused: activeFocus
     Accessible.onPressAction: view.open(entry.id)
 
+    PointerGround {
+        radius: 6
+        isHovered: hover.hovered
+        isPressed: pointer.pressed
+    }
+    HoverHandler {
+        id: hover
+    }
     Rectangle {
         anchors.fill: parent
         radius: 6
@@ -50,6 +58,7 @@ Item {
         }
     }
     TapHandler {
+        id: pointer
         onTapped: root.tapped()
         onDoubleTapped: root.view.open(root.entry.id)
     }

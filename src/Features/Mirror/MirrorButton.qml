@@ -22,13 +22,20 @@ Rectangle {
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
 
+    PointerGround {
+        radius: root.radius
+        isHovered: pointer.containsMouse || spot.isHovered
+        isPressed: pointer.pressed
+    }
     MouseArea {
         id: pointer
         anchors.fill: parent
         hoverEnabled: true
+        cursorShape: Qt.PointingHandCursor
         onClicked: root.clicked()
     }
     HelpSpot {
+        id: spot
         helpText: root.help
     }
 }

@@ -68,11 +68,17 @@ FocusScope {
             }
         }
         Row {
+            // The outer buttons are as wide as each other, so that the middle one stands in the
+            // middle.
+            readonly property real outerWidth: Math.max(reset.implicitWidth, skip.implicitWidth)
+
             anchors.horizontalCenter: parent.horizontalCenter
             spacing: view.buttonSpacing
 
             PanelButton {
+                id: reset
                 objectName: "resetButton"
+                width: parent.outerWidth
                 anchors.verticalCenter: parent.verticalCenter
                 content: view.resetButton
                 name: qsTr("Reset")
@@ -90,7 +96,9 @@ FocusScope {
                 onClicked: view.togglePlaying()
             }
             PanelButton {
+                id: skip
                 objectName: "skipButton"
+                width: parent.outerWidth
                 anchors.verticalCenter: parent.verticalCenter
                 content: view.skipButton
                 name: qsTr("Skip")

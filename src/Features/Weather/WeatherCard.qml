@@ -7,7 +7,11 @@ Item {
     id: root
 
     required property WeatherExpandedBinding view
+    property real figuresOpacity: view.figuresOpacity
 
+    Behavior on figuresOpacity {
+        NumberAnimation { duration: root.view.dimming * 1000 }
+    }
     Shape {
         id: sky
         anchors.fill: parent
@@ -57,10 +61,13 @@ Item {
             PanelSymbol {
                 id: icon
                 objectName: "conditionIcon"
+                opacity: root.figuresOpacity
                 content: root.view.icon
             }
             Row {
                 id: temperature
+                objectName: "figures"
+                opacity: root.figuresOpacity
 
                 PanelText {
                     objectName: "temperature"
@@ -81,6 +88,7 @@ Item {
 
                 PanelText {
                     objectName: "condition"
+                    opacity: root.figuresOpacity
                     content: root.view.condition
                     width: parent.width
                     horizontalAlignment: Text.AlignRight
@@ -99,6 +107,7 @@ Item {
         Row {
             id: chips
             objectName: "chips"
+            opacity: root.figuresOpacity
             spacing: root.view.chipSpacing
 
             Repeater {
@@ -125,6 +134,7 @@ Item {
             }
             PanelText {
                 objectName: "updatedAgo"
+                opacity: root.figuresOpacity
                 content: root.view.updatedAgo
                 anchors.right: refresh.left
                 anchors.rightMargin: root.view.spacing
@@ -135,6 +145,7 @@ Item {
                 objectName: "refreshButton"
                 content: root.view.refreshButton
                 name: qsTr("Refresh")
+                isBusy: root.view.isRefreshing
                 anchors.right: parent.right
                 onClicked: root.view.reload()
             }

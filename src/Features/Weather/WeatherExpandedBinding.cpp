@@ -17,7 +17,7 @@ static QVariant toQt(const std::optional<WeatherExpandedView::LocationControl>& 
 void WeatherExpandedBinding::attach(const ViewEnvironment& environment) {
     auto& manager = environment.notch.weatherManager;
     view_.emplace(manager);
-    follow(manager.weather, manager.isLoading, manager.savedLocations,
+    follow(manager.weather, manager.hasFigures, manager.isLoading, manager.savedLocations,
            manager.currentLocationIndex);
 }
 
@@ -41,6 +41,8 @@ void WeatherExpandedBinding::refresh() {
     chips_.show(chips);
     show_locationControl(toQt(view_->locationControl()));
     show_updatedAgo(orvelle::toQt(view_->updatedAgo()));
+    show_isRefreshing(view_->isRefreshing());
+    show_figuresOpacity(view_->figuresOpacity());
     show_refreshButton(orvelle::toQt(view_->refreshButton()));
 }
 

@@ -71,6 +71,9 @@ class WeatherExpandedBinding : public Binding {
     ORVELLE_SHOWN(QVariant, locationControl)
     ORVELLE_SHOWN(orvelle::TextValue, updatedAgo)
     ORVELLE_SHOWN(orvelle::SymbolValue, refreshButton)
+    ORVELLE_CONSTANT(double, dimming, WeatherExpandedView)
+    ORVELLE_SHOWN(bool, isRefreshing)
+    ORVELLE_SHOWN(double, figuresOpacity)
 
 public:
     Q_INVOKABLE void showPreviousLocation();

@@ -111,6 +111,14 @@ StyledSymbol WeatherExpandedView::refreshButton() const {
     return button("arrow.clockwise"_symbol);
 }
 
+bool WeatherExpandedView::isRefreshing() const {
+    return manager_.isLoading;
+}
+
+double WeatherExpandedView::figuresOpacity() const {
+    return manager_.hasFigures ? 1 : dimmedOpacity;
+}
+
 void WeatherExpandedView::showPreviousLocation() {
     manager_.cycleToPreviousLocation();
 }

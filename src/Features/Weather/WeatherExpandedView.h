@@ -2,6 +2,7 @@
 
 #include "Features/Weather/WeatherGradient.h"
 #include "Foundation/Color.h"
+#include "Foundation/Date.h"
 #include "Views/Components/ProgressSpinner.h"
 #include "Views/Components/TextStyle.h"
 
@@ -49,6 +50,8 @@ public:
     static constexpr Color chipFill = Color::white(1, 0.08);
     static constexpr double dotSpacing = 3;
     static constexpr double dotSize = 4;
+    static constexpr double dimmedOpacity = 0.35;
+    static constexpr Seconds dimming = 0.15;
 
     /// Nothing was ever fetched, and the first fetch is under way.
     bool showsLoadingView() const;
@@ -71,6 +74,9 @@ public:
     StyledText updatedAgo() const;
     std::string updatedAgoString() const;
     StyledSymbol refreshButton() const;
+    bool isRefreshing() const;
+    /// Dim while they are not those of the place that is shown.
+    double figuresOpacity() const;
 
     void showPreviousLocation();
     void showNextLocation();

@@ -32,7 +32,9 @@ WeatherManager::WeatherManager(Platform& platform)
     const auto now = platform.runLoop().now();
     WeatherData nothingKnown;
     nothingKnown.lastUpdated = now;
-    weather = WeatherStore::loadWeather(defaults, now).value_or(nothingKnown);
+    const auto stored = WeatherStore::loadWeather(defaults, now);
+    weather = stored.value_or(nothingKnown);
+    hasFigures = stored.has_value();
     cachedCoordinate = WeatherStore::loadCoordinate(defaults);
     savedLocations = WeatherStore::loadLocations(defaults);
 }
@@ -137,6 +139,7 @@ void WeatherManager::received(const HttpReply& reply, Coordinate coordinate) {
                    .isDay = current.isDay == 1,
                    .lastUpdated = platform_.runLoop().now(),
                    .locationName = std::move(locationName)};
+        hasFigures = isShown(coordinate);
         cacheWeather(coordinate);
         isLoading = false;
     };
@@ -179,8 +182,14 @@ void WeatherManager::cycle(std::size_t step) {
     if (savedLocations->empty())
         return;
     currentLocationIndex = (currentLocationIndex.get() + step) % (savedLocations->size() + 1);
+    hasFigures = false;
     applyLocationNameForCurrentIndex();
     refreshWeather();
+}
+
+bool WeatherManager::isShown(Coordinate coordinate) const {
+    const auto* place = currentSavedLocation();
+    return !place || coordinate == Coordinate{place->latitude, place->longitude};
 }
 
 void WeatherManager::applyLocationNameForCurrentIndex() {
@@ -196,10 +205,15 @@ void WeatherManager::addSavedLocation(const SavedLocation& location) {
 void WeatherManager::removeLocation(std::ptrdiff_t position) {
     if (position < 0 || position >= std::ssize(savedLocations.get()))
         return;
+    const auto* before = currentSavedLocation();
+    const auto shown = before ? std::optional(before->id) : std::nullopt;
     savedLocations.update(
         [position](auto& locations) { locations.erase(std::next(locations.begin(), position)); });
     if (currentLocationIndex > savedLocations->size())
         currentLocationIndex = 0;
+    const auto* after = currentSavedLocation();
+    if (shown != (after ? std::optional(after->id) : std::nullopt))
+        hasFigures = false;
     WeatherStore::saveLocations(platform_.userDefaults(), savedLocations);
 }
 

@@ -35,6 +35,9 @@ public:
     explicit WeatherManager(Platform& platform = Platform::shared());
 
     Published<WeatherData> weather;
+    /// Whether `weather` is of the place that is shown: false until something was fetched, and
+    /// while a newly chosen place waits for its own.
+    Published<bool> hasFigures{false};
     Published<bool> isLoading{false};
     /// What the service is asked for. The setting of the same name has no say in it.
     Published<TemperatureUnit> temperatureUnit{TemperatureUnit::fahrenheit};
@@ -78,6 +81,7 @@ private:
     void cacheWeather(Coordinate coordinate);
     void cycle(std::size_t step);
     void applyLocationNameForCurrentIndex();
+    bool isShown(Coordinate coordinate) const;
     /// The saved place that is shown; null for the machine's own and for one that is gone.
     const SavedLocation* currentSavedLocation() const;
 

@@ -27,6 +27,11 @@ T.Button {
                : root.prominent ? root.accentColor : FormStyle.controlColor
         opacity: root.enabled ? 1 : 0.4
 
+        PointerGround {
+            radius: parent.radius
+            visible: !root.plain
+            isHovered: root.hovered && !root.down
+        }
         FocusRing {
             control: root
         }

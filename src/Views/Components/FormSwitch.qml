@@ -39,6 +39,11 @@ Item {
             enabled: root.isReady
             ColorAnimation { duration: 120 }
         }
+        PointerGround {
+            radius: parent.radius
+            isHovered: hover.hovered
+            isPressed: pointer.pressed
+        }
         Rectangle {
             x: root.isOn ? parent.width - width - 2 : 2
             anchors.verticalCenter: parent.verticalCenter
@@ -57,7 +62,11 @@ Item {
             shown: root.activeFocus
         }
     }
+    HoverHandler {
+        id: hover
+    }
     TapHandler {
+        id: pointer
         onTapped: root.flipped(!root.isOn)
     }
 }

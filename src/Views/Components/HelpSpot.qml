@@ -11,6 +11,8 @@ Item {
     property bool isFocused: subject ? subject.showsFocus ?? subject.activeFocus : false
     readonly property bool isOffered: enabled && visible && helpText !== ""
                                       && (pointer.hovered || isFocused)
+    // What lies below does not hear of a pointer that rests here.
+    readonly property alias isHovered: pointer.hovered
     property HelpTip tip: null
 
     function findTip() {

@@ -82,6 +82,7 @@ Item {
         width: Math.max(0, root.width - x)
         height: parent.height
         name: root.widget.name
+        isLit: false // the title's ends fade into the black ground
         Accessible.description: root.summary
         onClicked: root.picked()
 

@@ -34,6 +34,11 @@ Rectangle {
         dampingFraction: root.dampingFraction
         restDistance: 0.002
     }
+    PointerGround {
+        radius: root.radius
+        isHovered: pointer.containsMouse || spot.isHovered
+        isPressed: pointer.pressed
+    }
     // One over the other: a symbol is kept for each colour that it is drawn in.
     Item {
         anchors.fill: parent
@@ -67,10 +72,12 @@ Rectangle {
         id: pointer
         anchors.fill: parent
         hoverEnabled: true
+        cursorShape: Qt.PointingHandCursor
         onPressed: root.pressed()
         onClicked: root.clicked()
     }
     HelpSpot {
+        id: spot
         helpText: root.tab.label
     }
 }

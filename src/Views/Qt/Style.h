@@ -9,8 +9,8 @@
 
 namespace orvelle {
 
-/// What menus, help, focus rings and selected texts look like, beside what the core's components
-/// fix.
+/// What menus, help, focus rings, controls under the pointer and selected texts look like, beside
+/// what the core's components fix.
 struct PopupStyle {
     static constexpr Color fillColor = notchSurface;
     static constexpr Color edgeColor = Color::white(1, 0.14);
@@ -18,7 +18,13 @@ struct PopupStyle {
     static constexpr Color textColor = Color::white(1, 0.9);
     static constexpr Color destructiveColor = colors::red;
     static constexpr Color focusColor = Color::white(1, 0.45);
+    static constexpr Color hoverColor = Color::white(1, 0.1);
+    static constexpr Color pressedColor = Color::white(1, 0.2);
     static constexpr Color selectionColor = colors::blue.withAlpha(0.55);
+};
+
+struct ClickTarget {
+    static constexpr double smallestTarget = 24; ///< points, where there is room for it
 };
 
 struct FieldLimit {
@@ -39,7 +45,10 @@ class Style : public QObject {
     ORVELLE_CONSTANT(QColor, textColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, destructiveColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, focusColor, PopupStyle)
+    ORVELLE_CONSTANT(QColor, hoverColor, PopupStyle)
+    ORVELLE_CONSTANT(QColor, pressedColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, selectionColor, PopupStyle)
+    ORVELLE_CONSTANT(double, smallestTarget, ClickTarget)
     ORVELLE_CONSTANT(int, longestInput, FieldLimit)
     Q_PROPERTY(QColor dividerColor READ dividerColor CONSTANT FINAL)
     Q_PROPERTY(QString monospacedFamily READ monospacedFamily CONSTANT FINAL)

@@ -57,6 +57,37 @@ protected:
     std::unique_ptr<WeatherManager> manager_;
 };
 
+TEST_F(WeatherManagerTest, ThereAreFiguresOnceThoseOfTheShownPlaceHaveCome) {
+    save(2);
+    EXPECT_FALSE(manager().hasFigures);
+    manager().lastLocation = paris;
+    manager().refreshWeather();
+    answerFully(Replies::forecast());
+    EXPECT_TRUE(manager().hasFigures);
+    EXPECT_TRUE(WeatherManager(platform).hasFigures) << "kept from one run to the next";
+
+    manager().cycleToNextLocation();
+    manager().cycleToNextLocation();
+    EXPECT_FALSE(manager().hasFigures);
+    ASSERT_TRUE(answer(Replies::forecast()));
+    EXPECT_FALSE(manager().hasFigures) << "those of the place that was left";
+    ASSERT_TRUE(answer(Replies::forecast()));
+    EXPECT_TRUE(manager().hasFigures);
+    manager().removeLocation(0);
+    EXPECT_FALSE(manager().hasFigures) << "another place stands there now";
+}
+
+TEST_F(WeatherManagerTest, RemovingAnotherPlaceLeavesTheFigures) {
+    save(2);
+    manager().cycleToNextLocation();
+    answerFully(Replies::forecast());
+    manager().removeLocation(1);
+    EXPECT_TRUE(manager().hasFigures);
+    manager().refreshWeather();
+    http.answer(SimulatedHttpClient::failure("No network"));
+    EXPECT_TRUE(manager().hasFigures) << "the last good ones stay";
+}
+
 // The edge cases of the design
 
 TEST_F(WeatherManagerTest, WithNoSavedPlacesASwipeDoesNothingAndNoFetchStarts) {
