@@ -8,6 +8,7 @@
 #include "Platform/UserDefaults.h"
 #include "Settings/SettingsKeys.h"
 #include "Settings/SettingsView.h"
+#include "Views/Qt/Marquee.h"
 #include "Views/Qt/SymbolImages.h"
 
 #include <QCoreApplication>
@@ -77,6 +78,7 @@ void click(QQuickItem* button) {
 
 Tour::Tour(AppDelegate& app, const std::string& directory)
     : app_(app), directory_(QString::fromStdString(directory)) {
+    Marquee::holdsAll = true;
     addStops();
     watch_.setInterval(lookInterval);
     connect(&watch_, &QTimer::timeout, this, &Tour::look);

@@ -51,6 +51,22 @@ TEST_F(AnimatedSliderTest, withoutAThumbNoneIsDrawn) {
     EXPECT_EQ(item(slider.get(), "thumb"), nullptr);
 }
 
+TEST_F(AnimatedSliderTest, theThumbIsACircleOnWholePixels) {
+    level.height = 4;
+    for (const double width : {200.0, 201.0, 203.3}) {
+        make();
+        slider->setWidth(width);
+        const auto* thumb = item(slider.get(), "thumb");
+        ASSERT_NE(thumb, nullptr);
+        ASSERT_FALSE(thumb->childItems().isEmpty());
+        for (const auto* disc : thumb->childItems()) {
+            EXPECT_EQ(disc->width(), disc->height());
+            const auto corner = disc->mapToScene(QPointF());
+            EXPECT_EQ(corner, corner.toPoint().toPointF()) << width;
+        }
+    }
+}
+
 TEST_F(AnimatedSliderTest, theThumbGrowsUnderThePointerAndShrinksAfterIt) {
     make(true);
     const auto* thumb = item(slider.get(), "thumb");

@@ -107,6 +107,38 @@ TEST_F(MediaViewTest, aPressOnTheVolumeSetsIt) {
     EXPECT_NEAR(platform.audioHardwarePort.volumeWrites.back().second, 0.5, 0.02);
 }
 
+TEST_F(MediaViewTest, thePositionHasNoKnobForItCannotBeDragged) {
+    play("Song");
+    show(ActivePanel::media);
+    EXPECT_EQ(item(item("mediaPosition"), "thumb"), nullptr);
+    EXPECT_NE(item(item("volumeSlider"), "thumb"), nullptr);
+}
+
+TEST_F(MediaViewTest, withoutADeviceTheVolumeIsDimAndCannotBeMoved) {
+    platform.audioHardwarePort.list.clear();
+    platform.audioHardwarePort.defaultOutput.reset();
+    play("Song");
+    show(ActivePanel::media);
+    EXPECT_FALSE(item("volumeSlider")->isEnabled());
+    EXPECT_LT(item("volumeSlider")->opacity(), 0.5);
+    EXPECT_EQ(item(item("volumeSlider"), "thumb"), nullptr);
+}
+
+TEST_F(MediaViewTest, aRunningTitleFadesWhereItRunsOutOfView) {
+    play("A title that is a good deal wider than its room");
+    const auto controls = load("MediaControlsView", {});
+    const auto* leading = item("leadingFade");
+    const auto* trailing = item("trailingFade");
+    ASSERT_TRUE(leading && trailing);
+    EXPECT_FALSE(leading->isVisible()) << "nothing has left there yet";
+    EXPECT_TRUE(trailing->isVisible());
+    ASSERT_TRUE(eventually([&] { return offset("controlsTitle") < -2; }));
+    EXPECT_TRUE(leading->isVisible());
+    play("Song");
+    EXPECT_FALSE(leading->isVisible());
+    EXPECT_FALSE(trailing->isVisible()) << "all of it can be seen";
+}
+
 TEST_F(MediaViewTest, aHugeTitleStallsNothing) {
     show(ActivePanel::media);
     turn();

@@ -12,8 +12,10 @@ namespace orvelle {
 /// move to the left until the second stands where the first began, again and again. Lengths are
 /// points.
 struct MarqueeText {
-    static constexpr double gap = 40;             ///< between the copies
-    static constexpr double speed = 30;           ///< points a second
+    static constexpr double gap = 40;                 ///< between the copies
+    static constexpr double speed = 30;               ///< points a second
+    static constexpr double fadeWidth = 10;           ///< of the ends that it runs out of view at
+    static constexpr Color fadeColor = colors::black; ///< the panel's ground
     static constexpr Seconds restartDelay = 0.15; ///< at rest after the text or a width has changed
     /// Characters that are drawn. What nobody can read any more would only cost time.
     static constexpr std::size_t longestText = 400;

@@ -47,6 +47,32 @@ Item {
             Accessible.ignored: true
         }
     }
+    component Fade: Rectangle {
+        property color start
+        property color end
+
+        width: Math.min(Marquee.fadeWidth, parent.width / 4)
+        height: parent.height
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+
+            GradientStop { position: 0; color: start }
+            GradientStop { position: 1; color: end }
+        }
+    }
+    Fade {
+        objectName: "leadingFade"
+        visible: root.scrolls && root.offset < 0
+        start: Marquee.fadeColor
+        end: Qt.alpha(Marquee.fadeColor, 0)
+    }
+    Fade {
+        objectName: "trailingFade"
+        anchors.right: parent.right
+        visible: root.scrolls
+        start: Qt.alpha(Marquee.fadeColor, 0)
+        end: Marquee.fadeColor
+    }
     NumberAnimation {
         id: run
         target: root
@@ -59,6 +85,6 @@ Item {
     Timer {
         id: rest
         interval: Marquee.restartDelay
-        onTriggered: if (root.scrolls) run.start()
+        onTriggered: if (root.scrolls && !Marquee.isHeld) run.start()
     }
 }

@@ -45,7 +45,11 @@ StyledText MediaPanelView::album() const {
 }
 
 AnimatedSlider MediaPanelView::slider() const {
-    return {.value = progress(manager_.currentMedia), .tintColor = accentColor(), .height = 4};
+    // Without a knob, for it cannot be dragged.
+    return {.value = progress(manager_.currentMedia),
+            .tintColor = accentColor(),
+            .height = 4,
+            .showThumb = false};
 }
 
 StyledText MediaPanelView::elapsed() const {

@@ -3,6 +3,7 @@
 #include "Extensions/ColorTheme.h"
 #include "Features/HUD/HUDManager.h"
 #include "Models/Symbol.h"
+#include "Platform/AudioHardware.h"
 
 namespace orvelle {
 
@@ -19,8 +20,15 @@ StyledSymbol VolumeRow::loudSymbol() const {
     return {"speaker.wave.3.fill"_symbol, symbolSize, notchTertiary};
 }
 
+bool VolumeRow::hasDevice() const {
+    return platform_.audioHardware().defaultOutputDevice().has_value();
+}
+
 AnimatedSlider VolumeRow::slider() const {
-    return {.value = manager_.currentVolume, .tintColor = notchSecondary, .height = 3};
+    return {.value = manager_.currentVolume,
+            .tintColor = notchSecondary,
+            .height = 4,
+            .showThumb = hasDevice()};
 }
 
 void VolumeRow::setVolume(double volume) const {

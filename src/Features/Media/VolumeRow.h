@@ -17,9 +17,12 @@ public:
 
     static constexpr double symbolWidth = 14; ///< points
     static constexpr double spacing = 8;      ///< points
+    static constexpr double disabledOpacity = 0.4;
 
     StyledSymbol quietSymbol() const;
     StyledSymbol loudSymbol() const;
+    /// Whether there is anything whose volume could be set.
+    bool hasDevice() const;
     AnimatedSlider slider() const;
     void setVolume(double volume) const;
 

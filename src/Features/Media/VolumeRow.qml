@@ -25,6 +25,8 @@ Row {
         slider: view.slider
         name: qsTr("Volume")
         interactive: true
+        enabled: view.hasDevice
+        opacity: enabled ? 1 : view.disabledOpacity
         onMoved: value => view.setVolume(value)
     }
     PanelSymbol {

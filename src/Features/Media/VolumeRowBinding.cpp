@@ -13,6 +13,7 @@ void VolumeRowBinding::attach(const ViewEnvironment& environment) {
 void VolumeRowBinding::refresh() {
     show_quietSymbol(toQt(view_->quietSymbol()));
     show_loudSymbol(toQt(view_->loudSymbol()));
+    show_hasDevice(view_->hasDevice());
     show_slider(toQt(view_->slider()));
 }
 

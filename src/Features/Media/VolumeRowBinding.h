@@ -15,6 +15,8 @@ class VolumeRowBinding : public Binding {
     ORVELLE_CONSTANT(double, spacing, VolumeRow)
     ORVELLE_SHOWN(orvelle::SymbolValue, quietSymbol)
     ORVELLE_SHOWN(orvelle::SymbolValue, loudSymbol)
+    ORVELLE_CONSTANT(double, disabledOpacity, VolumeRow)
+    ORVELLE_SHOWN(bool, hasDevice)
     ORVELLE_SHOWN(orvelle::SliderValue, slider)
 
 public:

@@ -66,12 +66,15 @@ Item {
         }
     }
     Loader {
+        id: knob
         active: root.slider.showThumb
         x: root.slider.thumbOffset(root.width)
         anchors.verticalCenter: parent.verticalCenter
         sourceComponent: SliderThumb {
             objectName: "thumb"
             diameter: root.slider.thumbDiameter
+            pixelShift: Math.round(knob.x * Screen.devicePixelRatio) / Screen.devicePixelRatio
+                        - knob.x
             isDragging: root.isDragging
         }
     }
@@ -79,6 +82,7 @@ Item {
         anchors.fill: parent
         enabled: root.interactive
         preventStealing: true
+        cursorShape: enabled ? Qt.PointingHandCursor : undefined
 
         function move(x) {
             root.isDragging = true

@@ -7,6 +7,7 @@ Item {
 
     property real diameter
     property bool isDragging
+    property real pixelShift: 0 // to the next whole pixel: between two it is no circle
 
     implicitWidth: diameter
     implicitHeight: diameter
@@ -20,14 +21,16 @@ Item {
         restDistance: 0.001
     }
     Rectangle {
-        anchors.fill: parent
-        anchors.margins: -1
-        anchors.topMargin: 0
+        x: root.pixelShift - 1
+        width: root.diameter + 2
+        height: width
         radius: width / 2
         color: Style.thumbShadowColor
     }
     Rectangle {
-        anchors.fill: parent
+        x: root.pixelShift
+        width: root.diameter
+        height: width
         radius: width / 2
         color: Style.thumbColor
     }
