@@ -90,6 +90,34 @@ TEST_F(StockTickerPanelTest, aRowWithoutAQuoteTurnsItsWheelUntilThereIsOne) {
     EXPECT_EQ(partOf("row.0", "price"), "$1.00");
 }
 
+TEST_F(StockTickerPanelTest, aSymbolThatTheServiceDoesNotKnowSaysSoInsteadOfWaiting) {
+    add("NONE");
+    add("CUT");
+    show(ActivePanel::stockTicker);
+    platform.httpClientPort.answer({{}, 404, "{}"}, "/NONE?");
+    platform.httpClientPort.answer(SimulatedHttpClient::failure("No network"), "/CUT?");
+    turn();
+    EXPECT_EQ(item("spinner"), nullptr);
+    EXPECT_EQ(partOf("row.0", "missing"), "Unknown symbol");
+    EXPECT_EQ(partOf("row.1", "missing"), "No quote");
+    quote("NONE", 1, 1);
+    turn();
+    EXPECT_EQ(partOf("row.0", "missing"), "<none>");
+    EXPECT_EQ(partOf("row.0", "price"), "$1.00");
+}
+
+TEST_F(StockTickerPanelTest, aRowKeepsItsHeightWhenItsFiguresArrive) {
+    add("X");
+    add("Y");
+    show(ActivePanel::stockTicker);
+    window.grabWindow();
+    const auto before = frameOf("row.1");
+    quote("X", 12, 10);
+    turn();
+    window.grabWindow();
+    EXPECT_EQ(frameOf("row.1"), before);
+}
+
 TEST_F(StockTickerPanelTest, aTypedSymbolIsAddedAndTheFieldIsReadyForTheNext) {
     show(ActivePanel::stockTicker);
     click("symbolField");
@@ -221,6 +249,36 @@ TEST_F(StockTickerCycleTest, aLongSymbolIsCutAndItsFiguresStay) {
     EXPECT_TRUE(summary().endsWith("%"));
     EXPECT_GE(frameOf("widget.stockTicker").left(), frameOf("hoverBar").left());
     EXPECT_LE(frameOf("widget.stockTicker").right(), frameOf("hoverBar").right());
+}
+
+TEST_F(StockTickerCycleTest, thePercentGoesBeforeTheSymbolIsCut) {
+    const std::string symbol(24, 'W');
+    stockTicker.addTicker(symbol);
+    stockTicker.quotes.update([&](auto& quotes) { quotes[symbol] = {symbol, 12, 2, 20, 10}; });
+    show(NotchExpandedState::hovering);
+    const auto* line = item(item("widget.stockTicker"), "line");
+    ASSERT_NE(line, nullptr);
+    auto* text = ViewFixture::item(const_cast<QQuickItem*>(line), "text");
+    const auto* percent = ViewFixture::item(const_cast<QQuickItem*>(line), "percent");
+    ASSERT_TRUE(text && percent);
+    auto* whole = item("stockLine");
+    const double room = whole->property("naturalWidth").toDouble();
+    whole->setWidth(room);
+    EXPECT_TRUE(percent->isVisible());
+    whole->setWidth(room - 1);
+    EXPECT_FALSE(percent->isVisible());
+    EXPECT_EQ(text->width(), text->implicitWidth()) << "the percent made room enough";
+    whole->setWidth(room - percent->implicitWidth() - 20);
+    EXPECT_LT(text->width(), text->implicitWidth());
+}
+
+TEST_F(StockTickerCycleTest, aSymbolWithoutAQuoteDoesNotWaitForEver) {
+    stockTicker.addTicker("NONE");
+    show(NotchExpandedState::hovering);
+    EXPECT_EQ(summary(), "NONE");
+    platform.httpClientPort.answer({{}, 404, "{}"});
+    turn();
+    EXPECT_EQ(summary(), QString::fromUtf8("NONE –"));
 }
 
 TEST_F(StockTickerCycleTest, withoutTickersTheSymbolStandsAlone) {

@@ -7,7 +7,7 @@ namespace orvelle {
 static QVariant toQt(const std::optional<StockTickerCycleView::Content>& content) {
     if (!content)
         return {};
-    CycleContentValue value{toQt(content->symbol), {}};
+    CycleContentValue value{toQt(content->symbol), {}, toQt(content->missing)};
     if (const auto& figures = content->figures)
         value.figures = QVariant::fromValue(
             CycleFiguresValue{toQt(figures->price), toQt(figures->arrow), toQt(figures->percent)});
@@ -19,7 +19,7 @@ void StockTickerCycleBinding::attach(const ViewEnvironment& environment) {
     view_.emplace(manager);
     // The binding lives exactly as long as the line is on the screen.
     view_->appear();
-    follow(manager.tickers, manager.quotes, view_->currentIndex);
+    follow(manager.tickers, manager.quotes, manager.failures, view_->currentIndex);
 }
 
 void StockTickerCycleBinding::refresh() {

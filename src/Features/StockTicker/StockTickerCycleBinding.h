@@ -25,10 +25,12 @@ struct CycleContentValue {
     Q_GADGET
     Q_PROPERTY(orvelle::TextValue symbol MEMBER symbol)
     Q_PROPERTY(QVariant figures MEMBER figures)
+    Q_PROPERTY(QVariant missing MEMBER missing)
 
 public:
     TextValue symbol;
     QVariant figures;
+    QVariant missing;
     bool operator==(const CycleContentValue&) const = default;
 };
 

@@ -1,8 +1,8 @@
 import QtQuick
 import Orvelle
 
-// A symbol with its figures, or a spinner until they come. Where the room is short, the symbol gives
-// way.
+// A symbol with its figures, or a spinner until they come. Where the room is short, the percent goes
+// first; then the symbol is cut.
 Row {
     id: root
 
@@ -10,16 +10,22 @@ Row {
     property var spinner
     property real excess: 0 // by how much the whole is wider than its room
     readonly property var figures: content ? content.figures : undefined
-    readonly property real titleWidth: content ? symbol.implicitWidth : 0
-    readonly property real naturalWidth: titleWidth + spacing + quote.width
-    readonly property string summary: !content ? "" : !figures ? content.symbol.text
-            : [content.symbol, figures.price, figures.arrow, figures.percent]
-                  .map(text => text.text).join(" ")
+    readonly property var missing: content ? content.missing : undefined
+    readonly property real percentWidth: figures ? percent.implicitWidth + spacing : 0
+    readonly property real titleWidth: content ? symbol.implicitWidth + percentWidth : 0
+    readonly property real naturalWidth: titleWidth + spacing + rest.width
+    readonly property string summary: {
+        if (!content)
+            return ""
+        const texts = figures ? [figures.price, figures.arrow, figures.percent]
+                      : missing ? [missing] : []
+        return [content.symbol].concat(texts).map(text => text.text).join(" ")
+    }
 
     Loader {
         id: symbol
         active: !!root.content
-        width: Math.max(0, implicitWidth - root.excess)
+        width: Math.max(0, implicitWidth - Math.max(0, root.excess - root.percentWidth))
         anchors.verticalCenter: parent.verticalCenter
         sourceComponent: PanelText {
             objectName: "text"
@@ -27,13 +33,13 @@ Row {
         }
     }
     Row {
-        id: quote
+        id: rest
         spacing: root.spacing
         anchors.verticalCenter: parent.verticalCenter
 
         Repeater {
-            model: root.figures
-                   ? [root.figures.price, root.figures.arrow, root.figures.percent] : []
+            model: root.figures ? [root.figures.price, root.figures.arrow]
+                   : root.missing ? [root.missing] : []
 
             PanelText {
                 required property var modelData
@@ -43,12 +49,22 @@ Row {
             }
         }
         Loader {
-            active: !!root.content && !root.figures
+            active: !!root.content && !root.figures && !root.missing
             visible: active
             anchors.verticalCenter: parent.verticalCenter
             sourceComponent: ProgressSpinner {
                 spinner: root.spinner
             }
+        }
+    }
+    Loader {
+        id: percent
+        objectName: "percent"
+        active: !!root.figures
+        visible: active && root.excess <= 0
+        anchors.verticalCenter: parent.verticalCenter
+        sourceComponent: PanelText {
+            content: root.figures.percent
         }
     }
 }

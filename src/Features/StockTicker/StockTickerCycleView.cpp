@@ -59,13 +59,15 @@ std::optional<StockTickerCycleView::Content> StockTickerCycleView::tickerContent
     if (currentIndex >= tickers.size())
         return std::nullopt;
     const auto& symbol = tickers[currentIndex].symbol;
-    Content content{monospaced(symbol, 10, colors::white, FontWeight::bold), {}};
+    Content content{monospaced(symbol, 10, colors::white, FontWeight::bold), {}, {}};
     if (const auto found = manager_.quotes->find(symbol); found != manager_.quotes->end()) {
         const auto& quote = found->second;
         const auto color = StockFigures::color(quote);
         content.figures = Figures{monospaced(StockFigures::price(quote), 10, Color::white(1, 0.8)),
                                   monospaced(StockFigures::arrow(quote), 7, color),
                                   monospaced(StockFigures::percent(quote), 10, color)};
+    } else if (manager_.failures->contains(symbol)) {
+        content.missing = monospaced("–", 10, Color::white(1, 0.6));
     }
     return content;
 }

@@ -25,7 +25,8 @@ public:
     };
     struct Content {
         StyledText symbol;
-        std::optional<Figures> figures; ///< a spinner stands without them
+        std::optional<Figures> figures;
+        std::optional<StyledText> missing{}; ///< no quote came; a spinner stands without either
         bool operator==(const Content&) const = default;
     };
 

@@ -4,14 +4,18 @@
 
 namespace orvelle {
 
+static StockFiguresValue toQt(const StockTickerRowContent::Figures& figures) {
+    return {toQt(figures.price), toQt(figures.change)};
+}
+
 static StockRowValue toQt(const StockTickerRowContent& row) {
     StockRowValue value{.id = QString::fromStdString(row.id),
                         .symbol = toQt(row.symbol),
                         .name = toQt(row.name),
-                        .figures = {}};
+                        .figures = {},
+                        .missing = toQt(row.missing)};
     if (row.figures)
-        value.figures = QVariant::fromValue(
-            StockFiguresValue{toQt(row.figures->price), toQt(row.figures->change)});
+        value.figures = QVariant::fromValue(toQt(*row.figures));
     return value;
 }
 
@@ -19,7 +23,7 @@ void StockTickerExpandedBinding::attach(const ViewEnvironment& environment) {
     auto& manager = environment.notch.stockTickerManager;
     view_.emplace(manager);
     takeKeyboard_ = environment.takeKeyboard;
-    follow(manager.tickers, manager.quotes);
+    follow(manager.tickers, manager.quotes, manager.failures);
 }
 
 void StockTickerExpandedBinding::refresh() {
@@ -32,6 +36,10 @@ void StockTickerExpandedBinding::refresh() {
         rows.push_back(toQt(row));
     rows_.show(rows);
     show_placeholder(orvelle::toQt(view_->placeholder()));
+}
+
+StockFiguresValue StockTickerExpandedBinding::blankFigures() const {
+    return toQt(StockTickerRowContent::blankFigures());
 }
 
 bool StockTickerExpandedBinding::canAdd(const QString& text) const {

@@ -28,12 +28,14 @@ struct StockRowValue {
     Q_PROPERTY(orvelle::TextValue symbol MEMBER symbol)
     Q_PROPERTY(QVariant name MEMBER name)
     Q_PROPERTY(QVariant figures MEMBER figures)
+    Q_PROPERTY(QVariant missing MEMBER missing)
 
 public:
     QString id;
     TextValue symbol;
     QVariant name;
     QVariant figures;
+    QVariant missing;
     bool operator==(const StockRowValue&) const = default;
 };
 
@@ -51,6 +53,7 @@ class StockTickerExpandedBinding : public Binding {
     Q_PROPERTY(double rowHorizontalPadding READ rowHorizontalPadding CONSTANT FINAL)
     Q_PROPERTY(double rowVerticalPadding READ rowVerticalPadding CONSTANT FINAL)
     Q_PROPERTY(double rowLineSpacing READ rowLineSpacing CONSTANT FINAL)
+    Q_PROPERTY(orvelle::StockFiguresValue blankFigures READ blankFigures CONSTANT FINAL)
     Q_PROPERTY(orvelle::SpinnerValue rowSpinner READ rowSpinner CONSTANT FINAL)
     ORVELLE_SHOWN(orvelle::TextValue, fieldPlaceholder)
     ORVELLE_SHOWN(orvelle::TextValue, fieldStyle)
@@ -64,6 +67,7 @@ public:
     double rowHorizontalPadding() const { return StockTickerRowContent::horizontalPadding; }
     double rowVerticalPadding() const { return StockTickerRowContent::verticalPadding; }
     double rowLineSpacing() const { return StockTickerRowContent::lineSpacing; }
+    StockFiguresValue blankFigures() const;
     SpinnerValue rowSpinner() const { return toQt(StockTickerRowContent::spinner); }
 
     Q_INVOKABLE bool canAdd(const QString& text) const;

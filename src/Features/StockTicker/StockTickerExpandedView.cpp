@@ -19,7 +19,8 @@ StyledText monospaced(std::string text, double size, FontWeight weight, Color co
 } // namespace
 
 StockTickerRowContent::StockTickerRowContent(const StockTicker& ticker,
-                                             const std::optional<StockQuote>& quote)
+                                             const std::optional<StockQuote>& quote,
+                                             std::optional<QuoteFailure> failure)
     : id(ticker.id.text()), symbol(monospaced(ticker.symbol, 12, FontWeight::bold, colors::white)) {
     if (!ticker.name.empty())
         name = StyledText{ticker.name, {10, FontWeight::regular, notchSecondary}};
@@ -28,10 +29,19 @@ StockTickerRowContent::StockTickerRowContent(const StockTicker& ticker,
             Figures{monospaced(StockFigures::price(*quote), 12, FontWeight::regular, colors::white),
                     monospaced(StockFigures::change(*quote), 10, FontWeight::regular,
                                StockFigures::color(*quote))};
+    else if (failure)
+        missing =
+            StyledText{*failure == QuoteFailure::unknownSymbol ? "Unknown symbol" : "No quote",
+                       {10, FontWeight::regular, notchSecondary}};
+}
+
+StockTickerRowContent::Figures StockTickerRowContent::blankFigures() {
+    return {monospaced({}, 12, FontWeight::regular, colors::white),
+            monospaced({}, 10, FontWeight::regular, colors::white)};
 }
 
 StyledText StockTickerExpandedView::fieldPlaceholder() const {
-    return {"Add symbol (e.g. AAPL)...", {12, FontWeight::regular, notchTertiary}};
+    return {"Add symbol (e.g. AAPL)...", {12, FontWeight::regular, notchFaint}};
 }
 
 TextStyle StockTickerExpandedView::fieldStyle() const {
@@ -60,10 +70,13 @@ std::optional<FilePlaceholder> StockTickerExpandedView::placeholder() const {
 std::vector<StockTickerRowContent> StockTickerExpandedView::rows() const {
     std::vector<StockTickerRowContent> rows;
     const auto& quotes = manager_.quotes.get();
+    const auto& failures = manager_.failures.get();
     for (const auto& ticker : manager_.tickers.get()) {
         const auto quote = quotes.find(ticker.symbol);
-        rows.emplace_back(ticker,
-                          quote == quotes.end() ? std::nullopt : std::optional(quote->second));
+        const auto failure = failures.find(ticker.symbol);
+        rows.emplace_back(
+            ticker, quote == quotes.end() ? std::nullopt : std::optional(quote->second),
+            failure == failures.end() ? std::nullopt : std::optional(failure->second));
     }
     return rows;
 }

@@ -17,9 +17,11 @@
 namespace orvelle {
 
 class StockTickerManager;
+enum class QuoteFailure;
 
 /// One row of the list: the symbol over the company's name, and at the trailing edge the price over
-/// its change, or a spinner until there is a quote.
+/// its change. Until there is a quote a spinner stands there, or a word once the answer brought
+/// none.
 struct StockTickerRowContent {
     struct Figures {
         StyledText price;
@@ -27,12 +29,17 @@ struct StockTickerRowContent {
         bool operator==(const Figures&) const = default;
     };
 
-    StockTickerRowContent(const StockTicker& ticker, const std::optional<StockQuote>& quote);
+    StockTickerRowContent(const StockTicker& ticker, const std::optional<StockQuote>& quote,
+                          std::optional<QuoteFailure> failure = {});
+
+    /// Without a text: as high as those of a quote.
+    static Figures blankFigures();
 
     std::string id;
     StyledText symbol;
     std::optional<StyledText> name;
     std::optional<Figures> figures;
+    std::optional<StyledText> missing; ///< says that no quote came
     bool operator==(const StockTickerRowContent&) const = default;
 
     static constexpr double spacing = 8; ///< points, as all of these

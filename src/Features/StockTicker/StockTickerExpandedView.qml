@@ -28,7 +28,7 @@ FocusScope {
         radius: 6
         color: stocks.rowBackground
         border.width: field.activeFocus ? 1 : 0
-        border.color: Style.edgeColor
+        border.color: Style.focusColor
 
         PanelField {
             id: field

@@ -14,6 +14,7 @@ namespace orvelle {
 namespace {
 
 constexpr Seconds quoteTimeout = 10;
+constexpr int statusNotFound = 404; ///< the service's answer to a symbol that it does not know
 /// The service refuses programs that do not call themselves a browser.
 constexpr const char* userAgent = "Mozilla/5.0 (Macintosh; Intel Mac OS X 10_15_7)";
 
@@ -54,6 +55,7 @@ void StockTickerManager::addTicker(std::string_view symbol) {
         list.push_back({UUID::random(), wanted, {}, platform_.runLoop().now()});
     });
     saveTickers();
+    failures.update([&](auto& known) { known.erase(wanted); });
     fetchQuote(wanted);
 }
 
@@ -88,8 +90,10 @@ void StockTickerManager::fetchQuote(const std::string& symbol) {
                             roots_.chart + "/v8/finance/chart/" + symbol + "?range=1d&interval=1d",
                         .headers = {{"User-Agent", userAgent}},
                         .timeout = quoteTimeout};
-    if (!Url::isValid(request.url))
+    if (!Url::isValid(request.url)) {
+        failed(symbol, QuoteFailure::unknownSymbol);
         return;
+    }
     requests_.start([&](auto finished) {
         return platform_.httpClient().get(std::move(request),
                                           [this, symbol, finished](const HttpReply& reply) {
@@ -102,18 +106,27 @@ void StockTickerManager::fetchQuote(const std::string& symbol) {
 void StockTickerManager::received(const HttpReply& reply, const std::string& symbol) {
     if (reply.error) {
         log_.error("Failed to fetch quote for " + symbol + ": " + *reply.error);
+        failed(symbol, QuoteFailure::noAnswer);
         return;
     }
     if (reply.status != HttpReply::statusOK) {
         log_.error(format("HTTP %d for %s", reply.status, symbol.c_str()));
+        failed(symbol, reply.status == statusNotFound ? QuoteFailure::unknownSymbol
+                                                      : QuoteFailure::noAnswer);
         return;
     }
     const auto quote = parseQuote(reply.body, symbol);
     if (!quote) {
         log_.error("Failed to parse quote for " + symbol);
+        failed(symbol, QuoteFailure::noAnswer);
         return;
     }
     quotes.update([&](auto& known) { known.insert_or_assign(symbol, *quote); });
+    failures.update([&](auto& known) { known.erase(symbol); });
+}
+
+void StockTickerManager::failed(const std::string& symbol, QuoteFailure failure) {
+    failures.update([&](auto& known) { known.insert_or_assign(symbol, failure); });
 }
 
 } // namespace orvelle

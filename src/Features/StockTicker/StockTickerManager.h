@@ -18,6 +18,8 @@ namespace orvelle {
 
 struct HttpReply;
 
+enum class QuoteFailure { unknownSymbol, noAnswer };
+
 /// Quotes of the symbols that the user follows, fetched each minute. The list is kept in the file
 /// "stock_tickers.json", the quotes in memory only. A symbol that fails keeps its last quote.
 class StockTickerManager : public FeatureModule {
@@ -29,6 +31,8 @@ public:
 
     Published<std::vector<StockTicker>> tickers;         ///< new entries last
     Published<std::map<std::string, StockQuote>> quotes; ///< the latest good one per symbol
+    /// Why the last answer for a symbol brought no quote.
+    Published<std::map<std::string, QuoteFailure>> failures;
     Timer refreshTimer;
 
     void start() override;
@@ -46,6 +50,7 @@ private:
     void saveTickers();
     void fetchQuote(const std::string& symbol);
     void received(const HttpReply& reply, const std::string& symbol);
+    void failed(const std::string& symbol, QuoteFailure failure);
 
     Platform& platform_;
     Logger log_;

@@ -12,7 +12,8 @@ FocusScope {
     Accessible.role: Accessible.ListItem
     Accessible.name: entry.symbol.text
     Accessible.description: entry.figures ? entry.figures.price.text + " "
-                                            + entry.figures.change.text : qsTr("Loading")
+                                            + entry.figures.change.text
+                            : entry.missing ? entry.missing.text : qsTr("Loading")
     Accessible.focusable: true
     Accessible.focused: activeFocus
     Keys.onDeletePressed: view.removeTicker(entry.id)
@@ -28,13 +29,30 @@ FocusScope {
         x: root.view.rowSideInset
         y: root.view.rowInset
         width: parent.width - 2 * x
-        height: Math.max(texts.height, figures.height) + 2 * root.view.rowVerticalPadding
+        // As high as with a quote, so that no row moves when one comes.
+        height: Math.max(texts.height, blank.height) + 2 * root.view.rowVerticalPadding
         focus: true
         background: root.view.rowBackground
         isHighlighted: root.activeFocus
         trailing: root.view.deleteAction
         onTrailingPerformed: root.view.removeTicker(root.entry.id)
 
+        PointerGround {
+            radius: parent.radius
+            isHovered: hover.hovered
+        }
+        Column {
+            id: blank
+            visible: false
+            spacing: root.view.rowLineSpacing
+
+            PanelText {
+                content: root.view.blankFigures.price
+            }
+            PanelText {
+                content: root.view.blankFigures.change
+            }
+        }
         Column {
             id: texts
             x: root.view.rowHorizontalPadding
@@ -60,7 +78,7 @@ FocusScope {
             id: figures
             x: parent.width - width - root.view.rowHorizontalPadding
             anchors.verticalCenter: parent.verticalCenter
-            sourceComponent: root.entry.figures ? quote : waiting
+            sourceComponent: root.entry.figures ? quote : root.entry.missing ? missing : waiting
         }
     }
     Component {
@@ -81,6 +99,17 @@ FocusScope {
                 width: Math.min(implicitWidth, root.width / 2)
                 anchors.right: parent.right
             }
+        }
+    }
+    HoverHandler {
+        id: hover
+    }
+    Component {
+        id: missing
+
+        PanelText {
+            objectName: "missing"
+            content: root.entry.missing
         }
     }
     Component {

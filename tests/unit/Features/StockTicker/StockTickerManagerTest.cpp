@@ -58,6 +58,30 @@ protected:
     std::unique_ptr<StockTickerManager> manager_;
 };
 
+TEST_F(StockTickerManagerTest, WhyThereIsNoQuoteIsKnownUntilThereIsOne) {
+    using Failures = std::map<std::string, QuoteFailure>;
+    for (const auto* symbol : {"A", "B", "C", "D"})
+        manager().addTicker(symbol);
+    EXPECT_EQ(manager().failures.get(), Failures{});
+    http.answer({{}, 404, "{}"}, "/A?");
+    http.answer({{}, 500, "{}"}, "/B?");
+    http.answer(SimulatedHttpClient::failure("No network"), "/C?");
+    http.answer(Replies::ok("[]"), "/D?");
+    EXPECT_EQ(manager().failures.get(), (Failures{{"A", QuoteFailure::unknownSymbol},
+                                                  {"B", QuoteFailure::noAnswer},
+                                                  {"C", QuoteFailure::noAnswer},
+                                                  {"D", QuoteFailure::noAnswer}}));
+    manager().refreshQuotes();
+    answerQuote("A", 12, 10);
+    EXPECT_FALSE(manager().failures->contains("A"));
+    manager().removeTicker(manager().tickers.get()[1]);
+    manager().addTicker("B");
+    EXPECT_FALSE(manager().failures->contains("B")) << "it is asked for anew";
+    manager().addTicker("NO SUCH");
+    EXPECT_EQ(manager().failures->at("NO SUCH"), QuoteFailure::unknownSymbol)
+        << "no address can be made of it";
+}
+
 // The edge cases of the design
 
 TEST_F(StockTickerManagerTest, ASymbolIsStoredTrimmedAndInCapitalsAndOnlyOnce) {
