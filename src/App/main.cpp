@@ -47,7 +47,7 @@ std::vector<std::string> toolkitArguments(const std::string& program) {
 
 void prepareToolkit() {
     QCoreApplication::setApplicationName(QStringLiteral("orvelle"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Orvelle"));
+    // No display name: the toolkit would put it behind every window's title.
     QGuiApplication::setDesktopFileName(QStringLiteral("orvelle"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
 }

@@ -4,7 +4,7 @@ import json
 import subprocess
 
 from accessible import accessible_nodes, resting_node, resting_place, wait_until_placed
-from desktop import WIDTH, Program, wait_until
+from desktop import Program, wait_until
 
 SETTINGS_TITLE = "Orvelle Settings"
 SETTINGS_SIZE = (500, 500)
@@ -116,7 +116,8 @@ def open_settings(program):
     if program.size() != (566, 220):
         program.expand()
         program.wait_until_still()
-    desktop.move_pointer(WIDTH // 2, 214)  # below what the panel shows, which may have its own menu
+    left, _, width, _ = program.geometry()
+    desktop.move_pointer(left + width // 2, 214)  # below what the panel shows, which may have its own menu
     desktop.click(3)
     desktop.move_pointer(*resting_place(desktop, "Settings...", "menu item"))
     desktop.click()

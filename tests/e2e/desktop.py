@@ -135,6 +135,22 @@ class Desktop:
         corner = window.translate_coords(self.root, 0, 0)
         return (-corner.x, -corner.y, shape_.width, shape_.height)
 
+    def frame(self, window):
+        """What the window manager has put around it: its place in the stack is the window's."""
+        while True:
+            parent = window.query_tree().parent
+            if not parent or parent.id == self.root.id:
+                return window
+            window = parent
+
+    def is_above(self, upper, lower):
+        stack = [each.id for each in self.top_windows()]
+        return stack.index(self.frame(upper).id) > stack.index(self.frame(lower).id)
+
+    def title(self, window):
+        """As a window manager shows it."""
+        return bytes(self.property(window, "_NET_WM_NAME")).decode()
+
     def is_on_top(self, window):
         shown = [each for each in self.top_windows() if self.is_mapped(each)]
         return shown[-1].id == window.id
@@ -293,11 +309,15 @@ class Running:
 
     def window(self):
         """The panel: the one window that bypasses the window manager and bears the class."""
+        hidden = None
         for window in self.desktop.windows_of_class("orvelle"):
             with contextlib.suppress(error.BadWindow):  # it may have gone meanwhile
-                if window.get_attributes().override_redirect:
+                if not window.get_attributes().override_redirect:
+                    continue
+                if self.desktop.is_mapped(window):  # an open menu is above it
                     return window
-        return None
+                hidden = hidden or window
+        return hidden
 
     def is_shown(self):
         if self.process.poll() is not None:

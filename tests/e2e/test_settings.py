@@ -200,6 +200,13 @@ def test_the_refresh_control_changes_the_interval_at_once(settings_window, envir
     web.stop()
 
 
+def test_a_title_names_the_program_once(settings_window):
+    settings = settings_window()
+    desktop = settings.desktop
+    assert desktop.title(settings.windows()[0]) == "Orvelle Settings"
+    assert desktop.title(settings.program.window()) == "Orvelle Notch"
+
+
 def test_escape_closes_the_window(settings_window):
     settings = settings_window()
     settings.desktop.keys("Escape")

@@ -48,6 +48,7 @@ std::string QtApplication::architecture() const {
 
 std::size_t QtApplication::runModal(const Alert& alert) {
     QMessageBox box;
+    box.setWindowTitle(QStringLiteral("Orvelle"));
     box.setIcon(QMessageBox::Warning);
     box.setText(QString::fromStdString(alert.messageText));
     box.setInformativeText(QString::fromStdString(alert.informativeText));
