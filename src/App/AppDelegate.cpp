@@ -1,5 +1,6 @@
 #include "App/AppDelegate.h"
 
+#include "App/Constants.h"
 #include "Core/BugReport.h"
 #include "Core/Describe.h"
 #include "Core/NotchWindow/NotchDetector.h"
@@ -129,8 +130,9 @@ void AppDelegate::openSettings() {
         settingsWindow->makeKeyAndOrderFront();
         return;
     }
-    settingsWindow = views_.showSettings({"Orvelle Settings", {500, 400}}, settingsEnvironment(),
-                                         [this] { settingsWindowWillClose(); });
+    settingsWindow =
+        views_.showSettings({"Orvelle Settings", {500, 400}, AppConstants::Notch::expandedHeight},
+                            settingsEnvironment(), [this] { settingsWindowWillClose(); });
     platform_.application().setActivationPolicy(ActivationPolicy::regular);
 }
 
@@ -173,7 +175,7 @@ void AppDelegate::showOnboarding() {
     }
     const bool setupIsDue = notchWindowController == nullptr;
     onboardingWindow = views_.showOnboarding(
-        {"Welcome to Orvelle", {480, 380}}, environment(),
+        {"Welcome to Orvelle", {480, 380}, AppConstants::Notch::expandedHeight}, environment(),
         [this, setupIsDue] { onboardingCompleted(setupIsDue); },
         [this] { onboardingWindowWillClose(); });
     platform_.application().setActivationPolicy(ActivationPolicy::regular);

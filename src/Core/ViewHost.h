@@ -13,13 +13,15 @@ class PanelWindow;
 struct SettingsEnvironment;
 
 /// A window of the program's that the desktop manages like any other: titled, closable, of a fixed
-/// size, in the middle of the screen and in front when it is made. It leaves the screen when it
-/// dies, also when that happens within one of its callbacks.
+/// size, in the middle of the screen or beneath what it leaves free, and in front when it is made.
+/// It leaves the screen when it dies, also when that happens within one of its callbacks.
 class AppWindow {
 public:
     struct Description {
         std::string title;
         Size contentSize; ///< points
+        /// How much at the top of the screen the window leaves free where there is room, in points.
+        double topClearance = 0;
     };
 
     virtual ~AppWindow() = default;

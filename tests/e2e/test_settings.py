@@ -4,10 +4,11 @@ keyboard, and what the store holds afterwards."""
 import base64
 import json
 
+import pytest
 from Xlib import X
 
 import geoclue
-from app_windows import SETTINGS_SIZE, leave_and_return, open_settings
+from app_windows import Settings, SETTINGS_SIZE, leave_and_return, open_settings
 from desktop import stays, wait_until
 from web import Web, forecast
 
@@ -213,3 +214,67 @@ def test_escape_closes_the_window(settings_window):
     wait_until(lambda: not settings.windows(), "end of the window", settings.describe)
     open_settings(settings.program)
     assert settings.windows()
+
+
+# Beside the panel
+
+
+SMALL = [(1024, 600), (1366, 768)]
+
+
+@pytest.fixture
+def small_settings(openbox, accessibility_bus, start, binary):
+    """The settings, opened on a small screen from the open panel."""
+    def run(width, height):
+        openbox.resize(width, height)
+        program = start()
+        program.expand()
+        program.wait_until_still()
+        open_settings(program)
+        return Settings(program, binary)
+    return run
+
+
+def overlap(one, other):
+    return (one[0] < other[0] + other[2] and other[0] < one[0] + one[2]
+            and one[1] < other[1] + other[3] and other[1] < one[1] + one[3])
+
+
+@pytest.mark.parametrize("size", SMALL)
+def test_the_open_panel_hides_nothing_of_the_settings(small_settings, size):
+    settings = small_settings(*size)
+    desktop, panel, window = settings.desktop, settings.program.window(), settings.windows()[0]
+    frame = desktop.geometry(desktop.frame(window))
+    assert frame[1] >= 0 and frame[1] + frame[3] <= size[1]
+    fits_beneath = size[1] - 220 >= frame[3]
+    assert overlap(frame, settings.program.geometry()) == (not fits_beneath)
+    wait_until(lambda: fits_beneath or desktop.is_above(window, panel), "settings in sight",
+               settings.describe)
+    assert stays(lambda: fits_beneath or desktop.is_above(window, panel), 0.3)
+
+
+def test_the_panel_is_above_all_again_when_the_settings_are_left(small_settings):
+    settings = small_settings(*SMALL[0])
+    desktop, panel, window = settings.desktop, settings.program.window(), settings.windows()[0]
+    other = desktop.open_window(20, 400, 200, 150)
+    desktop.move_pointer(100, 475)
+    desktop.click()
+    wait_until(lambda: desktop.active_window() == other.id, "other program in front")
+    wait_until(lambda: desktop.is_above(panel, window), "panel above", settings.describe)
+    desktop.move_pointer(400, 590)
+    left, top, _, height = desktop.geometry(window)
+    desktop.move_pointer(left + 4, top + height - 4)
+    desktop.click()
+    settings.program.expand()
+    wait_until(lambda: desktop.is_above(window, panel), "settings in sight", settings.describe)
+    desktop.close_window(window)
+    wait_until(lambda: desktop.is_on_top(panel), "panel above", settings.describe)
+
+
+def test_settings_moved_under_the_panel_come_above_it(settings_window):
+    settings = settings_window()
+    desktop, panel, window = settings.desktop, settings.program.window(), settings.windows()[0]
+    assert not overlap(desktop.geometry(desktop.frame(window)), settings.program.geometry())
+    window.configure(x=500, y=60)
+    desktop.display.sync()
+    wait_until(lambda: desktop.is_above(window, panel), "settings in sight", settings.describe)

@@ -49,6 +49,17 @@ void activate(xcb_window_t window) {
 
 } // namespace
 
+xcb_window_t frameOf(xcb_window_t window) {
+    while (true) {
+        const auto cookie = xcb_query_tree(connection(), window);
+        const Reply<xcb_query_tree_reply_t> tree(
+            xcb_query_tree_reply(connection(), cookie, nullptr));
+        if (!tree || tree->parent == XCB_WINDOW_NONE || tree->parent == tree->root)
+            return window;
+        window = tree->parent;
+    }
+}
+
 bool activateWindowOf(const Program& program) {
     const auto windows = clientWindows();
     auto found = std::find_if(windows.rbegin(), windows.rend(), [&](xcb_window_t window) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <xcb/xcb.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -13,6 +15,9 @@ struct Program {
 
     bool operator==(const Program&) const = default;
 };
+
+/// The child of the root that the window stands in, which is the window manager's frame, or itself.
+xcb_window_t frameOf(xcb_window_t window);
 
 /// Asks the window manager to bring the program's topmost window to the front, a minimized one too;
 /// false when the program has none.

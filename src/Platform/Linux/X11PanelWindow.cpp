@@ -1,8 +1,10 @@
 #include "Platform/Linux/X11PanelWindow.h"
 
 #include "Platform/Linux/ScreenCoordinates.h"
+#include "Platform/Linux/X11ClientWindows.h"
 
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QSurfaceFormat>
 #include <xcb/shape.h>
 
@@ -19,6 +21,11 @@ constexpr std::string_view windowClass{"orvelle\0orvelle\0", 16};
 /// Many windows may come at once, as when a desktop starts; the panel goes above all of them once.
 constexpr std::chrono::milliseconds raiseDelay{30};
 constexpr std::chrono::milliseconds unsurePointerInterval{100};
+
+bool isManaged(const QWindow& window) {
+    return (window.type() == Qt::Window || window.type() == Qt::Dialog) &&
+           !window.flags().testFlag(Qt::X11BypassWindowManagerHint);
+}
 
 } // namespace
 
@@ -63,7 +70,10 @@ X11PanelWindow::X11PanelWindow(X11Desktop& desktop, X11RawPresses& presses,
                      [this] { pointerOutside(); });
     raiseSoon_.setSingleShot(true);
     raiseSoon_.setInterval(raiseDelay);
-    QObject::connect(&raiseSoon_, &QTimer::timeout, window_.get(), [this] { raise(); });
+    QObject::connect(&raiseSoon_, &QTimer::timeout, window_.get(), [this] { restack(); });
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, window_.get(),
+                     [this](QWindow* active) { followActiveWindow(active); });
+    followActiveWindow(QGuiApplication::focusWindow());
 
     compositor_ = desktop_.isComposited.observe([this](bool) { applyMask(); });
     manager_ = desktop_.hasWindowManager.observe([this](bool found) { followRivals(!found); });
@@ -154,6 +164,7 @@ void X11PanelWindow::setFrame(const Rect& frame) {
         shape_.translate(before.topLeft() - after.topLeft());
         applyMask();
     }
+    yieldToActiveWindow();
     frameSettled(pointer);
 }
 
@@ -188,7 +199,7 @@ void X11PanelWindow::orderFront() {
         window_->show();
         frameSettled(pointer);
     }
-    raise();
+    restack();
 }
 
 void X11PanelWindow::orderOut() {
@@ -271,9 +282,50 @@ void X11PanelWindow::handle(const xcb_generic_event_t& event) {
         raiseSoon_.start();
 }
 
+void X11PanelWindow::followActiveWindow(QWindow* active) {
+    if (active_)
+        QObject::disconnect(active_.data(), nullptr, window_.get(), nullptr);
+    active_ = active && isManaged(*active) ? active : nullptr;
+    if (active_)
+        for (const auto moved : {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged,
+                                 &QWindow::heightChanged})
+            QObject::connect(active_.data(), moved, window_.get(),
+                             [this] { yieldToActiveWindow(); });
+    if (isVisible() && (isLowered_ || coversActiveWindow()))
+        restack();
+}
+
+bool X11PanelWindow::coversActiveWindow() const {
+    return active_ && active_->isVisible() &&
+           active_->frameGeometry().intersects(window_->geometry());
+}
+
+void X11PanelWindow::yieldToActiveWindow() {
+    if (isVisible() && isLowered_ != coversActiveWindow())
+        restack();
+}
+
+void X11PanelWindow::restack() {
+    isLowered_ = coversActiveWindow();
+    if (isLowered_) {
+        const X11::ServerGrab grab; // the frame stands until it is named
+        const std::uint32_t place[] = {X11::frameOf(static_cast<xcb_window_t>(active_->winId())),
+                                       XCB_STACK_MODE_BELOW};
+        xcb_configure_window(X11::connection(), static_cast<xcb_window_t>(window_->winId()),
+                             XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, place);
+    } else {
+        raise();
+    }
+    xcb_flush(X11::connection());
+}
+
 void X11PanelWindow::raise() {
     window_->raise();
-    xcb_flush(X11::connection());
+    for (auto* other : QGuiApplication::topLevelWindows()) {
+        const bool isMenu = other->flags().testFlag(Qt::X11BypassWindowManagerHint) && !of(*other);
+        if (isMenu && other->isVisible())
+            other->raise();
+    }
 }
 
 } // namespace orvelle

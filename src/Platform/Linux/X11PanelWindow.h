@@ -8,6 +8,7 @@
 #include "Platform/PanelWindow.h"
 #include "Platform/Qt/QuickPanel.h"
 
+#include <QPointer>
 #include <QQuickWindow>
 #include <QRegion>
 #include <QTimer>
@@ -17,7 +18,8 @@
 namespace orvelle {
 
 /// A translucent window that no window manager touches: above full-screen windows, on every desktop
-/// and never activated.
+/// and never activated. It stands below nothing but an active window of the program's own that it
+/// would cover.
 class X11PanelWindow : public PanelWindow, public QuickPanel {
 public:
     X11PanelWindow(X11Desktop& desktop, X11RawPresses& presses, const PanelAttributes& attributes,
@@ -61,6 +63,10 @@ private:
     void frameSettled(Point pointer);
     void followRivals(bool wanted);
     void handle(const xcb_generic_event_t& event);
+    void followActiveWindow(QWindow* active);
+    bool coversActiveWindow() const;
+    void yieldToActiveWindow();
+    void restack();
     void raise();
 
     X11Desktop& desktop_;
@@ -77,6 +83,8 @@ private:
     PointerTracker pointer_;
     QTimer unsurePointer_;
     QTimer raiseSoon_;
+    QPointer<QWindow> active_; ///< the program's own, of those that a window manager manages
+    bool isLowered_ = false;   ///< below the active window
     Subscription dragging_;
     Subscription compositor_;
     Subscription manager_;

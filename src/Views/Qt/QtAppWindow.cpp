@@ -1,5 +1,7 @@
 #include "Views/Qt/QtAppWindow.h"
 
+#include "Core/WindowPlacement.h"
+
 #include <QEvent>
 #include <QGuiApplication>
 #include <QQmlComponent>
@@ -14,6 +16,18 @@
 namespace orvelle {
 
 namespace {
+
+/// The window manager tells the height of a title bar when the window is shown, which is too late.
+constexpr int titleBarHeight = 40;
+
+QPoint place(QSize content, const QScreen& screen, double clearance) {
+    const QRect whole = screen.geometry();
+    const QRect free = screen.availableGeometry();
+    const double top = windowTop(
+        content.height() + titleBarHeight,
+        {double(free.top() - whole.top()), double(free.bottom() + 1 - whole.top())}, clearance);
+    return {free.center().x() - content.width() / 2, whole.top() + qRound(top)};
+}
 
 /// Hears of the user's closing, after the event.
 class CloseWatch : public QObject {
@@ -62,9 +76,8 @@ QtAppWindow::QtAppWindow(const Description& description, ViewEnvironment environ
     }
     window.setMinimumSize(size);
     window.setMaximumSize(size);
-    QRect frame({}, size);
-    frame.moveCenter(window.screen()->availableGeometry().center());
-    window.setGeometry(frame);
+    window.resize(size);
+    window.setFramePosition(place(size, *window.screen(), description.topClearance));
 
     window.installEventFilter(new CloseWatch(&window, std::move(closed)));
     window.show();
