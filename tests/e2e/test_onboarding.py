@@ -136,3 +136,18 @@ def test_the_wizard_shows_the_users_no_and_asks_again_on_return(location, wizard
     desktop = wizard.desktop
     leave_and_return(desktop, wizard.wizard(), lambda: location.answers("allow"))
     wait_for_status(wizard, "Granted")
+
+
+@pytest.fixture
+def no_location(environment):
+    """A bus on which nobody knows the place."""
+    environment["DBUS_SYSTEM_BUS_ADDRESS"] = environment["DBUS_SESSION_BUS_ADDRESS"]
+
+
+def test_the_wizard_says_when_nobody_answers_for_the_place(no_location, wizard):
+    wizard.desktop.keys("Return")
+    wizard.wait_for_step("Location Access")
+    wizard.click("push button", "Allow Location")
+    wait_for_status(wizard, "No location service answered. Weather works with cities.")
+    assert "Not yet requested" in names(wizard.desktop, "label")
+    assert wizard.node("push button", "Allow Location")
