@@ -251,27 +251,6 @@ TEST_F(StockTickerCycleTest, aLongSymbolIsCutAndItsFiguresStay) {
     EXPECT_LE(frameOf("widget.stockTicker").right(), frameOf("hoverBar").right());
 }
 
-TEST_F(StockTickerCycleTest, thePercentGoesBeforeTheSymbolIsCut) {
-    const std::string symbol(24, 'W');
-    stockTicker.addTicker(symbol);
-    stockTicker.quotes.update([&](auto& quotes) { quotes[symbol] = {symbol, 12, 2, 20, 10}; });
-    show(NotchExpandedState::hovering);
-    const auto* line = item(item("widget.stockTicker"), "line");
-    ASSERT_NE(line, nullptr);
-    auto* text = ViewFixture::item(const_cast<QQuickItem*>(line), "text");
-    const auto* percent = ViewFixture::item(const_cast<QQuickItem*>(line), "percent");
-    ASSERT_TRUE(text && percent);
-    auto* whole = item("stockLine");
-    const double room = whole->property("naturalWidth").toDouble();
-    whole->setWidth(room);
-    EXPECT_TRUE(percent->isVisible());
-    whole->setWidth(room - 1);
-    EXPECT_FALSE(percent->isVisible());
-    EXPECT_EQ(text->width(), text->implicitWidth()) << "the percent made room enough";
-    whole->setWidth(room - percent->implicitWidth() - 20);
-    EXPECT_LT(text->width(), text->implicitWidth());
-}
-
 TEST_F(StockTickerCycleTest, aSymbolWithoutAQuoteDoesNotWaitForEver) {
     stockTicker.addTicker("NONE");
     show(NotchExpandedState::hovering);

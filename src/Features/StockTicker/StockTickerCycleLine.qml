@@ -1,8 +1,8 @@
 import QtQuick
 import Orvelle
 
-// A symbol with its figures, or a spinner until they come. Where the room is short, the percent goes
-// first; then the symbol is cut.
+// A symbol with its figures, or a spinner until they come. Where the room is short, the symbol gives
+// way.
 Row {
     id: root
 
@@ -11,21 +11,18 @@ Row {
     property real excess: 0 // by how much the whole is wider than its room
     readonly property var figures: content ? content.figures : undefined
     readonly property var missing: content ? content.missing : undefined
-    readonly property real percentWidth: figures ? percent.implicitWidth + spacing : 0
-    readonly property real titleWidth: content ? symbol.implicitWidth + percentWidth : 0
-    readonly property real naturalWidth: titleWidth + spacing + rest.width
-    readonly property string summary: {
-        if (!content)
-            return ""
-        const texts = figures ? [figures.price, figures.arrow, figures.percent]
-                      : missing ? [missing] : []
-        return [content.symbol].concat(texts).map(text => text.text).join(" ")
-    }
+    readonly property real titleWidth: content ? symbol.implicitWidth : 0
+    readonly property real naturalWidth: titleWidth + spacing + quote.width
+    readonly property string summary: !content ? ""
+            : missing ? content.symbol.text + " " + missing.text
+            : !figures ? content.symbol.text
+            : [content.symbol, figures.price, figures.arrow, figures.percent]
+                  .map(text => text.text).join(" ")
 
     Loader {
         id: symbol
         active: !!root.content
-        width: Math.max(0, implicitWidth - Math.max(0, root.excess - root.percentWidth))
+        width: Math.max(0, implicitWidth - root.excess)
         anchors.verticalCenter: parent.verticalCenter
         sourceComponent: PanelText {
             objectName: "text"
@@ -33,12 +30,13 @@ Row {
         }
     }
     Row {
-        id: rest
+        id: quote
         spacing: root.spacing
         anchors.verticalCenter: parent.verticalCenter
 
         Repeater {
-            model: root.figures ? [root.figures.price, root.figures.arrow]
+            model: root.figures
+                   ? [root.figures.price, root.figures.arrow, root.figures.percent]
                    : root.missing ? [root.missing] : []
 
             PanelText {
@@ -55,16 +53,6 @@ Row {
             sourceComponent: ProgressSpinner {
                 spinner: root.spinner
             }
-        }
-    }
-    Loader {
-        id: percent
-        objectName: "percent"
-        active: !!root.figures
-        visible: active && root.excess <= 0
-        anchors.verticalCenter: parent.verticalCenter
-        sourceComponent: PanelText {
-            content: root.figures.percent
         }
     }
 }
