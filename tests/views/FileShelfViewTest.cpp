@@ -125,7 +125,7 @@ TEST_F(FileShelfPanelTest, theContextMenuComesWithTheRightButton) {
     turn();
     ASSERT_NE(openMenu(), nullptr);
     EXPECT_EQ(titlesOf(openMenu()->property("entries").value<MenuValue>()),
-              QStringList({"Open", "Show in Finder", "Copy", "Share...", "Remove"}));
+              QStringList({"Open", "Show in Finder", "Copy", "Share...", "Remove", "Settings..."}));
     picture("shelf-menu", *openMenu());
     openMenu()->property("entries").value<MenuValue>().perform(4);
     openMenu()->dismiss();
