@@ -127,7 +127,10 @@ class Desktop:
         return next(iter(self.property(self.root, "_NET_ACTIVE_WINDOW")), None)
 
     def is_mapped(self, window):
-        return window.get_attributes().map_state == X.IsViewable
+        try:
+            return window.get_attributes().map_state == X.IsViewable
+        except error.BadWindow:  # it has gone meanwhile
+            return False
 
     def geometry(self, window):
         """x, y, width, height on the display."""

@@ -48,7 +48,7 @@ class Picture:
         """How far from the body's side the shape may begin in this row, inwards."""
         outer = self.left - self.extents[0][0]
         if y < FLARE * self.scale:
-            way = math.sqrt((y + 1) / (FLARE * self.scale))
+            way = math.sqrt(y / (FLARE * self.scale))  # the row's upper edge reaches out furthest
             return outer * (2 * way - way * way) - outer
         radius = CORNER * self.scale
         below = y - (self.height - radius)

@@ -64,6 +64,7 @@ void ShelfRemovals::noteWhatIsLeft() {
 }
 
 ShelfRemovals::Names ShelfRemovals::notedNames() const {
+    files_.clearRests(notePath(folder_));
     const auto contents = files_.read(notePath(folder_), largestNote);
     auto names = decodeList<std::string>(contents.bytes, [](const Json& element) {
                      return element.string();

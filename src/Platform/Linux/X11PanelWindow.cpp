@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <string_view>
+#include <utility>
 
 namespace orvelle {
 
@@ -75,6 +76,7 @@ X11PanelWindow::X11PanelWindow(X11Desktop& desktop, X11RawPresses& presses,
                      [this](QWindow* active) { followActiveWindow(active); });
     followActiveWindow(QGuiApplication::focusWindow());
 
+    fate_ = X11::observeEvents([this](const auto& event) { noteFate(event); });
     compositor_ = desktop_.isComposited.observe([this](bool) { applyMask(); });
     manager_ = desktop_.hasWindowManager.observe([this](bool found) { followRivals(!found); });
     presses_ = presses.observe([this](const X11RawPresses::Press& press) {
@@ -136,8 +138,20 @@ bool X11PanelWindow::isIntact() const {
            (attributes->map_state != XCB_MAP_STATE_UNMAPPED) == window_->isVisible();
 }
 
+void X11PanelWindow::noteFate(const xcb_generic_event_t& event) {
+    xcb_window_t window = XCB_WINDOW_NONE;
+    if (X11::typeOf(event) == XCB_UNMAP_NOTIFY)
+        window = reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window;
+    else if (X11::typeOf(event) == XCB_REPARENT_NOTIFY)
+        window = reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window;
+    else if (X11::typeOf(event) == XCB_DESTROY_NOTIFY)
+        window = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
+    isSuspect_ |= window != XCB_WINDOW_NONE && window == native_;
+}
+
 void X11PanelWindow::restore() {
-    if (!isIntact()) {
+    const bool isSuspect = std::exchange(isSuspect_, false) || !window_->handle();
+    if (isSuspect && !isIntact()) {
         window_->hide();
         window_->destroy();
         prepareWindow();

@@ -51,6 +51,8 @@ private:
 
     void prepareWindow();
     bool isIntact() const;
+    /// What was done to the window is looked at later, and only if the server told of something.
+    void noteFate(const xcb_generic_event_t& event);
     /// Undoes what other programs did to the window: closed, unmapped or moved it elsewhere, or
     /// took its shape away.
     void restore();
@@ -78,13 +80,15 @@ private:
     DraggingDestination* destination_ = nullptr;
     xcb_window_t native_ = XCB_WINDOW_NONE; ///< the toolkit may make another, without what is set
     bool isOrderedIn_ = false;
-    QRegion shape_; ///< empty until the views told it
+    bool isSuspect_ = false; ///< hidden, moved elsewhere or destroyed, by whomever
+    QRegion shape_;          ///< empty until the views told it
     PointerEvents pointerEvents_;
     PointerTracker pointer_;
     QTimer unsurePointer_;
     QTimer raiseSoon_;
     QPointer<QWindow> active_; ///< the program's own, of those that a window manager manages
     bool isLowered_ = false;   ///< below the active window
+    Subscription fate_;
     Subscription dragging_;
     Subscription compositor_;
     Subscription manager_;
