@@ -75,17 +75,20 @@ def wait_until_placed(desktop, window):
 def point_at(program, role, name):
     """Waits until what has this role and name is at rest and under the pointer's reach: without a
     compositor the window is only where its shape has grown to. Gives the place."""
-    desktop = program.desktop
-    x, y = resting_place(desktop, name, role)
+    x, y = resting_place(program.desktop, name, role)
+    reach(program, x, y)
+    return x, y
 
+
+def reach(program, x, y):
+    """Moves the pointer to a place of the panel once the panel's shape has grown to it."""
     def is_within_reach():
         left, top, _, _ = program.geometry()
         return any(0 <= x - left - box[0] < box[2] and 0 <= y - top - box[1] < box[3]
-                   for box in desktop.shape_boxes(program.window()))
+                   for box in program.desktop.shape_boxes(program.window()))
 
-    wait_until(is_within_reach, f"reach of {role} {name!r}", program.describe)
-    desktop.move_pointer(x, y)
-    return x, y
+    wait_until(is_within_reach, f"reach of {x}, {y}", program.describe)
+    program.desktop.move_pointer(x, y)
 
 
 def click_on(program, role, name):

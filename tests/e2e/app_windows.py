@@ -3,7 +3,7 @@
 import json
 import subprocess
 
-from accessible import accessible_nodes, resting_node, resting_place, wait_until_placed
+from accessible import accessible_nodes, reach, resting_node, resting_place, wait_until_placed
 from desktop import Program, wait_until
 
 SETTINGS_TITLE = "Orvelle Settings"
@@ -117,7 +117,7 @@ def open_settings(program):
         program.expand()
         program.wait_until_still()
     left, _, width, _ = program.geometry()
-    desktop.move_pointer(left + width // 2, 214)  # below what the panel shows, which may have its own menu
+    reach(program, left + width // 2, 214)  # below what the panel shows, which may have its own menu
     desktop.click(3)
     desktop.move_pointer(*resting_place(desktop, "Settings...", "menu item"))
     desktop.click()
