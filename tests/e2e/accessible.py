@@ -81,11 +81,16 @@ def point_at(program, role, name):
 
 
 def reach(program, x, y):
-    """Moves the pointer to a place of the panel once the panel's shape has grown to it."""
+    """Moves the pointer to a place of the panel once the panel's shape has grown to it, with the
+    edge that its content leaves free."""
+    edge = 4
+
     def is_within_reach():
         left, top, _, _ = program.geometry()
-        return any(0 <= x - left - box[0] < box[2] and 0 <= y - top - box[1] < box[3]
-                   for box in program.desktop.shape_boxes(program.window()))
+        boxes = program.desktop.shape_boxes(program.window())
+        return all(any(0 <= column - left - box[0] < box[2] and 0 <= y + edge - top - box[1] < box[3]
+                       for box in boxes)
+                   for column in (x - edge, x + edge))
 
     wait_until(is_within_reach, f"reach of {x}, {y}", program.describe)
     program.desktop.move_pointer(x, y)
