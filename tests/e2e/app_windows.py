@@ -58,6 +58,10 @@ class Settings:
     def click(self, role, name):
         self.desktop.move_pointer(*self.control(role, name)["middle"])
         self.desktop.click()
+        if role == "text":
+            # The window manager holds a press back while it looks at it; keys overtake it then.
+            wait_until(lambda: (self.find(role, name) or {}).get("focused"), f"keyboard in {name}",
+                       self.describe)
 
     def tab(self, name):
         self.click_at(self.resting("page tab", name)["middle"])

@@ -133,8 +133,20 @@ def test_an_owner_that_never_answers_holds_nothing_up(settings_window):
     for selection in ("CLIPBOARD", "PRIMARY"):
         silent.set_selection_owner(desktop.atom(selection), X.CurrentTime)
     desktop.display.sync()
+    asked = set()
+
+    def is_asked(selection):
+        while desktop.display.pending_events():
+            event = desktop.display.next_event()
+            if event.type == X.SelectionRequest:
+                asked.add(event.selection)
+        return desktop.atom(selection) in asked
+
     desktop.keys("ctrl+v", "shift+Insert")
+    wait_until(lambda: is_asked("CLIPBOARD"), "question for the clipboard")
+    # The window manager holds a press back while it looks at it; keys overtake it then.
     desktop.click(2)
+    wait_until(lambda: is_asked("PRIMARY"), "question for the selected text")
     desktop.keys("shift+Tab", "End")
     # The toolkit itself would wait for such an owner for five seconds each time.
     wait_until(lambda: settings.stored("weatherUpdateIntervalMinutes") == 60, "moved slider",
