@@ -14,7 +14,8 @@ namespace {
 struct Machine : SimulatedPlatform {
     PrivateBus bus;
     SimulatedUrlData urls;
-    LinuxScriptExecutor scripts{bus.provider(), urls};
+    MprisCovers covers{urls};
+    LinuxScriptExecutor scripts{bus.provider(), covers};
     ScriptExecutor& scriptExecutor() override { return scripts; }
 };
 

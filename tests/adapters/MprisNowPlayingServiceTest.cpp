@@ -57,8 +57,9 @@ protected:
     PrivateBus bus;
     QtRunLoop loop;
     SimulatedUrlData urls;
+    MprisCovers covers{urls};
     MprisPlayers players{loop, bus.provider()};
-    MprisNowPlayingService service{loop, players, urls};
+    MprisNowPlayingService service{loop, players, covers};
     NowPlayingFunctions functions;
     std::vector<std::string> heard;
     std::vector<Subscription> observers;
@@ -75,7 +76,7 @@ TEST_F(MprisNowPlayingServiceTest, WithoutAPlayerTheAnswerIsEmptyAndComesAtOnce)
 TEST_F(MprisNowPlayingServiceTest, NothingIsAskedOfTheBusBeforeSomebodyRegisters) {
     PrivateBus quietBus;
     MprisPlayers quietPlayers(loop, quietBus.provider());
-    MprisNowPlayingService quiet(loop, quietPlayers, urls);
+    MprisNowPlayingService quiet(loop, quietPlayers, covers);
     const auto entries = std::get<NowPlayingFunctions>(quiet.load({}));
     EXPECT_TRUE(waitUntil([&] { return bus.connectionCount() == 1; }));
     EXPECT_EQ(quietBus.connectionCount(), 0);
@@ -331,7 +332,8 @@ public:
 TEST_F(MprisNowPlayingServiceTest, CoversThatNeverComeHoldUpNeitherTheNextNorOtherWork) {
     PatientUrlData web;
     web.contents["file:///one.png"] = SharedBytes("picture one");
-    MprisNowPlayingService patient(loop, players, web);
+    MprisCovers webCovers(web);
+    MprisNowPlayingService patient(loop, players, webCovers);
     functions = std::get<NowPlayingFunctions>(patient.load({}));
     functions.registerForNotifications();
     ScriptedPlayer player(bus, "one");

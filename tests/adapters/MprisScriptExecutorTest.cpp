@@ -40,7 +40,8 @@ protected:
 
     PrivateBus bus;
     SimulatedUrlData urls;
-    MprisScriptExecutor executor{bus.provider(), urls};
+    MprisCovers covers{urls};
+    MprisScriptExecutor executor{bus.provider(), covers};
     QtRunLoop loop;
 };
 

@@ -17,7 +17,7 @@ std::string kdeSettingsFile() {
 } // namespace
 
 LinuxPlatform::LinuxPlatform()
-    : scriptExecutor_(&QDBusConnection::sessionBus, urlData_),
+    : scriptExecutor_(&QDBusConnection::sessionBus, covers_),
       appearance_(runLoop_, &QDBusConnection::sessionBus, kdeSettingsFile()),
       locationService_(runLoop_, &QDBusConnection::systemBus),
       players_(runLoop_, &QDBusConnection::sessionBus),

@@ -84,7 +84,7 @@ public:
     SMCService& smc() override { return smc_; }
     Sound& sound() override { return sound_; }
     StatusBar& statusBar() override { return desktop_.statusBar; }
-    UrlData& urlData() override { return urlData_; }
+    UrlData& urlData() override { return covers_; }
     UserDefaults& userDefaults() override { return userDefaults_; }
     UserNotifications& userNotifications() override { return userNotifications_; }
     Workspace& workspace() override { return workspace_; }
@@ -100,6 +100,7 @@ private:
     QtImageCodec imageCodec_;
     MprisRunningApplications runningApplications_;
     QtUrlData urlData_;
+    MprisCovers covers_{urlData_};
     LinuxScriptExecutor scriptExecutor_;
     QtRunLoop runLoop_;
     InotifyFileWatch fileWatch_;
@@ -120,7 +121,7 @@ private:
     GeoClueLocationService locationService_;
     HwmonSMCService smc_;
     MprisPlayers players_;
-    MprisNowPlayingService nowPlaying_{runLoop_, players_, urlData_};
+    MprisNowPlayingService nowPlaying_{runLoop_, players_, covers_};
     MprisNotificationCenter distributedNotifications_{runLoop_, players_, runningApplications_};
     XdgLoginItem loginItem_;
     QtFileIcons fileIcons_;

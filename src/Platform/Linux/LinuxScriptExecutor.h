@@ -12,8 +12,8 @@ namespace orvelle {
 /// one, and calendar programs here take no keys from another program.
 class LinuxScriptExecutor : public ScriptExecutor {
 public:
-    LinuxScriptExecutor(BusProvider sessionBus, UrlData& urls)
-        : players_(std::move(sessionBus), urls) {}
+    LinuxScriptExecutor(BusProvider sessionBus, MprisCovers& covers)
+        : players_(std::move(sessionBus), covers) {}
 
     ScriptOutcome execute(const std::string& source) override;
     /// Scripts under way, and those to come, give an error. Any thread.

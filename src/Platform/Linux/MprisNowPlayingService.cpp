@@ -13,8 +13,8 @@ bool isShown(const MprisPlayer* player) {
 } // namespace
 
 MprisNowPlayingService::MprisNowPlayingService(RunLoop& runLoop, MprisPlayers& players,
-                                               UrlData& urls)
-    : runLoop_(runLoop), players_(players), urls_(urls) {}
+                                               MprisCovers& covers)
+    : runLoop_(runLoop), players_(players), covers_(covers) {}
 
 std::variant<NowPlayingFunctions, NowPlayingService::LoadFailure>
 MprisNowPlayingService::load(const std::string&) {
@@ -140,22 +140,21 @@ void MprisNowPlayingService::readArtwork() {
         return;
     stopReading_ = {};
     auto bytes = std::make_shared<std::optional<SharedBytes>>();
-    reading_ = runLoop_.detach(
-        [bytes, &urls = urls_, url = artwork_.track.artUrl, stop = stopReading_.get_token()] {
-            *bytes = urls.read(url, largestArtwork, stop);
-        },
-        [this, bytes, stop = stopReading_.get_token()] {
-            if (stop.stop_requested()) {
-                readArtwork(); // of the track that has come since
-                return;
-            }
-            reading_.reset();
-            auto fresh = bytes->value_or(SharedBytes());
-            if (fresh == artwork_.bytes)
-                return;
-            artwork_.bytes = std::move(fresh);
-            events_[std::string(NowPlayingNotification::infoDidChange)]();
-        });
+    reading_ =
+        runLoop_.detach([bytes, &covers = covers_, track = artwork_.track,
+                         stop = stopReading_.get_token()] { *bytes = covers.read(track, stop); },
+                        [this, bytes, stop = stopReading_.get_token()] {
+                            if (stop.stop_requested()) {
+                                readArtwork(); // of the track that has come since
+                                return;
+                            }
+                            reading_.reset();
+                            auto fresh = bytes->value_or(SharedBytes());
+                            if (fresh == artwork_.bytes)
+                                return;
+                            artwork_.bytes = std::move(fresh);
+                            events_[std::string(NowPlayingNotification::infoDidChange)]();
+                        });
 }
 
 } // namespace orvelle

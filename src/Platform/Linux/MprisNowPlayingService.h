@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Platform/Linux/MprisCovers.h"
 #include "Platform/Linux/MprisPlayers.h"
 #include "Platform/NowPlayingService.h"
-#include "Platform/UrlData.h"
 
 #include <map>
 #include <memory>
@@ -16,9 +16,7 @@ namespace orvelle {
 /// stopped or gone, that is the last track, at rest where it stood.
 class MprisNowPlayingService : public NowPlayingService {
 public:
-    static constexpr std::size_t largestArtwork = 16 << 20; ///< bytes of the image file
-
-    MprisNowPlayingService(RunLoop& runLoop, MprisPlayers& players, UrlData& urls);
+    MprisNowPlayingService(RunLoop& runLoop, MprisPlayers& players, MprisCovers& covers);
     ~MprisNowPlayingService() override { stopReading_.request_stop(); }
 
     std::variant<NowPlayingFunctions, LoadFailure> load(const std::string& path) override;
@@ -42,7 +40,7 @@ private:
 
     RunLoop& runLoop_;
     MprisPlayers& players_;
-    UrlData& urls_;
+    MprisCovers& covers_;
     std::optional<MprisPlayer> last_; ///< the player as it was when it was shown last
     QString currentName_;             ///< as last told
     bool wasPlaying_ = false;

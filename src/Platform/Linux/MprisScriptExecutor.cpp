@@ -1,6 +1,5 @@
 #include "Platform/Linux/MprisScriptExecutor.h"
 
-#include "Platform/Linux/MprisNowPlayingService.h"
 #include "Platform/Linux/MprisPlayer.h"
 
 #include <QDBusPendingCallWatcher>
@@ -64,8 +63,8 @@ std::string number(Seconds value) {
 
 } // namespace
 
-MprisScriptExecutor::MprisScriptExecutor(BusProvider sessionBus, UrlData& urls)
-    : bus_(std::move(sessionBus)), urls_(urls) {}
+MprisScriptExecutor::MprisScriptExecutor(BusProvider sessionBus, MprisCovers& covers)
+    : bus_(std::move(sessionBus)), covers_(covers) {}
 
 ScriptOutcome MprisScriptExecutor::execute(const std::string& source) {
     const auto* player = playerOf(source);
@@ -97,8 +96,10 @@ ScriptOutcome MprisScriptExecutor::readTrack(const KnownPlayer& player, bool wan
     auto line = track.title + "||" + track.artist + "||" + track.album + "||" +
                 number(track.length) + "||" + number(description.elapsed(0)) + "||" +
                 (description.isPlaying() ? "true" : "false");
-    if (wantsArtwork)
+    if (wantsArtwork) {
+        covers_.name(track);
         line += "||" + track.artUrl;
+    }
     return textResult(std::move(line));
 }
 
@@ -106,10 +107,12 @@ ScriptOutcome MprisScriptExecutor::readArtwork(const KnownPlayer& player, bool w
     const auto reply = ask(allProperties(player));
     if (reply.type() != QDBusMessage::ReplyMessage)
         return errorOf(reply);
-    const auto url = described(player, reply).track.artUrl;
-    if (!wantsData)
-        return textResult(url);
-    const auto bytes = urls_.read(url, MprisNowPlayingService::largestArtwork, {});
+    const auto track = described(player, reply).track;
+    if (!wantsData) {
+        covers_.name(track);
+        return textResult(track.artUrl);
+    }
+    const auto bytes = covers_.read(track, {});
     return ScriptResult{.stringValue = std::nullopt, .data = bytes.value_or(SharedBytes())};
 }
 

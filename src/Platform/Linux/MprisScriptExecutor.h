@@ -2,9 +2,9 @@
 
 #include "Platform/Linux/BusService.h"
 #include "Platform/Linux/KnownPlayers.h"
+#include "Platform/Linux/MprisCovers.h"
 #include "Platform/Qt/BackgroundWaits.h"
 #include "Platform/ScriptExecutor.h"
-#include "Platform/UrlData.h"
 
 namespace orvelle {
 
@@ -14,7 +14,7 @@ class MprisScriptExecutor : public ScriptExecutor {
 public:
     static constexpr std::chrono::seconds answerBound{5};
 
-    MprisScriptExecutor(BusProvider sessionBus, UrlData& urls);
+    MprisScriptExecutor(BusProvider sessionBus, MprisCovers& covers);
 
     ScriptOutcome execute(const std::string& source) override;
     /// Scripts under way, and those to come, give an error. Any thread.
@@ -27,7 +27,7 @@ private:
     QDBusMessage ask(const QDBusMessage& question);
 
     BusProvider bus_;
-    UrlData& urls_;
+    MprisCovers& covers_;
     BackgroundWaits waits_;
 };
 
