@@ -38,11 +38,11 @@ std::string presentEvent(const std::string& title, const std::string& more = {})
            more + "END:VEVENT\r\nEND:VCALENDAR\r\n";
 }
 
-/// The real disk, which takes as long as the test wants below one folder, and on which the test can
-/// take the right to read away. (The tests may run as root, whom no mode of a folder refuses.)
+/// The real disk, which takes as long as the test wants below some folders, and on which the test
+/// can take the right to read away. (The tests may run as root, whom no mode of a folder refuses.)
 class WatchedDisk : public CalendarDisk {
 public:
-    std::string slowFolder = "/none/"; ///< set before anything is read
+    std::vector<std::string> slowFolders; ///< set before anything is read
     mutable Gate slowness;
     std::atomic_bool refuses = false;
     mutable std::atomic_int calls = 0;
@@ -80,7 +80,8 @@ private:
     void enter(const std::string& path) const {
         ++calls;
         callsOnMainThread += std::this_thread::get_id() == mainThread_;
-        if (path.starts_with(slowFolder))
+        if (std::ranges::any_of(slowFolders,
+                                [&](const auto& slow) { return path.starts_with(slow); }))
             slowness.pass();
     }
     const std::thread::id mainThread_ = std::this_thread::get_id();
@@ -252,7 +253,7 @@ TEST_F(IcalEventStoreTest, AFolderThatHangsDelaysNothing) {
     home.write("data/evolution/calendar/system/calendar.ics", presentEvent("Gnome"));
     home.write("elsewhere/a.ics", presentEvent("Elsewhere"));
     defaults.set("calendarFolders", home / "elsewhere");
-    disk->slowFolder = home / "data/calendars";
+    disk->slowFolders = {home / "data/calendars"};
     disk->slowness.close();
     std::optional<bool> granted;
     const auto request = store.requestFullAccess([&](bool answer) { granted = answer; });
@@ -267,11 +268,33 @@ TEST_F(IcalEventStoreTest, AFolderThatHangsDelaysNothing) {
     EXPECT_TRUE(comeToShow({"Elsewhere", "Gnome", "Khal", "Slow", "Written meanwhile"}));
 }
 
+TEST_F(IcalEventStoreTest, ManyFoldersThatHangDelayNothing) {
+    std::string folders;
+    for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "h"}) {
+        const auto folder = home / (std::string("slow/") + name);
+        home.write("slow/" + std::string(name) + "/a.ics", presentEvent(name));
+        folders += (folders.empty() ? "" : ":") + folder;
+    }
+    home.write("swift/a.ics", presentEvent("Swift"));
+    home.write("data/khal/calendars/a.ics", presentEvent("Khal"));
+    defaults.set("calendarFolders", folders + ":" + (home / "swift"));
+    disk->slowFolders = {home / "slow", home / "data/calendars"};
+    disk->slowness.close();
+    observe();
+    EXPECT_TRUE(comeToShow({"Khal", "Swift"}));
+    bool isDone = false;
+    const auto other = runLoop.detach([] {}, [&] { isDone = true; });
+    EXPECT_TRUE(waitUntil([&] { return isDone; })) << "nor the rest of the program";
+    home.write("swift/b.ics", presentEvent("Written meanwhile"));
+    EXPECT_TRUE(comeToShow({"Khal", "Swift", "Written meanwhile"}));
+    EXPECT_TRUE(disk->slowness.isReached());
+}
+
 TEST_F(IcalEventStoreTest, AFolderThatHangsAndIsNamedNoLongerIsForgotten) {
     home.write("elsewhere/a.ics", presentEvent("Elsewhere"));
     home.write(".calendars/a/a.ics", presentEvent("A"));
     defaults.set("calendarFolders", home / "elsewhere");
-    disk->slowFolder = home / "elsewhere";
+    disk->slowFolders = {home / "elsewhere"};
     disk->slowness.close();
     observe();
     ASSERT_TRUE(waitUntil([&] { return disk->slowness.isReached(); }));

@@ -218,11 +218,11 @@ TEST_F(QtRunLoopTest, ASaveThatHangsHoldsUpNoOtherFilesSave) {
     loop_.reset();
 }
 
-TEST_F(QtRunLoopTest, ACopyTheCalendarsAndTheCameraTogetherHoldUpNoOtherWork) {
+TEST_F(QtRunLoopTest, AnyTwentyWorksThatHangHoldUpNoOtherWork) {
     Gate gate;
     gate.close();
     std::vector<Subscription> hanging;
-    for (int number = 0; number < 3; ++number)
+    for (int number = 0; number < 20; ++number)
         hanging.push_back(loop().detach([&] { gate.pass(); }, [] {}));
     bool isDone = false;
     const auto other = loop().detach([] {}, [&] { isDone = true; });

@@ -27,8 +27,8 @@ public:
     static constexpr Seconds readDelay = 0.2;
     /// How often it tells that time has gone on.
     static constexpr Seconds refreshInterval = 900;
-    /// Places that are read at once, of which one may be on a disk that hangs.
-    static constexpr int jobsAtOnce = 2;
+    /// Places that are read at once; many of them may be on disks that hang.
+    static constexpr int jobsAtOnce = 16;
 
     IcalEventStore(RunLoop& runLoop, const Formatting& formatting, UserDefaults& defaults,
                    LogSink& log,

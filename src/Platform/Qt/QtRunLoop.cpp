@@ -3,6 +3,7 @@
 #include <QMetaObject>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
@@ -12,8 +13,7 @@ namespace orvelle {
 
 namespace {
 
-/// One for each work that may take minutes or hang for ever: a copy of files, the camera, and two
-/// for the calendars, of which two places are read at once. And one for the rest.
+/// Besides those of works that are late.
 constexpr int backgroundThreads = 5;
 
 /// Above the number of files that are kept, each of which is saved by one work at a time: not even
@@ -33,6 +33,15 @@ Seconds secondsOf(auto duration) {
 }
 
 } // namespace
+
+/// Background work on one of the pools.
+struct QtRunLoop::Work {
+    QThreadPool& pool;
+    std::atomic_bool hasBegun = false;
+    bool isWanted = true; ///< the handle is there; this and the rest belong to the main thread
+    bool isLate = false;
+    Timer lateness;
+};
 
 QtRunLoop::QtRunLoop(std::chrono::milliseconds patience) : patience_(patience) {
     timer_.setSingleShot(true);
@@ -142,15 +151,38 @@ Subscription QtRunLoop::detachSaving(std::function<void()> work, std::function<v
 
 Subscription QtRunLoop::runIn(QThreadPool& pool, std::function<void()> work,
                               std::function<void()> done) {
-    auto wanted = std::make_shared<bool>(true); // read and written on the main thread only
-    pool.start([this, work = std::move(work), done = std::move(done), wanted]() mutable {
+    const auto state = std::make_shared<Work>(pool);
+    watchForLateness(state);
+    pool.start([this, work = std::move(work), done = std::move(done), state]() mutable {
+        state->hasBegun = true;
         work();
-        post([done = std::move(done), wanted = std::move(wanted)] {
-            if (*wanted)
+        post([this, done = std::move(done), state = std::move(state)] {
+            ended(*state);
+            if (state->isWanted)
                 done();
         });
     });
-    return Subscription([wanted] { *wanted = false; });
+    return Subscription([state] { state->isWanted = false; });
+}
+
+void QtRunLoop::watchForLateness(const std::shared_ptr<Work>& work) {
+    work->lateness = after(lateAfter, [this, work] {
+        if (!work->hasBegun || lateWorks_ == mostLateWorks) {
+            watchForLateness(work);
+            return;
+        }
+        ++lateWorks_;
+        work->isLate = true;
+        work->pool.releaseThread();
+    });
+}
+
+void QtRunLoop::ended(Work& work) {
+    work.lateness.reset();
+    if (!work.isLate)
+        return;
+    --lateWorks_;
+    work.pool.reserveThread();
 }
 
 } // namespace orvelle

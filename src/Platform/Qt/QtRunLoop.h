@@ -23,6 +23,11 @@ namespace orvelle {
 class QtRunLoop : public RunLoop {
 public:
     static constexpr std::chrono::milliseconds defaultPatience{5000};
+    /// Background work that takes longer is taken to wait for somebody, and keeps no place from
+    /// other work.
+    static constexpr Seconds lateAfter = 0.25;
+    /// Of such works; beyond that the next one waits.
+    static constexpr int mostLateWorks = 32;
 
     explicit QtRunLoop(std::chrono::milliseconds patience = defaultPatience);
     /// Drops what has not begun, and waits for background work under way; its completions are lost.
@@ -48,9 +53,12 @@ private:
     };
     using Key = std::pair<Seconds, std::uint64_t>; ///< monotonic time due, order of creation
     using Timers = std::map<Key, Entry>;
+    struct Work;
 
     Timer schedule(Seconds delay, Seconds interval, std::function<void()> callback);
     Subscription runIn(QThreadPool& pool, std::function<void()> work, std::function<void()> done);
+    void watchForLateness(const std::shared_ptr<Work>& work);
+    void ended(Work& work);
     void fireDue();
     void arm();
 
@@ -59,6 +67,7 @@ private:
     QTimer timer_;
     std::uint64_t nextId_ = 0;
     std::shared_ptr<Timers> timers_ = std::make_shared<Timers>();
+    int lateWorks_ = 0;
     // These die first: their work posts to the main thread.
     QThreadPool pool_;
     QThreadPool savingPool_;
