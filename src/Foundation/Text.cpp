@@ -9,6 +9,7 @@
 #include <unicode/utext.h>
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <memory>
 
@@ -95,6 +96,30 @@ std::string_view trimmingBlanks(std::string_view text) {
 
 std::string_view trimmingBlanksAndNewlines(std::string_view text) {
     return trimming(text, isBlankOrNewline);
+}
+
+bool contains(std::string_view text, std::string_view part) {
+    if (part.empty())
+        return true;
+    // The last byte is what tells letters beyond ASCII apart. Looking for one byte is many times as
+    // fast as looking for several, as long as it is rare.
+    constexpr std::size_t patience = 64;
+    const auto distance = part.size() - 1;
+    std::size_t from = 0;
+    for (std::size_t tries = 0; text.size() >= from + part.size(); ++tries) {
+        const auto* begin = text.data() + from;
+        const auto rest = text.size() - from;
+        if (tries == patience)
+            return memmem(begin, rest, part.data(), part.size()) != nullptr;
+        const auto* last =
+            static_cast<const char*>(std::memchr(begin + distance, part.back(), rest - distance));
+        if (!last)
+            return false;
+        if (std::memcmp(last - distance, part.data(), distance) == 0)
+            return true;
+        from = static_cast<std::size_t>(last - text.data()) - distance + 1;
+    }
+    return false;
 }
 
 std::string inOneLine(std::string_view text) {

@@ -5,19 +5,10 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <functional>
 
 namespace orvelle {
 
 namespace {
-
-/// Texts may be long: a part of several bytes is looked for in steps of its length.
-bool contains(std::string_view text, std::string_view part) {
-    if (part.size() <= 1)
-        return text.find(part) != std::string_view::npos;
-    const std::boyer_moore_horspool_searcher searcher(part.begin(), part.end());
-    return std::search(text.begin(), text.end(), searcher) != text.end();
-}
 
 bool isHexDigit(char character) {
     return (character >= '0' && character <= '9') || (character >= 'a' && character <= 'f') ||
@@ -45,7 +36,7 @@ bool isUrl(std::string_view text) {
         if (at + 2 >= text.size() || !isHexDigit(text[at + 1]) || !isHexDigit(text[at + 2]))
             return false;
     const auto fragment = text.find('#');
-    return fragment == std::string_view::npos || !contains(text.substr(fragment + 1), "#");
+    return fragment == std::string_view::npos || !Text::contains(text.substr(fragment + 1), "#");
 }
 
 /// As the C library converts text to a double, but whatever the locale; the whole text counts.
@@ -71,14 +62,15 @@ bool isNumber(std::string_view text) {
 
 ClipboardContentType detectContentType(std::string_view text) {
     const auto trimmed = Text::trimmingBlanksAndNewlines(text);
-    if (contains(trimmed, "://") && isUrl(trimmed))
+    if (Text::contains(trimmed, "://") && isUrl(trimmed))
         return ClipboardContentType::url;
-    if (contains(trimmed, "@") && contains(trimmed, ".") && !contains(trimmed, " "))
+    if (Text::contains(trimmed, "@") && Text::contains(trimmed, ".") &&
+        !Text::contains(trimmed, " "))
         return ClipboardContentType::email;
     if (isNumber(trimmed))
         return ClipboardContentType::number;
     for (const char* sign : {"{", "func ", "class ", "import ", "let ", "var "})
-        if (contains(trimmed, sign))
+        if (Text::contains(trimmed, sign))
             return ClipboardContentType::code;
     return ClipboardContentType::text;
 }

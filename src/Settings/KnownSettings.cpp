@@ -1,5 +1,6 @@
 #include "Settings/KnownSettings.h"
 
+#include "Platform/PlatformSettings.h"
 #include "Settings/SettingsKeys.h"
 
 #include <algorithm>
@@ -91,6 +92,10 @@ constexpr KnownSetting knownSettings[] = {
     {weatherLocationName, SettingType::text},
     {weatherCachedLatitude, SettingType::number},
     {weatherCachedLongitude, SettingType::number},
+    {PlatformSettings::safeAreaTop, SettingType::number},
+    {PlatformSettings::auxiliaryLeftWidth, SettingType::number},
+    {PlatformSettings::auxiliaryRightWidth, SettingType::number},
+    {PlatformSettings::calendarFolders, SettingType::text},
 };
 
 } // namespace

@@ -6,21 +6,9 @@
 #include "Platform/RunLoop.h"
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 namespace orvelle {
-
-namespace {
-
-bool isIn(std::string_view text, std::string_view wanted) {
-    if (wanted.size() <= 1)
-        return text.find(wanted) != std::string_view::npos;
-    const std::boyer_moore_horspool_searcher searcher(wanted.begin(), wanted.end());
-    return std::search(text.begin(), text.end(), searcher) != text.end();
-}
-
-} // namespace
 
 ClipboardSearch::Content::Content(SharedText text, std::string locale)
     : preparation([this, text = std::move(text), locale = std::move(locale)] {
@@ -56,7 +44,7 @@ std::string ClipboardSearch::prepared(std::string_view searchText) const {
 bool ClipboardSearch::contains(const ClipboardItem& item, std::string_view wanted) {
     const auto searched = content(item);
     searched->preparation.complete();
-    return isIn(searched->comparable, wanted);
+    return Text::contains(searched->comparable, wanted);
 }
 
 } // namespace orvelle

@@ -1,5 +1,7 @@
 #include "Platform/Linux/IcalEventStore.h"
 
+#include "Platform/PlatformSettings.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
@@ -40,7 +42,7 @@ IcalEventStore::IcalEventStore(RunLoop& runLoop, const Formatting& formatting,
       }) {
     findPlaces();
     settingsObserver_ = defaults_.observeChanges([this] {
-        if (defaults_.string(foldersKey).value_or("") != furtherFolders_)
+        if (defaults_.string(PlatformSettings::calendarFolders).value_or("") != furtherFolders_)
             settingsTimer_ = runLoop_.after(readDelay, [this] {
                 findPlaces();
                 work();
@@ -91,7 +93,7 @@ Subscription IcalEventStore::observeChanges(std::function<void()> changed) {
 
 /// Those that the settings name now; what is known of the others of before is kept.
 void IcalEventStore::findPlaces() {
-    furtherFolders_ = defaults_.string(foldersKey).value_or("");
+    furtherFolders_ = defaults_.string(PlatformSettings::calendarFolders).value_or("");
     auto before = std::exchange(places_, {});
     for (auto& where : CalendarPlace::ofUser(furtherFolders_)) {
         const auto known = std::ranges::find_if(

@@ -21,8 +21,6 @@ namespace orvelle {
 /// the folders has full access. Each place is read by itself, so that a slow one holds up no other.
 class IcalEventStore : public EventStore {
 public:
-    /// A setting of further folders, separated by colons; "~/" stands for the home folder.
-    static constexpr std::string_view foldersKey = "calendarFolders";
     /// From a change of a file to its reading, so that several changes give one.
     static constexpr Seconds readDelay = 0.2;
     /// How often it tells that time has gone on.

@@ -1,6 +1,7 @@
 #include "Platform/Linux/X11Screens.h"
 
 #include "Platform/Linux/ScreenCoordinates.h"
+#include "Platform/PlatformSettings.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -147,12 +148,12 @@ void X11Screens::addNotch(Screen& screen) const {
         return std::isfinite(value) && value > 0 && value < limit ? value : 0;
     };
     const Rect& frame = screen.frame;
-    const double top = length(safeAreaTop, frame.size.height);
+    const double top = length(PlatformSettings::safeAreaTop, frame.size.height);
     if (top == 0)
         return;
     screen.safeAreaInsets.top = top;
-    const double left = length(auxiliaryLeftWidth, frame.size.width);
-    const double right = length(auxiliaryRightWidth, frame.size.width);
+    const double left = length(PlatformSettings::auxiliaryLeftWidth, frame.size.width);
+    const double right = length(PlatformSettings::auxiliaryRightWidth, frame.size.width);
     if (left == 0 || right == 0 || left + right >= frame.size.width)
         return;
     screen.auxiliaryTopLeftArea = Rect{{frame.minX(), frame.maxY() - top}, {left, top}};

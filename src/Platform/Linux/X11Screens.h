@@ -16,17 +16,12 @@ class QScreen;
 
 namespace orvelle {
 
-/// The display's screens. A desktop cannot tell of a notch, so that the user does: the settings
-/// below describe the primary screen's, in points. Values that are no number above 0, or larger
+/// The display's screens. A desktop cannot tell of a notch, so that the user does, by
+/// `PlatformSettings`. Values that are no number above 0, or larger
 /// than the screen, count as unset. Answers without asking the display server: what stands there
 /// is known, and its events tell of every change.
 class X11Screens : public Screens {
 public:
-    static constexpr std::string_view safeAreaTop = "notch.safeAreaTop";
-    /// The widths of the areas beside the notch; of use only together.
-    static constexpr std::string_view auxiliaryLeftWidth = "notch.auxiliaryLeftWidth";
-    static constexpr std::string_view auxiliaryRightWidth = "notch.auxiliaryRightWidth";
-
     X11Screens(X11Desktop& desktop, UserDefaults& defaults);
 
     std::vector<Screen> screens() const override;

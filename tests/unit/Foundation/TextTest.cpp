@@ -53,6 +53,23 @@ TEST(TextTest, InOneLineEveryLineEndIsABlankAndNothingElseIs) {
     EXPECT_EQ(Text::inOneLine(""), "");
 }
 
+TEST(TextTest, APartIsFoundWhereverItStandsAndHoweverOftenItsLastByteComes) {
+    EXPECT_TRUE(Text::contains("", ""));
+    EXPECT_TRUE(Text::contains("abc", ""));
+    EXPECT_FALSE(Text::contains("", "a"));
+    EXPECT_TRUE(Text::contains("abc", "abc"));
+    EXPECT_FALSE(Text::contains("bc", "abc"));
+    EXPECT_TRUE(Text::contains("a\u00e4\u00fc", "\u00fc"));
+    EXPECT_FALSE(Text::contains("a\u00e4\u00f6", "\u00fc"));
+    for (const std::size_t before : {0, 1, 62, 63, 64, 65, 66, 1000}) {
+        const std::string many(before, 'b');
+        EXPECT_TRUE(Text::contains(many + "ab", "ab")) << before;
+        EXPECT_TRUE(Text::contains(many + "ab" + many, "ab")) << before;
+        EXPECT_FALSE(Text::contains(many + "a" + "c", "ab")) << before;
+        EXPECT_TRUE(Text::contains(many + "aab", "aab")) << before;
+    }
+}
+
 TEST(TextTest, FoldingKnowsEveryLetterOfASCIIAndNothingAround) {
     std::string all;
     for (char byte = 1; byte < 0x7f; ++byte)

@@ -1,6 +1,7 @@
 #include "Features/Clipboard/ClipboardManager.h"
 
 #include "Platform/Simulated/SimulatedPlatform.h"
+#include "Support/ThreadTime.h"
 #include "Support/ThreadedRunLoop.h"
 
 #include <gtest/gtest.h>
@@ -102,6 +103,51 @@ TEST(ClipboardSearchTest, WhatTheBackgroundHasNotComeToIsFoundAllTheSame) {
     machine.loop.advance(ClipboardManager::pollInterval);
     EXPECT_EQ(manager.itemsContaining("STRASSE").size(), 1u);
     EXPECT_TRUE(manager.itemsContaining("other").empty());
+}
+
+/// A history as long as it may be, in a language of accents.
+class FullClipboardTest : public ClipboardManagerTest {
+protected:
+#ifdef ORVELLE_SANITIZED
+    static constexpr double slowness = 5;
+#else
+    static constexpr double slowness = 1;
+#endif
+
+    static std::string megabyte(std::size_t number, std::string_view letters) {
+        std::string text = std::to_string(number);
+        while (text.size() < 1'000'000)
+            text.append(letters);
+        return text;
+    }
+    /// Fills the history, and tells how long its captures take.
+    double fill(std::string_view letters) {
+        std::vector<double> times;
+        for (std::size_t number = 0; number <= ClipboardManager::maximumItems; ++number) {
+            pasteboard().copy(megabyte(number, letters));
+            times.push_back(threadMilliseconds([&] { manager.checkForChanges(); }));
+            tick();
+        }
+        EXPECT_EQ(manager.items->size(), ClipboardManager::maximumItems);
+        return median(times);
+    }
+};
+
+TEST_F(FullClipboardTest, ACaptureTakesLessThanFiveMilliseconds) {
+    for (const char* letters : {"the five boxing wizards jump quickly, ", "a", "été à l’hôtel "})
+        EXPECT_LT(fill(letters), 5 * slowness) << letters;
+}
+
+TEST_F(FullClipboardTest, AKeyOfTheSearchTakesLessThanThirtyMilliseconds) {
+    for (const char* letters : {"the five boxing wizards jump ", "été à l’hôtel "}) {
+        fill(letters);
+        for (const char* key : {"q", "Q", "ü", "e", "€"}) {
+            std::vector<double> times;
+            for (int count = 0; count < 3; ++count)
+                times.push_back(threadMilliseconds([&] { manager.itemsContaining(key); }));
+            EXPECT_LT(median(times), 30 * slowness) << key << " in " << letters;
+        }
+    }
 }
 
 TEST_F(ClipboardManagerTest, WithTheMaximumAgeAt0TheLimitIs24Hours) {
