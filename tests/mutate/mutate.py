@@ -13,7 +13,6 @@ import json
 import os
 import pathlib
 import re
-import resource
 import shutil
 import signal
 import subprocess
@@ -158,12 +157,6 @@ def built(work, verbose):
     return dropped
 
 
-def limits():
-    os.setsid()
-    resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
-    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-
-
 def run_tests(tests, seconds, mutant=None, reached=None):
     """True when all pass, False when one fails, crashes or takes too long."""
     shutil.rmtree(SCRATCH, ignore_errors=True)
@@ -174,11 +167,13 @@ def run_tests(tests, seconds, mutant=None, reached=None):
         environment["ORVELLE_MUTANT"] = str(mutant)
     if reached:
         environment["ORVELLE_REACHED"] = str(reached)
-    command = ["nice", str(TESTS), "--gtest_brief=1", "--gtest_fail_fast"]
+    # Not set between fork and exec: a fork copies the page tables of all that was parsed here.
+    limits = ["prlimit", f"--as={MEMORY}", "--core=0"]
+    command = ["nice", *limits, str(TESTS), "--gtest_brief=1", "--gtest_fail_fast"]
     if tests is not None:
         (BUILD / "flags").write_text("--gtest_filter=" + ":".join(tests))
         command.append(f"--gtest_flagfile={BUILD / 'flags'}")
-    process = subprocess.Popen(command, cwd=SCRATCH, env=environment, preexec_fn=limits,
+    process = subprocess.Popen(command, cwd=SCRATCH, env=environment, start_new_session=True,
                                stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                stderr=subprocess.DEVNULL)
     try:

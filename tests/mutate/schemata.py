@@ -104,6 +104,7 @@ class Schemata:
                 self.visit(cursor, [], None)
         self.add_touches()
         self.name_mutants()
+        self.unit = None # a gigabyte
 
     # --- places
 
