@@ -98,5 +98,11 @@ TEST(ClipboardItemTest, CharactersOfAPreviewAreThoseThatAReaderSees) {
     EXPECT_EQ(itemOf(text + "e\u0301").preview(), text + "...");
 }
 
+TEST(ClipboardContentTypeTest, WhatLiesBehindTheTextInMemoryTakesNoPart) {
+    const std::string_view longer = "https://host.example/%20";
+    EXPECT_EQ(detectContentType(longer.substr(0, longer.size() - 1)), Type::text);
+    EXPECT_EQ(detectContentType(longer), Type::url);
+}
+
 } // namespace
 } // namespace orvelle

@@ -2,6 +2,8 @@
 #include "Models/PomodoroState.h"
 #include "Models/SavedLocation.h"
 #include "Models/StockTicker.h"
+#include "Models/SystemMetrics.h"
+#include "Models/TemperatureUnit.h"
 
 #include <gtest/gtest.h>
 
@@ -51,6 +53,31 @@ TEST(PomodoroProgress, IsTheShareOfTheTimeThatHasGone) {
     EXPECT_EQ(state.progress(), 0.5);
     state.timeRemaining = -1;
     EXPECT_EQ(state.progress(), 1);
+}
+
+TEST(FreshRecords, AFocusTimerHasNoTimeBeforeItsFirstPhase) {
+    const PomodoroState state;
+    EXPECT_EQ(state.phase, PomodoroPhase::idle);
+    EXPECT_EQ(state.formattedTimeRemaining(), "00:00");
+    EXPECT_EQ(state.sessionsCompleted, 0);
+    EXPECT_FALSE(state.isRunning);
+}
+
+TEST(FreshRecords, ASampleOfTheMachineStartsWithoutLoad) {
+    const SystemMetrics metrics;
+    EXPECT_EQ(metrics.cpuUsage, 0);
+    EXPECT_EQ(metrics.memoryUsage, 0);
+    EXPECT_EQ(metrics.memoryTotal, 0u);
+    EXPECT_EQ(metrics.memoryUsed, 0u);
+    EXPECT_EQ(metrics.networkUpload, 0u);
+    EXPECT_EQ(metrics.networkDownload, 0u);
+    EXPECT_EQ(metrics.cpuTemperature, std::nullopt);
+    EXPECT_EQ(metrics.diskUsage, 0);
+}
+
+TEST(TemperatureUnit, IsWrittenWithItsLetter) {
+    EXPECT_EQ(rawValue(TemperatureUnit::celsius), "°C");
+    EXPECT_EQ(rawValue(TemperatureUnit::fahrenheit), "°F");
 }
 
 } // namespace

@@ -145,5 +145,16 @@ TEST_F(AppearanceSettingsViewTest, TheSwitchesWriteTheirSettings) {
     EXPECT_EQ(defaults().storedBoolean("showSystemStatsInHover"), true);
 }
 
+TEST_F(AppearanceSettingsViewTest, OnlyTheModeThatIsChosenHasRowsOfItsOwn) {
+    page.choose("themeMode", "multicolor");
+    EXPECT_TRUE(shows(page, "multicolorText"));
+    EXPECT_FALSE(shows(page, "customAccentHue"));
+    page.choose("themeMode", "system");
+    EXPECT_FALSE(shows(page, "multicolorText"));
+    EXPECT_FALSE(shows(page, "customAccentHue"));
+    page.choose("themeMode", "custom");
+    EXPECT_FALSE(shows(page, "multicolorText"));
+}
+
 } // namespace
 } // namespace orvelle

@@ -5,6 +5,7 @@
 #include "Support/SettingsRows.h"
 
 #include <limits>
+#include <set>
 
 namespace orvelle {
 namespace {
@@ -253,6 +254,41 @@ TEST_F(GeneralSettingsViewTest, ResetAllSettingsDoesNotTouchPanelsOrWidgets) {
     EXPECT_EQ(defaults().object("panelTabBarOrder"), panels);
     EXPECT_EQ(defaults().object("hoverWidgetPlacements"), widgets);
     EXPECT_FALSE(app.panelOrderManager.allPanelsSorted()[0].isVisible);
+}
+
+TEST_F(GeneralSettingsViewTest, TheClickSwitchSaysWhatTheNotchDoesNotWhatIsStored) {
+    defaults().set("clickWidgetNavigatesToPanel", false); // by another program
+    ASSERT_TRUE(app.notchState.clickWidgetNavigatesToPanel);
+    EXPECT_TRUE(row("clickWidgetNavigatesToPanel").isOn);
+}
+
+TEST_F(GeneralSettingsViewTest, ResetWritesTheLoginSwitchAlsoWhereTheDesktopRefuses) {
+    page.flip("launchAtLogin", true);
+    platform.loginItemPort.works = false;
+    page.press("resetDefaults");
+    EXPECT_EQ(defaults().storedBoolean("launchAtLogin"), false);
+}
+
+TEST_F(GeneralSettingsViewTest, ResetWritesTheStartupSwitchesBeforeTheTuning) {
+    std::vector<Labels> seen;
+    const auto watch = defaults().observeChanges([&] {
+        if (const auto keys = defaults().keys(); seen.empty() || seen.back() != keys)
+            seen.push_back(keys);
+    });
+    page.press("resetDefaults");
+    ASSERT_EQ(seen.size(), 9u);
+    EXPECT_EQ(seen[0], Labels{"launchAtLogin"});
+    EXPECT_EQ(seen[1], (Labels{"launchAtLogin", "showInMenuBar"}));
+}
+
+TEST_F(GeneralSettingsViewTest, EveryRowHasANameOfItsOwnAndNoneIsDimmedOrSetIn) {
+    std::set<std::string> ids;
+    for (const auto& shown : page.rows.get()) {
+        EXPECT_TRUE(ids.insert(shown.id).second) << shown.id;
+        EXPECT_FALSE(shown.isDimmed) << shown.id;
+        EXPECT_EQ(shown.indent, 0) << shown.id;
+        EXPECT_EQ(shown.labelWidth, 0) << shown.id << " is as wide as its text";
+    }
 }
 
 } // namespace

@@ -35,6 +35,8 @@ TEST_F(LayoutSettingsViewsTest, TheWindowHasFiveTabs) {
                                                      "Hover Bar", "Panels"}));
     EXPECT_EQ(symbols, (std::vector<std::string_view>{"gear", "paintbrush", "square.grid.2x2",
                                                       "rectangle.split.3x1", "list.number"}));
+    EXPECT_EQ(SettingsView::width, 500);
+    EXPECT_EQ(SettingsView::height, 500);
 }
 
 TEST_F(LayoutSettingsViewsTest, TheZonesStandInOrderWithAllTheirWidgets) {
@@ -62,6 +64,9 @@ TEST_F(LayoutSettingsViewsTest, AnUnknownWidgetAndAnUnknownPanelHaveAQuestionMar
     app.panelOrderManager.panelOrder.update([](auto& list) { list.push_back({"tea", 99, true}); });
     EXPECT_EQ(widgets.rows(Zone::leftWing).back().symbol.name, "questionmark");
     EXPECT_EQ(panels.rows().back().symbol.name, "questionmark");
+    EXPECT_EQ(panels.rows().back().label.text, "tea");
+    EXPECT_EQ(panels.rows().front().label.text, "Media");
+    EXPECT_EQ(panels.rows().front().symbol.name, "music.note");
 }
 
 TEST_F(LayoutSettingsViewsTest, AWidgetMovedByItsPickerStandsAtTheEndWithHiddenOnesCounted) {

@@ -120,5 +120,17 @@ TEST(SettingsRowKind, TitlesFootnotesAndTheAboutRowEndAGroup) {
         EXPECT_FALSE(endsGroup(kind));
 }
 
+TEST(SettingsRange, SnapsToTheNearestWholeStepWithinItsBounds) {
+    const SettingsRange delay{0, 0.5, 0.05};
+    EXPECT_EQ(delay.snapped(0.024), 0);
+    EXPECT_EQ(delay.snapped(0.026), 0.05);
+    EXPECT_EQ(delay.snapped(0.149), 0.15);
+    EXPECT_EQ(delay.snapped(7), 0.5);
+    const SettingsRange minutes{5, 60, 5};
+    EXPECT_EQ(minutes.snapped(7.4), 5);
+    EXPECT_EQ(minutes.snapped(7.6), 10);
+    EXPECT_EQ(minutes.snapped(-1), 5);
+}
+
 } // namespace
 } // namespace orvelle
