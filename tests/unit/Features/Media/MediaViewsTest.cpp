@@ -23,6 +23,7 @@ TEST(MarqueeTextTest, ATitleThatFitsStandsStillAndOneTenPointsTooWideScrolls) {
 TEST(MarqueeTextTest, ItRunsAtThirtyPointsASecondToThePlaceOfTheSecondCopy) {
     EXPECT_EQ(MarqueeText::travel(110), 150);
     EXPECT_EQ(MarqueeText::duration(110), 5);
+    EXPECT_EQ(MarqueeText::restartDelay, 0.15) << "after another text has come";
 }
 
 TEST(SingleLineTest, CutsAtACharacterAndLeavesNoControls) {
@@ -96,6 +97,20 @@ TEST_F(AudioVisualizerTest, IsAsWideAsItsBarsAndTheGapsBetweenThem) {
     EXPECT_EQ(AudioVisualizer::regular.highest, 32);
 }
 
+TEST_F(AudioVisualizerTest, ToldAgainThatItPlaysItKeepsItsBeat) {
+    visualizer.appear(true);
+    EXPECT_TRUE(visualizer.isAnimating());
+    runLoop.advance(0.02);
+    visualizer.setPlaying(true);
+    int changes = -1;
+    const auto subscription = visualizer.barHeights.observe([&](const auto&) { ++changes; });
+    runLoop.advance(0.02);
+    EXPECT_EQ(changes, 1);
+    visualizer.setPlaying(false);
+    EXPECT_FALSE(visualizer.isAnimating());
+    EXPECT_EQ(AudioVisualizer::stopDuration, 0.3);
+}
+
 TEST_F(AudioVisualizerTest, PausedOrHiddenItHasNoTimerAndItsBarsLie) {
     visualizer.appear(true);
     runLoop.advance(1);
@@ -141,6 +156,7 @@ TEST_F(AudioOutputPickerTest, DevicesWithoutOutputStreamsOrWithoutANameAreLeftOu
     ASSERT_EQ(menu.size(), 2u);
     EXPECT_FALSE(menu[0].isChecked);
     EXPECT_TRUE(menu[1].isChecked);
+    EXPECT_EQ(picker.label(), (StyledSymbol{"airplayaudio", 14, notchSecondary}));
 }
 
 TEST_F(AudioOutputPickerTest, AnUnreadableListIsEmpty) {
@@ -290,6 +306,97 @@ TEST_F(MediaViewsTest, TheMenuOpensTheSourceWhenItHasAName) {
     info.appName.clear();
     manager().currentMedia = info;
     EXPECT_TRUE(mediaContextMenu(manager()).empty());
+}
+
+TEST_F(MediaViewsTest, ATrackStandsInItsSizesBesideItsCover) {
+    manager().currentMedia = song();
+    EXPECT_EQ(view().appName(), (StyledText{"Spotify", {9, FontWeight::medium, notchTertiary}}));
+    EXPECT_EQ(view().title(), (StyledText{"Song", {13, FontWeight::bold, notchAccent}}));
+    EXPECT_EQ(view().artist().text, "Singer");
+    EXPECT_EQ(view().artist().style.color, notchSecondary);
+    EXPECT_EQ(view().elapsed(), (StyledText{"0:50", {10, FontWeight::regular, notchTertiary}}));
+    EXPECT_EQ(view().duration().text, "3:20");
+    const auto cover = view().artworkView();
+    EXPECT_EQ(cover.side, 80);
+    EXPECT_EQ(cover.cornerRadius, 10);
+    EXPECT_EQ(cover.symbol, (StyledSymbol{"music.note", 28, notchSecondary}));
+    EXPECT_EQ(cover.background, notchSurface);
+}
+
+TEST_F(MediaViewsTest, BarsDanceOnTheCoverWhileItPlays) {
+    auto info = song();
+    manager().currentMedia = info;
+    EXPECT_TRUE(view().showsVisualizer());
+    info.isPlaying = false;
+    manager().currentMedia = info;
+    EXPECT_FALSE(view().showsVisualizer());
+}
+
+TEST_F(MediaViewsTest, TheTransportButtonsHaveTheirSizes) {
+    manager().currentMedia = song();
+    EXPECT_EQ(view().previousButton(), (StyledSymbol{"backward.fill", 16, colors::white}));
+    EXPECT_EQ(view().playButton(), (StyledSymbol{"pause.fill", 22, colors::white}));
+    EXPECT_EQ(view().nextButton(), (StyledSymbol{"forward.fill", 16, colors::white}));
+    EXPECT_EQ(panel().previousButton(), (StyledSymbol{"backward.fill", 16, colors::white}));
+    EXPECT_EQ(panel().playButton().name, "pause.fill");
+    EXPECT_EQ(panel().playButton().size, 22);
+    EXPECT_EQ(panel().nextButton(), (StyledSymbol{"forward.fill", 16, colors::white}));
+}
+
+TEST_F(MediaViewsTest, ThePanelShowsTheTrackInItsSizes) {
+    manager().currentMedia = song();
+    EXPECT_EQ(panel().artwork().side, 60);
+    EXPECT_EQ(panel().artwork().cornerRadius, 8);
+    EXPECT_EQ(panel().title(), (StyledText{"Song", {14, FontWeight::semibold, colors::white}}));
+    EXPECT_EQ(panel().artist(), (StyledText{"Singer", {12, FontWeight::regular, notchSecondary}}));
+    EXPECT_EQ(panel().album(), (StyledText{"Record", {11, FontWeight::regular, notchTertiary}}));
+    EXPECT_EQ(panel().elapsed(), (StyledText{"0:50", {10, FontWeight::regular, notchSecondary}}));
+    EXPECT_EQ(panel().duration().text, "3:20");
+    EXPECT_EQ(panel().slider().value, 0.25);
+    EXPECT_EQ(panel().slider().height, 4);
+    EXPECT_FALSE(panel().slider().showThumb) << "it cannot be dragged";
+}
+
+TEST_F(MediaViewsTest, TheControlsHaveASmallCoverAndATitleOfBoundedWidth) {
+    manager().currentMedia = song();
+    const auto cover = manager().collapsedView().miniArtwork();
+    EXPECT_EQ(cover.side, 24);
+    EXPECT_EQ(cover.cornerRadius, 4);
+    EXPECT_EQ(cover.symbol, (StyledSymbol{"music.note", 10, notchSecondary}));
+    EXPECT_EQ(manager().collapsedView().title().text.style.size, 11);
+    EXPECT_EQ(MediaControlsView::titleWidth, 120);
+    EXPECT_EQ(MediaControlsView::horizontalPadding, 8);
+    EXPECT_EQ(MediaControlsView::verticalPadding, 6);
+}
+
+TEST_F(MediaViewsTest, TheVolumesKnobIsThereOnlyWithADevice) {
+    const VolumeRow row(app.hudManager, platform);
+    platform.audioHardwarePort.defaultOutput.reset();
+    EXPECT_FALSE(row.hasDevice());
+    EXPECT_FALSE(row.slider().showThumb);
+    platform.audioHardwarePort.list = {{1, "Speakers", 1, 0.5F}};
+    platform.audioHardwarePort.defaultOutput = 1;
+    app.hudManager.currentVolume = 0.75F;
+    EXPECT_TRUE(row.hasDevice());
+    EXPECT_TRUE(row.slider().showThumb);
+    EXPECT_EQ(row.slider().value, 0.75);
+    EXPECT_EQ(row.quietSymbol().size, 10);
+    EXPECT_EQ(row.loudSymbol(), (StyledSymbol{"speaker.wave.3.fill", 10, notchTertiary}));
+    EXPECT_EQ(VolumeRow::symbolWidth, 14);
+}
+
+TEST_F(MediaViewsTest, TheLargeViewsMeasuresAreThose) {
+    using View = NowPlayingView;
+    EXPECT_EQ(View::horizontalPadding, 16);
+    EXPECT_EQ(View::verticalPadding, 12);
+    EXPECT_EQ(View::spacing, 14);
+    EXPECT_EQ(View::progressSpacing, 4);
+    EXPECT_EQ(View::ProgressBar::height, 4);
+    EXPECT_EQ(View::ProgressBar::changeDuration, 0.5);
+    EXPECT_EQ(View::shadowColor, Color::white(0, 0.3));
+    EXPECT_EQ(MediaPanelView::rowSpacing, 12);
+    EXPECT_EQ(MediaPanelView::textSpacing, 4);
+    EXPECT_EQ(MediaPanelView::sliderTopPadding, 4);
 }
 
 } // namespace

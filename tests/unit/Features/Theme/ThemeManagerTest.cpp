@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 using namespace orvelle;
@@ -135,4 +137,31 @@ TEST(AdaptiveAccent, IsTheOnePixelAtHalfWidthAndHalfHeightAsItStands) {
 
 TEST(AdaptiveAccent, AnEmptyPictureIsPureWhite) {
     EXPECT_EQ(adaptiveAccent(Image{}), notchAccent);
+}
+
+TEST_F(ThemeManagerTest, AnObserverHearsOfEverythingThatTheColoursComeFromUntilItGoes) {
+    int told = 0;
+    auto subscription = theme.observe([&](const ThemeManager& told_) {
+        EXPECT_EQ(&told_, &theme);
+        ++told;
+    });
+    EXPECT_GT(told, 0) << "at once";
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"mode", [&] { theme.themeMode.set("custom"); }},
+        {"hue", [&] { theme.customAccentHue.set(0.25); }},
+        {"saturation", [&] { theme.customAccentSaturation.set(0.5); }},
+        {"desktop", [&] { platform.appearancePort.notifyChanged(); }}};
+    for (const auto& [name, change] : changes) {
+        const int before = told;
+        change();
+        EXPECT_EQ(told, before + 1) << name;
+    }
+    subscription.reset();
+    const int before = told;
+    for (const auto& [name, change] : changes)
+        change();
+    theme.themeMode.set("system");
+    theme.customAccentHue.set(0.75);
+    theme.customAccentSaturation.set(1);
+    EXPECT_EQ(told, before);
 }

@@ -164,5 +164,23 @@ TEST_F(WeatherExpandedViewTest, TheCollapsedFormIsIconAndTemperature) {
     EXPECT_EQ(manager.expandedView().condition().text, "Overcast");
 }
 
+TEST_F(WeatherExpandedViewTest, FiguresOfAnotherPlaceStandDimUntilTheirOwnCome) {
+    EXPECT_EQ(view.figuresOpacity(), WeatherExpandedView::dimmedOpacity);
+    EXPECT_LT(WeatherExpandedView::dimmedOpacity, 1);
+    manager.hasFigures = true;
+    EXPECT_EQ(view.figuresOpacity(), 1);
+}
+
+TEST_F(WeatherExpandedViewTest, TheButtonRefreshesAndTurnsMeanwhile) {
+    manager.lastLocation = Coordinate{1, 1};
+    EXPECT_FALSE(view.isRefreshing());
+    view.refresh();
+    EXPECT_EQ(platform.httpClientPort.requests.size(), 1u);
+    EXPECT_TRUE(view.isRefreshing());
+    platform.httpClientPort.answer(SimulatedHttpClient::failure("No route"));
+    EXPECT_FALSE(view.isRefreshing());
+    EXPECT_EQ(view.loadingSpinner(), (ProgressSpinner{.scale = 0.7}));
+}
+
 } // namespace
 } // namespace orvelle
