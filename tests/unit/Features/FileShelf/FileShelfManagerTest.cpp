@@ -344,5 +344,45 @@ TEST_F(FileShelfManagerTest, ItsPanelShowsItsItems) {
     EXPECT_EQ(shelf->expandedView().cells().size(), 1u);
 }
 
+TEST_F(FileShelfManagerTest, FilesThatAnotherProgramShelvedAreListedAndTheOwnStayAsTheyAre) {
+    add("/home/a.txt", "a");
+    const auto own = item(0).id;
+    platform.runLoopPort.advance(hour);
+    files()[folder + "/theirs.txt"] = "theirs";
+    auto list = files()[listFile];
+    list.insert(list.size() - 1,
+                R"(,{"urlPath":")" + folder + R"(/theirs.txt","addedAt":1,"expiresAt":2})");
+    files()[listFile] = list;
+    add("/home/b.txt", "b");
+    EXPECT_EQ(names(), (Names{"a.txt", "theirs.txt", "b.txt"}));
+    EXPECT_EQ(item(0).id, own);
+    EXPECT_EQ(item(0).expiresAt, platform.runLoopPort.now() + 23 * hour);
+    EXPECT_EQ(item(1).expiresAt, platform.runLoopPort.now() + 24 * hour) << "new on this shelf";
+}
+
+TEST_F(FileShelfManagerTest, OfTwoEntriesOfOneFileEachStaysItsOwnItemInAMerge) {
+    add("/home/a/plan.txt", "old");
+    add("/home/b/plan.txt", "newer");
+    const std::vector<UUID> own{item(0).id, item(1).id};
+    files()[folder + "/theirs.txt"] = "theirs";
+    auto list = files()[listFile];
+    list.insert(list.size() - 1,
+                R"(,{"urlPath":")" + folder + R"(/theirs.txt","addedAt":1,"expiresAt":2})");
+    files()[listFile] = list;
+    add("/home/b.txt", "b");
+    ASSERT_EQ(names(), (Names{"plan.txt", "plan.txt", "theirs.txt", "b.txt"}));
+    EXPECT_EQ((std::vector<UUID>{item(0).id, item(1).id}), own);
+}
+
+TEST_F(FileShelfManagerTest, APathThatEndsWithSlashesNamesTheSameFile) {
+    for (const auto& spelled :
+         {folder + "/a.txt/", std::string("/simulated/share//Orvelle/FileShelf/a.txt//")}) {
+        files() = {{folder + "/a.txt", "a"},
+                   {listFile, R"([{"urlPath":")" + spelled + R"(","addedAt":1,"expiresAt":2}])"}};
+        restart();
+        EXPECT_EQ(names(), Names{"a.txt"}) << spelled;
+    }
+}
+
 } // namespace
 } // namespace orvelle

@@ -241,5 +241,24 @@ TEST_F(MirrorManagerTest, TheHoverBarShowsItsSymbol) {
               (StyledSymbol{"person.crop.square", 10, Color::white(1, 0.7)}));
 }
 
+TEST_F(MirrorManagerTest, AnAnswerThatComesWhileItRunsSetsUpNoSecondSession) {
+    camera.status = Status::notDetermined;
+    manager.startSession(); // asks
+    camera.status = Status::authorized;
+    manager.startSession(); // the permission was given elsewhere
+    platform.runLoopPort.advance(0);
+    runPosted();
+    EXPECT_EQ(camera.steps, (Steps{CameraStep::made, CameraStep::started}));
+}
+
+TEST_F(MirrorManagerTest, ThePanelsTextsAndSymbolsHaveTheirSizes) {
+    EXPECT_EQ(view.startingText(),
+              (StyledText{"Starting camera...", {11, FontWeight::regular, notchSecondary}}));
+    EXPECT_EQ(view.permissionSymbol().name, "person.crop.square");
+    EXPECT_EQ(view.permissionSymbol().size, 28);
+    EXPECT_EQ(MirrorExpandedView::togglePadding, 6);
+    EXPECT_EQ(MirrorExpandedView::toggleBackground, Color::white(0, 0.5));
+}
+
 } // namespace
 } // namespace orvelle

@@ -102,5 +102,16 @@ TEST_F(NotesManagerTest, AFailedSaveIsLogged) {
     EXPECT_TRUE(platform.logPort.contains("Failed to save note items: the disk is full"));
 }
 
+TEST_F(NotesManagerTest, NotesThatAnotherProgramAddedAreKept) {
+    NotesManager manager(platform);
+    NotesManager other(platform);
+    other.addItem("theirs");
+    platform.runLoopPort.runPosted();
+    manager.addItem("own");
+    platform.runLoopPort.runPosted();
+    EXPECT_EQ(texts(manager), (Texts{"theirs", "own"}));
+    EXPECT_EQ(texts(NotesManager(platform)), texts(manager));
+}
+
 } // namespace
 } // namespace orvelle

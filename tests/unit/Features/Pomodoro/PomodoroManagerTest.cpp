@@ -205,5 +205,18 @@ TEST_F(PomodoroManagerTest, AnUnknownStyleIsDigital) {
         EXPECT_EQ(pomodoroTimerStyleFrom(rawValue(style)), style);
 }
 
+TEST_F(PomodoroManagerTest, MinutesOfNoUseGiveAPhaseWithoutTime) {
+    for (const double minutes : {0.0, -5.0}) {
+        platform.userDefaultsPort.set("pomodoroWorkMinutes", minutes);
+        manager.reset();
+        manager.startTimer();
+        EXPECT_EQ(state().totalTime, 0) << minutes;
+    }
+    platform.userDefaultsPort.set("pomodoroWorkMinutes", 1e9);
+    manager.reset();
+    manager.startTimer();
+    EXPECT_EQ(state().totalTime, 24 * 60 * minute) << "no more than a day";
+}
+
 } // namespace
 } // namespace orvelle

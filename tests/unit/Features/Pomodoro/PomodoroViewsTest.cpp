@@ -147,5 +147,19 @@ TEST_F(PomodoroViewsTest, TheSmallFormSaysFocusUntilAPhaseIsOn) {
     EXPECT_EQ(collapsed.icon().name, "cup.and.saucer");
 }
 
+TEST_F(PomodoroViewsTest, EveryStyleNamesThePhaseInItsOwnWay) {
+    setPhase(PomodoroPhase::longBreak);
+    setStyle("digital");
+    EXPECT_EQ(view.phaseLabel(),
+              (StyledText{"LONG BREAK", {12, FontWeight::medium, view.phaseColor()}}));
+    setStyle("minimal");
+    EXPECT_EQ(view.phaseLabel(),
+              (StyledText{"Long Break", {10, FontWeight::semibold, view.phaseColor()}}));
+    setStyle("analog");
+    EXPECT_EQ(view.phaseLabel(),
+              (StyledText{"Long Break", {9, FontWeight::regular, notchSecondary}}));
+    EXPECT_EQ(view.tickColor(), notchTertiary);
+}
+
 } // namespace
 } // namespace orvelle

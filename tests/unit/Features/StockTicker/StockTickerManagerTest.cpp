@@ -345,5 +345,15 @@ TEST_F(StockTickerManagerTest, AQuoteTravelsAsJSON) {
     EXPECT_FALSE(StockQuote::fromJson(Json::Object{{"symbol", "X"}}));
 }
 
+TEST_F(StockTickerManagerTest, SymbolsThatAnotherProgramAddedAreKept) {
+    manager();
+    StockTickerManager other(platform);
+    other.addTicker("THEIRS");
+    platform.runLoopPort.runPosted();
+    manager().addTicker("OWN");
+    platform.runLoopPort.runPosted();
+    EXPECT_EQ(symbols(), (Symbols{"THEIRS", "OWN"}));
+}
+
 } // namespace
 } // namespace orvelle

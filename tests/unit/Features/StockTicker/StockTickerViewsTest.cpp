@@ -1,3 +1,4 @@
+#include "Extensions/ColorTheme.h"
 #include "Features/StockTicker/StockTickerCycleView.h"
 #include "Features/StockTicker/StockTickerExpandedView.h"
 #include "Features/StockTicker/StockTickerManager.h"
@@ -173,6 +174,51 @@ TEST_F(StockTickerViewsTest, AnEmptiedListEndsTheCycling) {
     removeAt(0);
     EXPECT_FALSE(isCycling());
     EXPECT_TRUE(cycle.emptySymbol());
+}
+
+TEST_F(StockTickerViewsTest, ASymbolWithoutAQuoteSaysWhy) {
+    add("A");
+    add("B");
+    EXPECT_FALSE(view.rows()[0].missing) << "a spinner stands there until the answer comes";
+    EXPECT_FALSE(cycle.tickerContent()->missing);
+    platform.httpClientPort.answer({{}, 404, "{}"}, "/A?");
+    platform.httpClientPort.answer({{}, 500, "{}"}, "/B?");
+    EXPECT_EQ(view.rows()[0].missing,
+              (StyledText{"Unknown symbol", {10, FontWeight::regular, notchSecondary}}));
+    EXPECT_EQ(view.rows()[1].missing->text, "No quote");
+    EXPECT_EQ(cycle.tickerContent()->missing, mono("–", 10, Color::white(1, 0.6)));
+    EXPECT_FALSE(cycle.tickerContent()->figures);
+    manager.refreshQuotes();
+    quote("A", 11, 10);
+    EXPECT_FALSE(view.rows()[0].missing) << "figures stand there";
+    EXPECT_FALSE(cycle.tickerContent()->missing);
+}
+
+TEST_F(StockTickerViewsTest, TheFieldItsButtonAndTheEmptyListHaveTheirLook) {
+    EXPECT_EQ(view.fieldPlaceholder(),
+              (StyledText{"Add symbol (e.g. AAPL)...", {12, FontWeight::regular, notchFaint}}));
+    EXPECT_EQ(view.fieldStyle(), (TextStyle{12, FontWeight::regular, colors::white}));
+    EXPECT_EQ(view.addButton(), (StyledSymbol{"plus.circle.fill", 16, colors::mint}));
+    EXPECT_EQ(view.placeholder()->symbol.size, 24);
+    EXPECT_EQ(view.placeholder()->title.style.size, 12);
+    EXPECT_EQ(view.deleteAction(), (SwipeAction{"Delete", "trash", colors::red}));
+}
+
+TEST_F(StockTickerViewsTest, TheCompanysNameIsSmallAndARowKeepsItsHeightWithoutAQuote) {
+    const StockTicker ticker{UUID::random(), "X", "Example Works", {}};
+    EXPECT_EQ(StockTickerRowContent(ticker, {}).name->style.size, 10);
+    add("X");
+    quote("X", 12, 10);
+    const auto figures = *view.rows()[0].figures;
+    const auto blank = StockTickerRowContent::blankFigures();
+    EXPECT_EQ(blank.price.text + blank.change.text, "");
+    EXPECT_EQ(blank.price.style.size, figures.price.style.size);
+    EXPECT_EQ(blank.change.style.size, figures.change.style.size);
+}
+
+TEST_F(StockTickerViewsTest, SpinnersStandInForAQuoteAtTheirSizes) {
+    EXPECT_EQ(StockTickerRowContent::spinner, (ProgressSpinner{0.6, 20}));
+    EXPECT_EQ(StockTickerCycleView::spinner, (ProgressSpinner{0.4, 12}));
 }
 
 } // namespace

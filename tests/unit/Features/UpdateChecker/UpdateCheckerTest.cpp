@@ -189,6 +189,9 @@ TEST_F(UpdateCheckerTest, VersionsCompareNumberByNumber) {
                         {"", "1", false},
                         {"1.0.06", "1.0.6", false},
                         {"2 ", "1", false},
+                        {"+2", "1", true},
+                        {"+-2", "-1", true},
+                        {"1.+10", "1.9", true},
                         {"99999999999999999999", "1", false}};
     for (const auto& row : rows)
         EXPECT_EQ(isNewerVersion(row.candidate, row.reference), row.isNewer) << row.candidate;
