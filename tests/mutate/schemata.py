@@ -1,8 +1,9 @@
 """Turns sources into ones that hold all their mutants, each selected at run time by its number.
 
 Nothing is written twice and no line is added, so that a compiler's complaint about a line names the
-mutants that do not compile. What the compiler must know (template arguments, cases, bounds) and
-lines of the log stay as they are.
+mutants that do not compile. What the compiler must know (template arguments, cases, bounds, all of
+a consteval function) and lines of the log below errors stay as they are; the order of a log line and
+its neighbours does, too.
 """
 
 import dataclasses
@@ -27,6 +28,7 @@ RELATIONS = {
 ARITHMETIC = {"+": ("plus", "-"), "-": ("minus", "+"), "*": ("times", "/"), "/": ("over", "*")}
 NUMBERS = (K.INTEGER_LITERAL, K.FLOATING_LITERAL, K.CXX_BOOL_LITERAL_EXPR)
 LOGGING = re.compile(r"\blog_?\.(debug|info)\(")
+LOG_LINE = re.compile(r"log_?\.\w+\(")
 # Room kept for what comes, and bytes that a message holds: nobody can tell the difference.
 INDIFFERENT = re.compile(r"\.reserve\(|\.shrink_to_fit\(")
 FUNCTIONS = (K.FUNCTION_DECL, K.CXX_METHOD, K.CONSTRUCTOR, K.CONVERSION_FUNCTION,
@@ -104,7 +106,7 @@ class Schemata:
                 self.visit(cursor, [], None)
         self.add_touches()
         self.name_mutants()
-        self.unit = None # a gigabyte
+        self.unit = None  # a gigabyte
 
     # --- places
 
@@ -187,6 +189,8 @@ class Schemata:
             return
         if kind == K.CXX_METHOD and cursor.is_default_method():
             return
+        if kind in FUNCTIONS and self.is_consteval(cursor, file):
+            return
         if kind == K.VAR_DECL:
             static = self.static_of(cursor, file, parents) or static
         outer, self.static = self.static, static
@@ -201,6 +205,10 @@ class Schemata:
             if not (skip_first and index == 0):
                 self.visit(kid, [*parents, cursor], static)
         self.static = outer
+
+    def is_consteval(self, cursor, file):
+        """What runs in the compiler alone; no test can reach it."""
+        return "consteval" in self.source(file, cursor.extent.start.offset, cursor.location.offset)
 
     def static_of(self, cursor, file, parents):
         start, end = self.span(cursor)
@@ -448,7 +456,10 @@ class Schemata:
             row = [kid] if fits else []
 
     def may_matter(self, first, second, file):
-        """Two assignments: where somebody may look at the one object between them."""
+        """Two assignments: where somebody may look at the one object between them. A line of the log
+        and what stands beside it: never, since nobody reads the log between them."""
+        if any(LOG_LINE.match(self.source(file, *self.span(kid))) for kid in (first, second)):
+            return False
         if not self.is_call(first) and not self.is_call(second):
             return False
         roots = [self.assigned(kid, file) for kid in (first, second)]

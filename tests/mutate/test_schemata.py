@@ -13,7 +13,7 @@ except ImportError:
     sys.exit(77)
 
 SOURCE = """#include <string>
-struct Log { void info(int) const {} };
+struct Log { void info(int) const {} void error(int) const {} };
 constexpr double limit = 5;
 int calls = 0;
 void first() { calls = calls * 2 + 1; }
@@ -23,11 +23,13 @@ bool isOwn(const std::string& name) { return name != "." && !name.empty(); }
 int run(bool twice) {
     const Log log;
     log.info(7);
+    log.error(8);
     first();
     second();
     if (twice) return 2;
     return calls;
 }
+consteval int fixed(int value) { return value > 3 ? value + 1 : 0; }
 int main(int, char** arguments) {
     calls = 0;
     const std::string what = arguments[1];
@@ -55,6 +57,8 @@ def main():
         work = schemata.Schemata(root, [str(root / "src/a.cpp")], {"src/a.cpp"})
         found = {(m.line, m.old, m.new): id for id, m in enumerate(work.mutants)}
         assert not any(m.line == 11 for m in work.mutants), "a line of the log has mutants"
+        assert not any("error" in m.old and m.new == "the other way round" for m in work.mutants)
+        assert not any(m.line == 18 for m in work.mutants), "a consteval function has mutants"
 
         texts, places = work.apply(set())
         mutated = texts["src/a.cpp"]
@@ -69,9 +73,9 @@ def main():
         for what, right, mutants in (
                 ("over", 0, {(7, ">", ">="): 1, (7, ">", "<="): 1, (3, "5", "6"): 0}),
                 ("own", 0, {(8, "!=", "=="): 1, (8, "&&", "||"): 1, (8, "!", ""): 0}),
-                ("run", 3, {(12, "first(); second();", "the other way round"): 1,
-                            (12, "first();", ""): 0, (13, "second();", ""): 1,
-                            (14, "twice", "!(twice)"): 2, (5, "*", "/"): 3})):
+                ("run", 3, {(13, "first(); second();", "the other way round"): 1,
+                            (13, "first();", ""): 0, (14, "second();", ""): 1,
+                            (15, "twice", "!(twice)"): 2, (5, "*", "/"): 3})):
             assert answer(program, what) == right, f"{what} differs without a mutant"
             for mutant, expected in mutants.items():
                 got = answer(program, what, found[mutant])
