@@ -480,5 +480,99 @@ TEST(MediaInfoTest, TimesAreCutToWholeSeconds) {
     EXPECT_EQ(info.formattedDuration(), "60:00");
 }
 
+TEST_F(MediaManagerTest, AGoodReadGivesTheFallbackAllItsAttemptsAgain) {
+    start();
+    service().info = track("Song");
+    read();
+    service().info = std::nullopt;
+    read();
+    EXPECT_EQ(logCount(emptyMessage(1)), 2);
+    EXPECT_EQ(logCount(emptyMessage(2)), 0);
+}
+
+TEST_F(MediaManagerTest, AGoodReadAfterTheFallbackHearsGetIsPlayingAgain) {
+    start();
+    postSpotify(spotifyState("Paused"));
+    service().info = track("Other");
+    remove(NowPlayingKey::playbackRate);
+    service().isPlaying = true;
+    read();
+    EXPECT_EQ(media().title, "Other");
+    EXPECT_TRUE(media().isPlaying);
+}
+
+TEST_F(MediaManagerTest, ACoverThatIsTakenAwayWhileItIsUnpackedIsNotShown) {
+    platform.imageCodecPort.images["cover"] = picture();
+    service().info = track("Song");
+    set(NowPlayingKey::artworkData, SharedBytes("cover"));
+    manager.start();
+    remove(NowPlayingKey::artworkData);
+    service().notify(NowPlayingNotification::infoDidChange);
+    platform.runLoopPort.runPosted();
+    EXPECT_FALSE(media().artwork);
+}
+
+TEST_F(MediaManagerTest, OfTwoCoversThatAreUnpackedAtOnceEachGoesToItsOwnTrack) {
+    const Image first(1, 1, {1, 1, 1, 255}), second(1, 1, {2, 2, 2, 255});
+    platform.imageCodecPort.images = {{"first", first}, {"second", second}};
+    std::vector<std::pair<std::string, std::optional<Image>>> shown;
+    const auto subscription = manager.currentMedia.observe([&](const MediaInfo& info) {
+        if (info.artwork)
+            shown.emplace_back(info.title, info.artwork);
+    });
+    service().info = track("First");
+    set(NowPlayingKey::artworkData, SharedBytes("first"));
+    manager.start();
+    service().info = track("Second");
+    set(NowPlayingKey::artworkData, SharedBytes("second"));
+    service().notify(NowPlayingNotification::infoDidChange);
+    platform.runLoopPort.runPosted();
+    ASSERT_FALSE(shown.empty());
+    for (const auto& [title, image] : shown)
+        EXPECT_EQ(image, title == "First" ? first : second) << title;
+    EXPECT_EQ(shown.back().first, "Second");
+}
+
+TEST_F(MediaManagerTest, ATrackOfASecondIsReckonedLikeAnyOther) {
+    service().info = track("Jingle");
+    service().isPlaying = true;
+    set(NowPlayingKey::duration, 1.0);
+    set(NowPlayingKey::elapsedTime, 0.0);
+    start();
+    advance(0.5);
+    EXPECT_DOUBLE_EQ(media().elapsed, 0.5);
+}
+
+TEST_F(MediaManagerTest, APauseEndsTheReckoningAtOnceAndAResumeBeginsItAgain) {
+    service().info = track("Song");
+    service().isPlaying = true;
+    start();
+    ASSERT_EQ(platform.runLoopPort.timerCount(), 2u);
+    manager.playPause();
+    EXPECT_EQ(platform.runLoopPort.timerCount(), 1u);
+    manager.playPause();
+    EXPECT_EQ(platform.runLoopPort.timerCount(), 2u);
+}
+
+TEST_F(MediaManagerTest, EachMissingEntryPointIsNamed) {
+    const std::pair<const char*, std::function<void(NowPlayingFunctions&)>> rows[] = {
+        {"MRMediaRemoteGetNowPlayingInfo", [](auto& all) { all.getNowPlayingInfo = nullptr; }},
+        {"MRMediaRemoteRegisterForNowPlayingNotifications",
+         [](auto& all) { all.registerForNotifications = nullptr; }},
+        {"MRMediaRemoteUnregisterForNowPlayingNotifications",
+         [](auto& all) { all.unregisterForNotifications = nullptr; }},
+        {"MRMediaRemoteSendCommand", [](auto& all) { all.sendCommand = nullptr; }},
+        {"MRMediaRemoteGetNowPlayingApplicationIsPlaying",
+         [](auto& all) { all.getIsPlaying = nullptr; }}};
+    for (const auto& [missing, takeAway] : rows) {
+        const IncompleteService machine(takeAway);
+        for (const auto& [name, ignored] : rows)
+            EXPECT_EQ(
+                machine.platform.logPort.contains(std::string("Failed to load function: ") + name),
+                std::string_view(name) == missing)
+                << missing;
+    }
+}
+
 } // namespace
 } // namespace orvelle

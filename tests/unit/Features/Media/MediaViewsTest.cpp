@@ -97,6 +97,11 @@ TEST_F(AudioVisualizerTest, IsAsWideAsItsBarsAndTheGapsBetweenThem) {
     EXPECT_EQ(AudioVisualizer::regular.highest, 32);
 }
 
+TEST_F(AudioVisualizerTest, BeforeItAppearsNothingMoves) {
+    visualizer.updateBars();
+    EXPECT_TRUE(heights().empty());
+}
+
 TEST_F(AudioVisualizerTest, ToldAgainThatItPlaysItKeepsItsBeat) {
     visualizer.appear(true);
     EXPECT_TRUE(visualizer.isAnimating());
@@ -157,6 +162,15 @@ TEST_F(AudioOutputPickerTest, DevicesWithoutOutputStreamsOrWithoutANameAreLeftOu
     EXPECT_FALSE(menu[0].isChecked);
     EXPECT_TRUE(menu[1].isChecked);
     EXPECT_EQ(picker.label(), (StyledSymbol{"airplayaudio", 14, notchSecondary}));
+}
+
+TEST_F(AudioOutputPickerTest, WithoutADefaultDeviceNoneIsChecked) {
+    picker.devices = {{1, "Speakers"}};
+    EXPECT_FALSE(picker.menu()[0].isChecked) << "before it has looked";
+    platform.audioHardwarePort.defaultOutput.reset();
+    picker.refreshDevices();
+    for (const auto& entry : picker.menu())
+        EXPECT_FALSE(entry.isChecked) << entry.title;
 }
 
 TEST_F(AudioOutputPickerTest, AnUnreadableListIsEmpty) {

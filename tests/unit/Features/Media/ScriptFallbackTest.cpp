@@ -375,5 +375,68 @@ TEST_F(MusicTest, TheSourceApplicationIsLaunched) {
     EXPECT_EQ(platform.workspacePort.launched, std::vector<std::string>{music});
 }
 
+TEST_F(ScriptFallbackTest, AfterASourceQuitAnotherPlayerIsReadAtTheNextEmptyAnswer) {
+    runPlayer(spotify, spotifyLine);
+    runPlayer(music, musicLine);
+    start();
+    ASSERT_EQ(media().title, "Song");
+    platform.runningApplicationsPort.running.erase(spotify);
+    read();
+    EXPECT_EQ(media(), MediaInfo()) << "what played is gone for certain";
+    read();
+    EXPECT_EQ(media().title, "Tune");
+}
+
+TEST_F(ScriptFallbackTest, ARecordOfAPlayerGivesTheFallbackAllItsAttemptsAgain) {
+    runPlayer(spotify, spotifyLine);
+    start();
+    read();
+    EXPECT_EQ(logCount("MediaRemote returned empty 1 times, trying AppleScript fallback"), 2);
+    EXPECT_EQ(logCount("MediaRemote returned empty 2 times, trying AppleScript fallback"), 0);
+}
+
+TEST_F(ScriptFallbackTest, AfterAStopTheSameTracksCoverIsAskedForAgain) {
+    start();
+    postSpotify(spotifyState("Playing"));
+    ASSERT_EQ(executions(MediaScripts::spotifyArtwork), 1);
+    postSpotify(spotifyState("Stopped"));
+    EXPECT_EQ(platform.runLoopPort.timerCount(), 1u) << "no position is reckoned any more";
+    postSpotify(spotifyState("Playing"));
+    EXPECT_EQ(executions(MediaScripts::spotifyArtwork), 2);
+}
+
+TEST_F(ScriptFallbackTest, TheServicesPlayStateDoesNotActOnAnEmptyDisplay) {
+    SimulatedPlatform machine;
+    machine.nowPlayingPort.onLoad = [](auto& functions) { functions.getNowPlayingInfo = nullptr; };
+    MediaManager bare(machine);
+    bare.start();
+    for (const char* state : {"Playing", "Stopped"}) {
+        machine.distributedNotificationsPort.post("com.spotify.client.PlaybackStateChanged",
+                                                  spotifyState(state));
+        machine.runLoopPort.runPosted();
+    }
+    machine.nowPlayingPort.isPlaying = true;
+    machine.nowPlayingPort.notify(NowPlayingNotification::isPlayingDidChange);
+    machine.runLoopPort.runPosted();
+    EXPECT_EQ(bare.currentMedia.get(), MediaInfo());
+}
+
+TEST_F(ScriptFallbackTest, MusicIsNotAskedForTheMarkOfAnotherPlayersTrack) {
+    platform.runningApplicationsPort.running.insert(music);
+    scripts().outcomes[MediaScripts::musicLoved] = ScriptResult{std::nullopt, true, {}};
+    start();
+    postSpotify(spotifyState("Playing"));
+    EXPECT_FALSE(manager.isLoved);
+    EXPECT_EQ(executions(MediaScripts::musicLoved), 0);
+}
+
+TEST_F(ScriptArtworkTest, AnErrorOfMusicsCoverScriptIsLogged) {
+    runPlayer(music, musicLine);
+    scripts().outcomes[MediaScripts::musicArtwork] = ScriptError{};
+    start();
+    EXPECT_EQ(logCount("Apple Music artwork error: unknown"), 1);
+    EXPECT_FALSE(media().artwork);
+}
+
 } // namespace
 } // namespace orvelle
