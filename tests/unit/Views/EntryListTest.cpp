@@ -68,5 +68,23 @@ TEST_F(EntryListTest, OnlyATextCanBeAdded) {
     EXPECT_TRUE(EntryList::canAdd(" a "));
 }
 
+TEST_F(EntryListTest, ANotesRowHasItsTextItsButtonBehindItAndADelete) {
+    notesView.add("a");
+    const auto row = notesView.rows().front();
+    EXPECT_EQ(row.text, (StyledText{"a", {12, FontWeight::regular, colors::white}}));
+    EXPECT_EQ(row.button, (StyledSymbol{"doc.on.doc", 11, colors::white}));
+    EXPECT_EQ(row.buttonPlace, EntryList::ButtonPlace::behindText);
+    EXPECT_EQ(row.trailing, (SwipeAction{"Delete", "trash.fill", colors::red}));
+}
+
+TEST_F(EntryListTest, ATasksButtonSaysWhatItDoes) {
+    todoView.add("a");
+    const auto open = todoView.rows().front();
+    EXPECT_EQ(open.text, (StyledText{"a", {12, FontWeight::regular, colors::white}}));
+    EXPECT_EQ(open.help, "Done");
+    todoView.performLeading(open.id);
+    EXPECT_EQ(todoView.rows().front().help, "Undo");
+}
+
 } // namespace
 } // namespace orvelle

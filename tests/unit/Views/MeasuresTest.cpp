@@ -162,6 +162,7 @@ TEST(Measures, OfTheWeathersChips) {
 TEST(Measures, OfTheCalendarAndTheClock) {
     using View = CalendarExpandedView;
     EXPECT_EQ(View::emptyPadding, 16);
+    EXPECT_EQ(View::listPadding, 8);
     EXPECT_EQ(View::headerPadding, 4);
     EXPECT_EQ(View::rowHorizontalPadding, 8);
     EXPECT_EQ(View::rowVerticalPadding, 4);

@@ -270,6 +270,7 @@ TEST_F(FileShelfManagerTest, WithAListThatCanBeReadOtherFilesInTheFolderAreLeftA
 }
 
 TEST_F(FileShelfManagerTest, HalfCopiesOfAKilledProcessAreCleared) {
+    runPosted(); // what the shelf of before had to do
     files() = {{folder + "/.incoming", "half"}};
     restart();
     runPosted();
@@ -382,6 +383,54 @@ TEST_F(FileShelfManagerTest, APathThatEndsWithSlashesNamesTheSameFile) {
         restart();
         EXPECT_EQ(names(), Names{"a.txt"}) << spelled;
     }
+}
+
+TEST_F(FileShelfManagerTest, AnEntryNeedsEachOfItsKeys) {
+    const std::vector<std::string> fields{R"("urlPath":")" + folder + R"(/a.txt")",
+                                          R"("addedAt":1)", R"("expiresAt":2)"};
+    for (std::size_t missing = 0; missing <= fields.size(); ++missing) {
+        std::string entry;
+        for (std::size_t index = 0; index < fields.size(); ++index)
+            if (index != missing)
+                entry += (entry.empty() ? "" : ",") + fields[index];
+        files() = {
+            {listFile, "[{" + entry + "}]"}, {folder + "/a.txt", "a"}, {folder + "/b.txt", "b"}};
+        restart();
+        const bool isComplete = missing == fields.size();
+        EXPECT_EQ(names(), (isComplete ? Names{"a.txt"} : Names{"a.txt", "b.txt"}))
+            << entry << ": what lies there is adopted when the list is of no use";
+    }
+}
+
+TEST_F(FileShelfManagerTest, APathElsewhereIsNotTakenForTheShelfsFileOfThatName) {
+    files() = {{"/home/a.txt", "precious"},
+               {folder + "/a.txt", "a"},
+               {listFile, R"([{"urlPath":"/home/a.txt","addedAt":1,"expiresAt":2}])"}};
+    restart();
+    EXPECT_TRUE(shelf->items->empty());
+}
+
+TEST_F(FileShelfManagerTest, ARemovalIsSavedAtOnce) {
+    add("/home/a.txt", "a");
+    add("/home/b.txt", "b");
+    shelf->removeFile(ShelfItem(item(0)));
+    runPosted();
+    EXPECT_EQ(files()[listFile].find("a.txt"), std::string::npos);
+    EXPECT_NE(files()[listFile].find("b.txt"), std::string::npos);
+}
+
+TEST_F(FileShelfManagerTest, TheStartItselfCleansUp) {
+    add("/home/a.txt", "a");
+    files().erase(folder + "/a.txt");
+    restart();
+    shelf->start();
+    runPosted();
+    EXPECT_EQ(files()[listFile], "[]");
+}
+
+TEST_F(FileShelfManagerTest, TheFolderIsMadeBeforeAnythingElse) {
+    ASSERT_FALSE(platform.fileCopierPort.madeFolders.empty());
+    EXPECT_EQ(platform.fileCopierPort.madeFolders.front(), folder);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <memory>
@@ -224,6 +225,49 @@ TEST_F(ShelfRemovalsTest, ANoteThatIsNoneRemovesNothing) {
         files().erase(shelfFolder + "/.removals.json");
         EXPECT_EQ(files(), before) << text;
     }
+}
+
+TEST_F(ShelfRemovalsTest, ANoteNamesFilesOfTheFolderAloneHoweverThePathIsRead) {
+    for (const char* name : {"", ".", "..", "a/b", "../a.txt"}) {
+        const auto path = shelfFolder + "/" + name;
+        files() = {{path, "precious"},
+                   {shelfFolder + "/.removals.json", "[\"" + std::string(name) + "\"]"}};
+        start();
+        platform.runLoopPort.runPosted();
+        EXPECT_TRUE(files().contains(path)) << name;
+    }
+}
+
+TEST_F(ShelfRemovalsTest, WhatIsStillToBeRemovedIsNotListedThoughTheListNamesIt) {
+    files() = {{shelfFolder + "/a.txt", "a"},
+               {shelfFolder + "/b.txt", "b"},
+               {shelfFolder + "/.removals.json", R"(["a.txt"])"},
+               {shelfFolder + "/.shelf_metadata.json",
+                R"([{"urlPath":")" + shelfFolder + R"(/a.txt","addedAt":1,"expiresAt":2},)" +
+                    R"({"urlPath":")" + shelfFolder + R"(/b.txt","addedAt":1,"expiresAt":2}])"}};
+    start();
+    ASSERT_EQ(shelf->items->size(), 1u);
+    EXPECT_EQ(shelf->items->front().name, "b.txt");
+    platform.runLoopPort.runPosted();
+    EXPECT_FALSE(isOnDisk("a.txt"));
+    EXPECT_TRUE(isOnDisk("b.txt"));
+}
+
+TEST_F(ShelfRemovalsTest, ANameThatWasRemovedOnceMayComeAgainFromAnotherProgram) {
+    addFile("a.txt");
+    removeFirst();
+    platform.runLoopPort.runPosted();
+    files()[shelfFolder + "/a.txt"] = "theirs";
+    files()[shelfFolder + "/.shelf_metadata.json"] =
+        R"([{"urlPath":")" + shelfFolder + R"(/a.txt","addedAt":1,"expiresAt":2}])";
+    addFile("b.txt");
+    ASSERT_EQ(shelf->items->size(), 2u);
+    EXPECT_EQ(shelf->items->front().name, "a.txt");
+}
+
+TEST_F(ShelfRemovalsTest, RestsOfANoteThatWasNotFinishedAreCleared) {
+    auto& cleared = platform.fileSystemPort.clearedRests;
+    EXPECT_EQ(std::ranges::count(cleared, shelfFolder + "/.removals.json"), 1);
 }
 
 } // namespace

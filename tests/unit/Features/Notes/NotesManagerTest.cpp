@@ -113,5 +113,16 @@ TEST_F(NotesManagerTest, NotesThatAnotherProgramAddedAreKept) {
     EXPECT_EQ(texts(NotesManager(platform)), texts(manager));
 }
 
+TEST_F(NotesManagerTest, ARemovedNoteIsGoneAtTheNextStart) {
+    NotesManager manager(platform);
+    manager.addItem("a");
+    manager.addItem("b");
+    const auto removed = manager.items->front();
+    manager.removeItem(removed);
+    platform.runLoopPort.runPosted();
+    EXPECT_EQ(texts(manager), Texts{"a"});
+    EXPECT_EQ(texts(NotesManager(platform)), Texts{"a"});
+}
+
 } // namespace
 } // namespace orvelle
