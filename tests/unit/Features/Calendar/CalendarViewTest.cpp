@@ -32,6 +32,8 @@ TEST_F(CalendarViewTest, WithoutEventsThePanelSaysSo) {
                                {"No upcoming events", {10, FontWeight::regular, notchTertiary}}}));
     EXPECT_TRUE(view.sections().empty());
     const auto menu = view.emptyMenu();
+    ASSERT_FALSE(menu.empty());
+    EXPECT_FALSE(menu[0].followsDivider) << "it stands alone";
     ASSERT_EQ(menu.size(), 1u);
     EXPECT_EQ(menu[0].title, "Create New Event...");
     menu[0].perform();

@@ -97,5 +97,15 @@ TEST_F(ClipboardHistoryViewTest, NoControlCharacterBreaksTheLineOfAPreview) {
     EXPECT_EQ(view.rows().at(0).preview.text, "a b c d e");
 }
 
+TEST_F(ClipboardHistoryViewTest, AnEmptyListSaysWhetherThereIsNothingOrNothingFound) {
+    EXPECT_EQ(view.emptyStateView().title.text, "No clipboard history");
+    view.searchText = "x";
+    EXPECT_EQ(view.emptyStateView().title.text, "No clipboard history") << "nothing was copied";
+    add("abc");
+    EXPECT_EQ(view.emptyStateView().title.text, "No results");
+    view.searchText = "";
+    EXPECT_EQ(view.emptyStateView().title.text, "No clipboard history");
+}
+
 } // namespace
 } // namespace orvelle

@@ -278,3 +278,29 @@ TEST_F(HUDManagerTest, AManagerThatHasGoneIsNotCalled) {
     changeVolume(0.9F);
     EXPECT_FALSE(isShown());
 }
+
+TEST_F(HUDManagerTest, ASecondOrderToInterceptKeepsTheBeatOfTheFirst) {
+    manager.startIntercepting();
+    advance(0.2);
+    manager.startIntercepting();
+    setBrightness(0.9F);
+    advance(0.1);
+    EXPECT_FLOAT_EQ(manager.currentBrightness, 0.9F);
+}
+
+TEST_F(HUDManagerTest, OnlyMoreThanAHundredthIsAChangeOfTheBrightness) {
+    setBrightness(0);
+    manager.start();
+    setBrightness(0.01F);
+    tick();
+    EXPECT_FALSE(isShown());
+    setBrightness(0.0105F);
+    tick();
+    EXPECT_TRUE(isShown());
+}
+
+TEST_F(HUDManagerTest, NothingIsKnownBeforeTheStart) {
+    EXPECT_EQ(manager.currentVolume, 0);
+    EXPECT_EQ(manager.currentBrightness, 0);
+    EXPECT_FALSE(manager.isMonitoring);
+}

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <tuple>
 
 namespace orvelle {
 namespace {
@@ -285,6 +286,37 @@ TEST_F(OnboardingViewTest, AToggleThatFailsGoesBackAndLeavesTheSetting) {
     view().updateLaunchAtLogin(true);
     EXPECT_FALSE(view().launchAtLogin);
     EXPECT_EQ(storedLaunchAtLogin(), std::nullopt);
+}
+
+TEST_F(OnboardingViewTest, TheFirstAndTheLastStepsHaveLargeTitlesAndTheLastItsTips) {
+    EXPECT_EQ(content().title.text, "Welcome to Orvelle");
+    EXPECT_EQ(content().title.style.size, 22);
+    ASSERT_EQ(content().paragraphs.size(), 2u);
+    EXPECT_EQ(content().paragraphs[0].text.style.size, 13);
+    EXPECT_EQ(content().paragraphs[0].maximumWidth, 360);
+    EXPECT_EQ(content().paragraphs[1].maximumWidth, 320);
+    goTo(Step::done);
+    EXPECT_EQ(content().title.text, "You're All Set!");
+    ASSERT_EQ(content().tips.size(), 3u);
+    EXPECT_EQ(content().tips[0].text.text, "Hover the notch to see quick widgets");
+    for (const auto& tip : content().tips) {
+        EXPECT_EQ(tip.symbol.color, theme.accentColor());
+        EXPECT_EQ(tip.symbol.size, tip.text.style.size);
+        EXPECT_EQ(tip.text.style, (TextStyle{13, FontWeight::regular, colors::white}));
+    }
+}
+
+TEST_F(OnboardingViewTest, EachStepsSymbolHasItsColour) {
+    const std::tuple<Step, std::string_view, Color> rows[] = {
+        {Step::location, "location.fill", colors::blue},
+        {Step::calendar, "calendar", colors::red},
+        {Step::camera, "camera.fill", colors::green},
+        {Step::launchAtLogin, "power", theme.accentColor()},
+        {Step::done, "checkmark.circle.fill", colors::green}};
+    for (const auto& [step, symbol, color] : rows) {
+        goTo(step);
+        EXPECT_EQ(content().symbol, (StyledSymbol{symbol, 36, color})) << symbol;
+    }
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace orvelle {
 namespace {
 
@@ -216,6 +218,32 @@ TEST_F(PomodoroManagerTest, MinutesOfNoUseGiveAPhaseWithoutTime) {
     manager.reset();
     manager.startTimer();
     EXPECT_EQ(state().totalTime, 24 * 60 * minute) << "no more than a day";
+}
+
+TEST_F(PomodoroManagerTest, WithOneSessionBeforeALongBreakEveryBreakIsLong) {
+    platform.userDefaultsPort.set("pomodoroSessionsBeforeLongBreak", 1.0);
+    EXPECT_EQ(manager.sessionCount(), 1);
+    completePhase();
+    expectPhase(Phase::longBreak, 15, false);
+    completePhase();
+    completePhase();
+    expectPhase(Phase::longBreak, 15, false);
+}
+
+TEST_F(PomodoroManagerTest, APhaseThatIsLongOverEndsAtExactlyNothingLeft) {
+    manager.startTimer();
+    Seconds least = 1;
+    const auto watch = manager.state.observe(
+        [&](const PomodoroState& shown) { least = std::min(least, shown.timeRemaining); });
+    platform.runLoopPort.setNow(platform.runLoopPort.now() + 8 * 3600);
+    advance(PomodoroManager::tickInterval);
+    EXPECT_EQ(state().phase, Phase::shortBreak);
+    EXPECT_EQ(least, 0);
+}
+
+TEST_F(PomodoroManagerTest, AHostileNumberOfSessionsIsBounded) {
+    platform.userDefaultsPort.set("pomodoroSessionsBeforeLongBreak", 1e18);
+    EXPECT_EQ(manager.sessionCount(), 1000) << "a row of dots has to be drawn";
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <limits>
 #include <optional>
+#include <utility>
 
 using namespace orvelle;
 
@@ -308,4 +309,38 @@ TEST(SystemMonitorManager, TheTimerEndsWithTheManager) {
     manager.reset();
     platform.runLoopPort.advance(10);
     EXPECT_EQ(platform.smcPort.openCount, 1);
+}
+
+TEST_F(SystemMonitorManagerTest, OneCounterThatFallsMakesTheWholeReadingANewBaseline) {
+    for (const auto fallen : {&ProcessorTicks::user, &ProcessorTicks::system, &ProcessorTicks::idle,
+                              &ProcessorTicks::nice}) {
+        host.ticks = {{{1000, 1000, 1000, 1000}}};
+        manager.start();
+        ProcessorTicks later{1100, 1100, 1100, 1100};
+        later.*fallen = 900;
+        host.ticks = {{later}};
+        manager.updateMetrics();
+        EXPECT_EQ(metrics().cpuUsage, 0);
+        EXPECT_EQ(manager.previousCPUInfo, later);
+    }
+}
+
+TEST_F(SystemMonitorManagerTest, ACounterThatStandsStillIsNoFall) {
+    const std::pair<ProcessorTicks, double> rows[] = {{{1000, 1100, 1100, 1100}, 100 / 3.0},
+                                                      {{1100, 1000, 1100, 1100}, 100 / 3.0},
+                                                      {{1100, 1100, 1000, 1100}, 200 / 3.0},
+                                                      {{1100, 1100, 1100, 1000}, 200 / 3.0}};
+    for (const auto& [later, percent] : rows) {
+        host.ticks = {{{1000, 1000, 1000, 1000}}};
+        EXPECT_DOUBLE_EQ(cpuAfter(later), percent);
+    }
+}
+
+TEST_F(SystemMonitorManagerTest, ASampleTakenEarlyCountsByTheTimeThatPassed) {
+    manager.start();
+    runLoop.setNow(runLoop.now() + 0.5);
+    host.network = {{interface("en0", 5100, 6000)}};
+    manager.updateMetrics();
+    EXPECT_EQ(metrics().networkUpload, 200u);
+    EXPECT_EQ(metrics().networkDownload, 0u) << "the count has fallen";
 }

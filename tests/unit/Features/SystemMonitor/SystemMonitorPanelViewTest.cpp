@@ -83,5 +83,15 @@ TEST(MetricColorsTest, LoadsWarnAboveTheirThresholdsAndTemperaturesAtThem) {
     EXPECT_EQ(MetricColors::temperature({}), colors::gray);
 }
 
+TEST_F(SystemMonitorPanelViewTest, CellsStandOnGlassAtTheirDistances) {
+    using Metric = SystemMonitorPanelView::Metric;
+    EXPECT_EQ(Metric::spacing, 6);
+    EXPECT_EQ(Metric::symbolWidth, 16);
+    EXPECT_EQ(Metric::padding, 8);
+    EXPECT_EQ(Metric::background.cornerRadius, 8);
+    EXPECT_EQ(Metric::background.opacity, 0.15);
+    EXPECT_EQ(SystemMonitorPanelView::spacing, 10);
+}
+
 } // namespace
 } // namespace orvelle

@@ -1,6 +1,7 @@
 #include "Features/UpdateChecker/UpdateChecker.h"
 
 #include "Features/UpdateChecker/VersionManifest.h"
+#include "Foundation/JsonRecord.h"
 #include "Platform/Simulated/SimulatedPlatform.h"
 #include "Support/Replies.h"
 #include "Support/TemporaryVariable.h"
@@ -190,11 +191,21 @@ TEST_F(UpdateCheckerTest, VersionsCompareNumberByNumber) {
                         {"1.0.06", "1.0.6", false},
                         {"2 ", "1", false},
                         {"+2", "1", true},
+                        {"1", "1.-1", true},
                         {"+-2", "-1", true},
                         {"1.+10", "1.9", true},
                         {"99999999999999999999", "1", false}};
     for (const auto& row : rows)
         EXPECT_EQ(isNewerVersion(row.candidate, row.reference), row.isNewer) << row.candidate;
+}
+
+TEST_F(UpdateCheckerTest, AReplyThatIsNoManifestAtAllSaysSo) {
+    for (const char* body : {"[]", "nonsense", "7"}) {
+        check(Replies::ok(body));
+        EXPECT_EQ(lastLine().message,
+                  std::string("Update check failed: ") + JsonRecord::isInWrongFormat)
+            << body;
+    }
 }
 
 } // namespace

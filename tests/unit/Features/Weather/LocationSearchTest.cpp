@@ -163,5 +163,12 @@ TEST(ServiceRoots, TheEnvironmentReplacesEachRoot) {
     EXPECT_EQ(roots.site, ServiceRoots().site);
 }
 
+TEST(GeocodingResponse, IsAnObjectOrNothing) {
+    for (const char* body : {"[]", "7", "nonsense", ""})
+        EXPECT_FALSE(GeocodingResponse::decode(body).record) << body;
+    ASSERT_TRUE(GeocodingResponse::decode("{}").record);
+    EXPECT_TRUE(GeocodingResponse::decode("{}").record->results.empty());
+}
+
 } // namespace
 } // namespace orvelle
