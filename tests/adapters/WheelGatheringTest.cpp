@@ -18,11 +18,11 @@ struct WheelGatheringTest : ::testing::Test {
         otherWindow.resize(100, 100);
     }
 
-    void scroll(QWindow& target, QPoint units, Qt::ScrollPhase phase = Qt::NoScrollPhase) {
+    bool scroll(QWindow& target, QPoint units, Qt::ScrollPhase phase = Qt::NoScrollPhase) {
         QWheelEvent step(QPointF(100, 60), QPointF(573, 60), {}, units, Qt::NoButton,
                          Qt::NoModifier, phase, false);
         step.setTimestamp(time);
-        gathering.add(target, step);
+        return gathering.add(target, step);
     }
     /// Notches of a wheel this long after each other; gives what each of them reported.
     std::vector<double> turn(std::vector<QPoint> notches, quint64 pause) {
@@ -42,7 +42,17 @@ struct WheelGatheringTest : ::testing::Test {
     QWindow window;
     QWindow otherWindow;
     std::vector<ScrollEvent> events;
-    WheelGathering gathering{[this](const ScrollEvent& event) { events.push_back(event); }};
+    /// What the window under the pointer can scroll, and by what it did.
+    WheelGathering::Answer answer = WheelGathering::Answer::notAsked;
+    std::vector<int> scrolled;
+    WheelGathering gathering{[this](const ScrollEvent& event) { events.push_back(event); },
+                             [this](const QWindow&, const QWheelEvent& step) {
+                                 ++asked;
+                                 if (answer == WheelGathering::Answer::scrolled)
+                                     scrolled.push_back(step.angleDelta().y());
+                                 return answer;
+                             }};
+    int asked = 0;
 };
 
 TEST_F(WheelGatheringTest, ANotchDownCountsTwentyPointsDownwardAtOnce) {
@@ -152,6 +162,109 @@ TEST_F(WheelGatheringTest, StepsThatCancelOutGiveNothing) {
     ASSERT_TRUE(waitUntil([&] { return !events.empty(); }));
     EXPECT_EQ(events.size(), 1u);
     EXPECT_EQ(events[0].scrollingDeltaY, 20);
+}
+
+struct ScrollingWindowTest : WheelGatheringTest {
+    using Answer = WheelGathering::Answer;
+    using Units = std::vector<int>;
+
+    /// One step, `pause` after the one before.
+    bool step(QPoint units, quint64 pause = 20) {
+        time += pause;
+        return scroll(window, units);
+    }
+    /// Whether nothing comes of what was gathered.
+    bool isNoStroke() {
+        gathering.add(otherWindow, QWheelEvent({}, {}, {}, {0, -30}, Qt::NoButton, Qt::NoModifier,
+                                               Qt::NoScrollPhase, false));
+        EXPECT_TRUE(waitUntil([&] { return !events.empty(); }));
+        return events.size() == 1 && events[0].scrollingDeltaY == 5;
+    }
+};
+
+TEST_F(ScrollingWindowTest, ATurnThatScrollsIsNoStroke) {
+    answer = Answer::scrolled;
+    EXPECT_TRUE(step({0, 120}));
+    EXPECT_EQ(scrolled, Units{120});
+    EXPECT_TRUE(events.empty());
+}
+
+TEST_F(ScrollingWindowTest, AStrokeThatBeganByScrollingEndsSoAtTheEndToo) {
+    answer = Answer::scrolled;
+    step({0, 120});
+    answer = Answer::nothingToScroll;
+    EXPECT_TRUE(step({0, 120}, 249));
+    EXPECT_TRUE(step({0, 120}, 249));
+    EXPECT_TRUE(events.empty());
+    EXPECT_EQ(asked, 3) << "there may be more to scroll by then";
+    step({0, 120}, 250);
+    ASSERT_EQ(events.size(), 1u) << "another stroke";
+    EXPECT_EQ(events[0].scrollingDeltaY, -20) << "of which that is the first turn";
+}
+
+TEST_F(ScrollingWindowTest, ATurnBackIsAnotherStroke) {
+    answer = Answer::scrolled;
+    step({0, -120});
+    answer = Answer::nothingToScroll;
+    step({0, 120});
+    EXPECT_EQ(events.size(), 1u);
+}
+
+TEST_F(ScrollingWindowTest, AStrokeThatScrolledNothingScrollsNothingLater) {
+    answer = Answer::nothingToScroll;
+    EXPECT_TRUE(step({0, -120})) << "the items hear nothing of it";
+    answer = Answer::scrolled;
+    EXPECT_TRUE(step({0, -120}, 200));
+    EXPECT_TRUE(scrolled.empty());
+    EXPECT_EQ(events.size(), 2u);
+    step({0, -120}, 250);
+    EXPECT_EQ(scrolled, Units{-120});
+    EXPECT_EQ(events.size(), 2u);
+}
+
+TEST_F(ScrollingWindowTest, TurnsSidewaysAreLeftToTheItems) {
+    answer = Answer::scrolled;
+    EXPECT_FALSE(step({120, 0}));
+    EXPECT_EQ(asked, 0);
+    EXPECT_EQ(events.size(), 1u);
+}
+
+TEST_F(ScrollingWindowTest, WhatIsNotAskedHearsEverything) {
+    EXPECT_FALSE(step({0, 120}));
+    EXPECT_FALSE(step({0, 120}));
+    EXPECT_EQ(events.size(), 2u);
+}
+
+TEST_F(ScrollingWindowTest, FingersThatScrollMakeNoStroke) {
+    answer = Answer::scrolled;
+    for (int count = 0; count < 30; ++count)
+        EXPECT_TRUE(step({0, 60}));
+    answer = Answer::nothingToScroll;
+    for (int count = 0; count < 30; ++count)
+        EXPECT_TRUE(step({0, 60}));
+    EXPECT_TRUE(isNoStroke());
+}
+
+TEST_F(ScrollingWindowTest, FingersThatWaverGoOnScrolling) {
+    answer = Answer::scrolled;
+    EXPECT_FALSE(step({4, 1})) << "it may become a stroke to the side";
+    EXPECT_TRUE(step({1, 60}));
+    answer = Answer::nothingToScroll;
+    EXPECT_TRUE(step({9, 0}));
+    EXPECT_TRUE(step({9, 2}));
+    EXPECT_TRUE(step({0, 60}));
+    EXPECT_EQ(scrolled, Units{60});
+    events.clear();
+    EXPECT_TRUE(isNoStroke());
+}
+
+TEST_F(ScrollingWindowTest, AStrokeOfFingersToTheSideIsNotTurnedUpwards) {
+    answer = Answer::scrolled;
+    for (int count = 0; count < 5; ++count) {
+        EXPECT_FALSE(step({30, 2}));
+        EXPECT_FALSE(step({1, 5}));
+    }
+    EXPECT_EQ(asked, 0);
 }
 
 } // namespace

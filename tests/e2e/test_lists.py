@@ -6,14 +6,16 @@ import pathlib
 import re
 import subprocess
 import time
+import uuid
 
 import pytest
 from Xlib import X
 
-from accessible import accessible_nodes, choose_tab, click_on, names, open_panel
-from desktop import wait_until
+from accessible import accessible_nodes, choose_tab, click_on, names, open_panel, point_at
+from desktop import stays, wait_until
 
 REFERENCE_DATE = 978307200  # 2001-01-01 in seconds since 1970
+STROKE_PAUSE = 0.25  # s; later turns of the wheel are another stroke
 UUID = re.compile(r"[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}")
 
 
@@ -89,6 +91,57 @@ def test_a_task_survives_the_end_of_the_program(start, openbox, environment):
     program.stop()
     items = json.loads(list_file(environment, "todo_items.json").read_text())
     assert [item["title"] for item in items] == ["stay"]
+
+
+TITLES = [f"task {number:02}" for number in range(30)]
+
+
+def write_tasks(environment):
+    path = list_file(environment, "todo_items.json")
+    path.parent.mkdir(mode=0o700, parents=True)
+    path.write_text(json.dumps([
+        {"createdAt": 0, "id": str(uuid.uuid4()).upper(), "isCompleted": False, "title": title}
+        for title in TITLES]))
+
+
+def row_top(desktop, title):
+    """Where the row stands on the display; None while it is not made."""
+    return next((node["box"][1] for node in accessible_nodes(desktop)
+                 if node["role"] == "list item" and node["name"] == title), None)
+
+
+def turn_and_rest(program, turn):
+    """One turn of the wheel by itself: nothing moves any more, and the next is another stroke."""
+    turn()
+    assert stays(program.is_shown, STROKE_PAUSE)
+    program.wait_until_still()
+
+
+def test_a_list_scrolls_both_ways_and_closes_the_panel_only_from_its_end(start, openbox,
+                                                                         environment):
+    write_tasks(environment)
+    program = start(todoEnabled=True)
+    open_panel(program, "Todo")
+    point_at(program, "list item", TITLES[1])
+    program.wait_until_still()
+    top = row_top(openbox, TITLES[0])
+
+    turn_and_rest(program, openbox.wheel_down)
+    turn_and_rest(program, openbox.wheel_down)
+    lower = row_top(openbox, TITLES[2])
+    assert lower < top + 40, "the list has moved"
+
+    turn_and_rest(program, openbox.wheel_up)
+    assert program.size() == (566, 220)
+    assert row_top(openbox, TITLES[2]) > lower
+
+    # What is more than the list needs belongs to its stroke.
+    turn_and_rest(program, lambda: openbox.wheel_up(6))
+    assert program.size() == (566, 220)
+    assert row_top(openbox, TITLES[0]) == top
+
+    openbox.wheel_up()
+    wait_until(lambda: program.size() != (566, 220), "a closed panel", program.describe)
 
 
 def copy(desktop, tool, text):

@@ -1,6 +1,7 @@
 #include "views/ViewFixture.h"
 
 #include "Views/Qt/SpringValue.h"
+#include "Views/Qt/WheelArea.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -8,17 +9,26 @@
 #include <QMouseEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cstdlib>
 
 namespace orvelle {
 
+bool StageWindow::event(QEvent* event) {
+    if (event->type() != QEvent::Wheel)
+        return QQuickWindow::event(event);
+    event->setAccepted(WheelArea::scroll(*content, static_cast<QWheelEvent&>(*event)));
+    return true;
+}
+
 ViewFixture::ViewFixture() {
     notchState.notchSize = Size{180, 32};
     window.setColor(QColor(0x5a, 0x6b, 0x7c)); // a desktop, for the pictures
     window.resize(566, 220);
     root = host.showNotchContent(window, environment);
+    window.content = root;
     window.show();
 }
 
@@ -101,6 +111,13 @@ void ViewFixture::mouse(QEvent::Type type, QPointF at) {
                       isDown ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&window, &event);
     turn();
+}
+
+bool ViewFixture::wheel(QPointF at, int units) {
+    QWheelEvent event(at, window.mapToGlobal(at), {}, {0, units}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&window, &event);
+    return event.isAccepted();
 }
 
 std::unique_ptr<QQuickItem> ViewFixture::part(const QString& name, const QVariantMap& properties) {

@@ -36,6 +36,16 @@
 
 namespace orvelle {
 
+/// A window that asks the views about each step of the wheel first, as a panel does.
+class StageWindow : public QQuickWindow {
+public:
+    QQuickItem* content = nullptr;
+
+protected:
+    /// The event stays accepted when the views have scrolled by it.
+    bool event(QEvent* event) override;
+};
+
 /// Every manager over one simulated machine, and the notch's views over them in a real window that
 /// nobody sees.
 class ViewFixture : public testing::Test {
@@ -64,6 +74,9 @@ protected:
     void click(const QString& objectName);
     /// The left button, at a point of the window.
     void mouse(QEvent::Type type, QPointF at);
+    /// Turns the wheel there, a notch is 120 units and upwards positive; says whether the views
+    /// have scrolled by it.
+    bool wheel(QPointF at, int units);
     /// A view's part by itself: the QML file of this name in the middle of the window.
     std::unique_ptr<QQuickItem> part(const QString& name, const QVariantMap& properties);
     /// Keeps a picture when ORVELLE_PICTURES names a folder.
@@ -113,7 +126,7 @@ protected:
     int settingsOpened = 0;
     int panelClosed = 0;
 
-    QQuickWindow window;
+    StageWindow window;
     QtViewHost host{platform};
     QQuickItem* root = nullptr;
 };

@@ -72,6 +72,9 @@ FocusScope {
         bottomMargin: view.listPadding
         spacing: view.itemSpacing
         model: view.items
+
+        ScrollEdges { list: events }
+
         delegate: Loader {
             id: cell
 

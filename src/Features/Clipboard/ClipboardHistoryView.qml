@@ -60,6 +60,8 @@ FocusScope {
                 field.forceActiveFocus()
         }
 
+        ScrollEdges { list: list }
+
         delegate: ClipboardItemRow {
             required property int index
 

@@ -71,12 +71,7 @@ GridView {
         }
     }
 
-    WheelHandler {
-        onWheel: event => {
-            const lowest = Math.max(0, root.contentHeight - root.height)
-            root.contentY = Math.max(0, Math.min(lowest, root.contentY - event.angleDelta.y / 3))
-        }
-    }
+    ScrollEdges { list: root }
     FontMetrics {
         id: nameMetrics
         font.pixelSize: root.view.nameSize

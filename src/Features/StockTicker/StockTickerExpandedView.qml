@@ -80,6 +80,8 @@ FocusScope {
                 menu.openBelow(currentItem)
         }
 
+        ScrollEdges { list: list }
+
         delegate: StockTickerRow {
             required property int index
 

@@ -9,6 +9,7 @@ Flickable {
     boundsBehavior: Flickable.StopAtBounds
     clip: contentHeight > height
 
+    ScrollEdges { list: root }
     SystemMonitorPanelBinding {
         id: view
     }

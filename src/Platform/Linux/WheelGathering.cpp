@@ -3,6 +3,7 @@
 #include "Platform/Linux/X11PanelWindow.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <utility>
 
 namespace orvelle {
@@ -23,19 +24,27 @@ bool haveOneDirection(QPoint one, QPoint other) {
 
 } // namespace
 
-WheelGathering::WheelGathering(std::function<void(const ScrollEvent&)> deliver)
-    : deliver_(std::move(deliver)) {
+WheelGathering::WheelGathering(Deliver deliver, Scroll scroll)
+    : deliver_(std::move(deliver)), scroll_(std::move(scroll)) {
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
     timer_.setInterval(gatheringTime);
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { flush(); });
 }
 
-void WheelGathering::add(QWindow& window, const QWheelEvent& step) {
-    if (isNotch(window, step))
-        turn(window, step);
-    else
+bool WheelGathering::add(QWindow& window, const QWheelEvent& step) {
+    const bool isTurn = isNotch(window, step);
+    follow(window, step, isTurn);
+    decideOwner(step);
+    if (isTurn || stroke_.owner == Owner::window)
+        flush();
+    if (stroke_.owner != Owner::window && !isTurn)
         gather(window, step);
+    window_ = &window;
+    position_ = step.position();
+    if (stroke_.owner != Owner::window && isTurn)
+        deliver(stroke_.units, MomentumPhase::none);
+    return stroke_.owner != Owner::undecided;
 }
 
 /// The toolkit does not tell which device an event is of. Only a wheel steps by whole notches; a
@@ -49,29 +58,40 @@ bool WheelGathering::isNotch(const QWindow& window, const QWheelEvent& step) con
     return isWhole && step.phase() == Qt::NoScrollPhase && !isAmidOthers;
 }
 
-void WheelGathering::turn(QWindow& window, const QWheelEvent& notch) {
-    flush();
-    touchedTime_.reset();
-    const bool goesOn = turn_ && turn_->window == &window &&
-                        notch.timestamp() - turn_->time < strokePause &&
-                        haveOneDirection(turn_->units, notch.angleDelta());
-    const QPoint before = goesOn ? turn_->units : QPoint();
-    turn_ = Turn{&window, before + notch.angleDelta(), notch.timestamp()};
-    window_ = &window;
-    position_ = notch.position();
-    deliver(turn_->units, MomentumPhase::none);
+/// Fingers waver: what they do sideways does not end a stroke up or down.
+bool WheelGathering::goesOn(const QWindow& window, const QWheelEvent& step, bool isTurn) const {
+    if (stroke_.window != &window || step.timestamp() - stroke_.time >= strokePause)
+        return false;
+    return isTurn ? haveOneDirection(stroke_.units, step.angleDelta())
+                  : stroke_.owner == Owner::undecided ||
+                        sign(stroke_.units.y()) * sign(step.angleDelta().y()) >= 0;
+}
+
+void WheelGathering::follow(QWindow& window, const QWheelEvent& step, bool isTurn) {
+    if (!goesOn(window, step, isTurn))
+        stroke_ = Stroke{&window, {}, 0, Owner::undecided};
+    stroke_.units += step.angleDelta();
+    stroke_.time = step.timestamp();
+    touchedTime_ = isTurn ? std::nullopt : std::optional(step.timestamp());
+}
+
+void WheelGathering::decideOwner(const QWheelEvent& step) {
+    const bool isUpright =
+        std::abs(stroke_.units.y()) >= std::abs(stroke_.units.x()) && step.angleDelta().y() != 0;
+    if (stroke_.owner == Owner::gestures || (stroke_.owner == Owner::undecided && !isUpright))
+        return;
+    const Answer answer = scroll_(*stroke_.window, step);
+    if (stroke_.owner == Owner::window || answer == Answer::notAsked)
+        return;
+    stroke_.owner = answer == Answer::scrolled ? Owner::window : Owner::gestures;
 }
 
 void WheelGathering::gather(QWindow& window, const QWheelEvent& step) {
     const bool isMomentum = step.phase() == Qt::ScrollMomentum;
     if (timer_.isActive() && (window_ != &window || isMomentum_ != isMomentum))
         flush();
-    turn_.reset();
-    touchedTime_ = step.timestamp();
-    window_ = &window;
     isMomentum_ = isMomentum;
     units_ += step.angleDelta();
-    position_ = step.position();
     if (!timer_.isActive())
         timer_.start();
 }

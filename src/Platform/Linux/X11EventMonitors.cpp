@@ -1,6 +1,7 @@
 #include "Platform/Linux/X11EventMonitors.h"
 
 #include "Platform/Linux/ScreenCoordinates.h"
+#include "Platform/Linux/X11PanelWindow.h"
 
 #include <QCoreApplication>
 #include <QMouseEvent>
@@ -9,6 +10,14 @@
 #include <utility>
 
 namespace orvelle {
+
+static WheelGathering::Answer scrollPanel(const QWindow& window, const QWheelEvent& step) {
+    const auto* panel = X11PanelWindow::of(window);
+    if (!panel)
+        return WheelGathering::Answer::notAsked;
+    return panel->scroll(step) ? WheelGathering::Answer::scrolled
+                               : WheelGathering::Answer::nothingToScroll;
+}
 
 /// Sees events on their way to this process's windows.
 class X11EventMonitors::OwnWindows : public QObject {
@@ -21,10 +30,10 @@ public:
         if (!watched->isWindowType())
             return false;
         if (event->type() == QEvent::Wheel)
-            monitors_.wheel_.add(static_cast<QWindow&>(*watched),
-                                 static_cast<const QWheelEvent&>(*event));
-        else if (event->type() == QEvent::MouseButtonPress &&
-                 static_cast<const QMouseEvent&>(*event).button() == Qt::LeftButton)
+            return monitors_.wheel_.add(static_cast<QWindow&>(*watched),
+                                        static_cast<const QWheelEvent&>(*event));
+        if (event->type() == QEvent::MouseButtonPress &&
+            static_cast<const QMouseEvent&>(*event).button() == Qt::LeftButton)
             monitors_.localPress_();
         return false;
     }
@@ -34,7 +43,7 @@ private:
 };
 
 X11EventMonitors::X11EventMonitors(X11RawPresses& presses)
-    : wheel_([this](const ScrollEvent& event) { scroll_(event); }),
+    : wheel_([this](const ScrollEvent& event) { scroll_(event); }, scrollPanel),
       ownWindows_(std::make_unique<OwnWindows>(*this)),
       presses_(presses.observe([this](const X11RawPresses::Press& press) {
           if (press.button == XCB_BUTTON_INDEX_1 && !press.inOwnWindow)

@@ -190,6 +190,14 @@ void X11PanelWindow::setShapeMask(const QRegion& shape) {
         applyMask();
 }
 
+void X11PanelWindow::setScroller(std::function<bool(const QWheelEvent&)> scrolls) {
+    scroller_ = std::move(scrolls);
+}
+
+bool X11PanelWindow::scroll(const QWheelEvent& step) const {
+    return scroller_ && scroller_(step);
+}
+
 void X11PanelWindow::applyMask() {
     const QRegion whole(QRect(QPoint(), window_->size()));
     const QRegion drawn = shape_ & whole;

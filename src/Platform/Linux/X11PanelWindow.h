@@ -13,6 +13,7 @@
 #include <QRegion>
 #include <QTimer>
 
+#include <functional>
 #include <optional>
 
 namespace orvelle {
@@ -35,6 +36,9 @@ public:
     /// left; they tell it with each frame that changes it. Without a compositor, which alone can
     /// blend, only this part of the window is there. Until the first call it is the whole window.
     void setShapeMask(const QRegion& shape) override;
+    void setScroller(std::function<bool(const QWheelEvent&)> scrolls) override;
+    /// Hands the step to the views; false when they have nothing to scroll by it.
+    bool scroll(const QWheelEvent& step) const;
 
     Rect frame() const override { return frame_; }
     void setFrame(const Rect& frame) override;
@@ -82,6 +86,7 @@ private:
     bool isOrderedIn_ = false;
     bool isSuspect_ = false; ///< hidden, moved elsewhere or destroyed, by whomever
     QRegion shape_;          ///< empty until the views told it
+    std::function<bool(const QWheelEvent&)> scroller_;
     PointerEvents pointerEvents_;
     PointerTracker pointer_;
     QTimer unsurePointer_;

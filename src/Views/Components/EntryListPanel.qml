@@ -82,6 +82,8 @@ FocusScope {
                 menu.openBelow(currentItem)
         }
 
+        ScrollEdges { list: list }
+
         delegate: EntryRow {
             required property int index
 

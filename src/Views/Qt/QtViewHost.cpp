@@ -5,8 +5,10 @@
 #include "Views/Qt/Face.h"
 #include "Views/Qt/NotchShapeItem.h"
 #include "Views/Qt/QtAppWindow.h"
+#include "Views/Qt/WheelArea.h"
 
 #include <QGuiApplication>
+#include <QPointer>
 #include <QQmlComponent>
 #include <QQuickWindow>
 #include <QtDebug>
@@ -29,6 +31,9 @@ void QtViewHost::showNotchContent(PanelWindow& window, const NotchEnvironment& e
     auto* content = showNotchContent(quickWindow, environment, [&window] { window.makeKey(); });
     if (!content)
         return;
+    panel->setScroller([content = QPointer<QQuickItem>(content)](const QWheelEvent& step) {
+        return content && WheelArea::scroll(*content, step);
+    });
     auto* shape = content->property("shape").value<NotchShapeItem*>();
     QObject::connect(&quickWindow, &QQuickWindow::afterAnimating, shape, [=, &quickWindow] {
         // Qt tells of a new size when the server has confirmed it; a frame may come before that.
