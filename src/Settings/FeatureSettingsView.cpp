@@ -55,6 +55,7 @@ FeatureSettingsView::FeatureSettingsView(WeatherManager& weather, Platform& plat
     follow(weather.savedLocations);
     follow(locationSearch_.locationSearchResults);
     follow(locationSearch_.isSearching);
+    follow(locationSearch_.foundNothing);
     follow(locationSearchText);
     observers_.push_back(platform.eventStore().observeAuthorizationStatus([this] { appear(); }));
 }
@@ -165,6 +166,13 @@ void FeatureSettingsView::appendLocations(Rows& list) const {
     field.button = "Search";
     field.isOn = locationSearch_.isSearching;
     list.push_back(std::move(field));
+    if (locationSearch_.foundNothing) {
+        SettingsRow nothing;
+        nothing.id = "nothingFound";
+        nothing.indent = indent;
+        nothing.label = "No results";
+        list.push_back(std::move(nothing));
+    }
     for (const auto& place : locationSearch_.locationSearchResults.get()) {
         list.push_back(placeRow(SettingsRow::Kind::found, foundPrefix, place));
         list.back().button = "Add " + place.name;

@@ -18,6 +18,7 @@ public:
 
     Published<std::vector<SavedLocation>> locationSearchResults;
     Published<bool> isSearching{false};
+    Published<bool> foundNothing{false}; ///< the service knows no such place
 
     /// Empties the results, ends the search that was under way, and fills the results when the
     /// answer comes; a search that fails leaves them empty. Nothing is asked for a blank text.

@@ -286,6 +286,19 @@ TEST_F(FeatureSettingsViewTest, AFailedSearchShowsNothing) {
     platform.httpClientPort.answer({"no network", 0, ""});
     EXPECT_FALSE(row("locationSearch").isOn);
     EXPECT_TRUE(labelsOf(page, Kind::found).empty());
+    EXPECT_FALSE(shows(page, "nothingFound")) << "nobody has said that there is none";
+}
+
+TEST_F(FeatureSettingsViewTest, ASearchWithoutAMatchSaysSoUntilTheNext) {
+    page.flip("weatherEnabled", true);
+    find("Nowhere", R"({"generationtime_ms":0.5})");
+    ASSERT_TRUE(shows(page, "nothingFound"));
+    EXPECT_EQ(row("nothingFound").label, "No results");
+    type("Paris");
+    page.press("locationSearch");
+    EXPECT_FALSE(shows(page, "nothingFound"));
+    platform.httpClientPort.answer(Replies::ok(twoPlaces));
+    EXPECT_FALSE(shows(page, "nothingFound"));
 }
 
 TEST_F(FeatureSettingsViewTest, AFoundPlaceIsSavedByAPressAndTheFieldCleared) {
