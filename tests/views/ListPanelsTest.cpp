@@ -188,6 +188,248 @@ TEST_F(ListPanelsTest, CopiedFilesPasteNoText) {
     EXPECT_EQ(textOf("field"), "");
 }
 
+class RowPullTest : public ListPanelsTest {
+protected:
+    void SetUp() override {
+        for (const auto* title : {"a", "b", "c", "d", "e", "f", "g", "h"})
+            todo.addItem(title);
+        open(ActivePanel::todo, "field");
+        pull("row.0", -60);
+        ASSERT_TRUE(comesTo("row.0", -74)) << "it is open";
+    }
+    bool comesTo(const QString& row, double offset) {
+        return eventually([&] { return item(row)->property("offset") == offset; });
+    }
+    void clickAt(QPointF at) {
+        QTest::mouseClick(&window, Qt::LeftButton, {}, at.toPoint());
+        turn();
+    }
+};
+
+TEST_F(RowPullTest, AnotherRowThatOpensClosesIt) {
+    pull("row.1", -60);
+    EXPECT_TRUE(comesTo("row.0", 0));
+    EXPECT_TRUE(comesTo("row.1", -74));
+}
+
+TEST_F(RowPullTest, AClickOnTheRowClosesItAndDoesNothingElse) {
+    pull("row.1", 60);
+    const auto* row = item("row.1");
+    const auto* body = item(item("row.1"), "rowBody");
+    ASSERT_TRUE(eventually([&] { return body->x() > 30 && body->x() == row->property("offset"); }));
+    auto* button = item(item("row.1"), "rowButton");
+    clickAt(button->mapToScene({8, 8}));
+    EXPECT_TRUE(eventually([&] { return body->x() == 0; }));
+    EXPECT_FALSE(todo.items->at(1).isCompleted);
+    clickAt(button->mapToScene({8, 8}));
+    EXPECT_TRUE(todo.items->at(1).isCompleted) << "closed, it acts";
+}
+
+TEST_F(RowPullTest, AClickOnItsActionActs) {
+    settle();
+    clickAt(frameOf("row.0").center() + QPointF(frameOf("row.0").width() / 2 - 20, 0));
+    EXPECT_EQ(todo.items->size(), 7u);
+}
+
+TEST_F(RowPullTest, APressElsewhereClosesItAndActsThere) {
+    clickAt(item(item("row.1"), "rowButton")->mapToScene({8, 8}));
+    EXPECT_TRUE(comesTo("row.0", 0));
+    EXPECT_TRUE(todo.items->at(1).isCompleted);
+    pull("row.0", -60);
+    ASSERT_TRUE(comesTo("row.0", -74));
+    clickAt(frameOf("field").center());
+    EXPECT_TRUE(comesTo("row.0", 0));
+    EXPECT_TRUE(hasFocus("field"));
+}
+
+TEST_F(RowPullTest, ScrollingClosesIt) {
+    EXPECT_TRUE(wheel(frameOf("entries").center(), -60));
+    EXPECT_TRUE(comesTo("row.0", 0));
+}
+
+TEST_F(RowPullTest, EscapeClosesItAndThenThePanel) {
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(comesTo("row.0", 0));
+    EXPECT_EQ(panelClosed, 0);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(panelClosed, 1);
+}
+
+TEST_F(RowPullTest, LeavingThePanelClosesIt) {
+    open(ActivePanel::notes, "field");
+    open(ActivePanel::todo, "field");
+    EXPECT_EQ(item("row.0")->property("offset"), 0);
+    pull("row.0", -60);
+    ASSERT_TRUE(comesTo("row.0", -74));
+    show(NotchExpandedState::collapsed);
+    open(ActivePanel::todo, "field");
+    EXPECT_EQ(item("row.0")->property("offset"), 0);
+}
+
+class PanelListTest : public ListPanelsTest {
+protected:
+    struct Case {
+        ActivePanel panel;
+        const char* list;
+        const char* box;
+    };
+    static constexpr Case cases[] = {
+        {ActivePanel::todo, "entries", "entryField"},
+        {ActivePanel::notes, "entries", "entryField"},
+        {ActivePanel::stockTicker, "tickers", "entryField"},
+        {ActivePanel::clipboard, "history", "searchField"},
+    };
+
+    PanelListTest() {
+        for (int number = 0; number < 20; ++number) {
+            const auto text = "entry " + std::to_string(number);
+            todo.addItem(text);
+            notes.addItem(text);
+            stockTicker.addTicker("S" + std::to_string(number));
+            ClipboardItem copy;
+            copy.id = UUID::random();
+            copy.content = text;
+            clipboard.items.update([&](auto& items) { items.push_back(copy); });
+        }
+    }
+    void openWithKeyboard(const Case& shown) {
+        show(shown.panel);
+        item(shown.box)->forceActiveFocus();
+        ASSERT_TRUE(eventually([&] { return hasFocus("field"); }));
+    }
+    bool isInView(const Case& shown, const QString& row) {
+        return item(row) && frameOf(shown.list).contains(frameOf(row).center());
+    }
+    QRectF boxOf(const Case& shown) {
+        auto* ground = item(item(shown.box), "fieldGround");
+        return ground->mapRectToScene(ground->boundingRect());
+    }
+};
+
+TEST_F(PanelListTest, EveryPlaceOfAFieldsBoxTakesTheClick) {
+    for (const auto& shown : cases) {
+        SCOPED_TRACE(std::string(rawValue(shown.panel)));
+        openWithKeyboard(shown);
+        const auto box = boxOf(shown).adjusted(1, 1, -2, -2);
+        for (const auto at : {box.topLeft(), box.topRight(), box.bottomLeft(), box.bottomRight(),
+                              QPointF(box.left() + 14, box.center().y()), box.center()}) {
+            item("tabBar")->forceActiveFocus();
+            ASSERT_FALSE(hasFocus("field"));
+            QTest::mouseClick(&window, Qt::LeftButton, {}, at.toPoint());
+            EXPECT_TRUE(hasFocus("field")) << at.x() << ", " << at.y();
+        }
+    }
+}
+
+TEST_F(PanelListTest, AClickBesideTheTextPutsTheCursorNearest) {
+    openWithKeyboard(cases[0]);
+    type("some words");
+    const auto box = boxOf(cases[0]);
+    QTest::mouseClick(&window, Qt::LeftButton, {},
+                      QPointF(box.left() + 3, box.center().y()).toPoint());
+    EXPECT_EQ(item("field")->property("cursorPosition"), 0);
+    QTest::mouseClick(&window, Qt::LeftButton, {},
+                      QPointF(box.right() - 3, box.top() + 3).toPoint());
+    EXPECT_EQ(item("field")->property("cursorPosition"), 10);
+}
+
+TEST_F(PanelListTest, AllFieldsStandAtOnePlaceAndAreOfOneHeight) {
+    std::vector<QRectF> boxes;
+    for (const auto& shown : cases) {
+        openWithKeyboard(shown);
+        boxes.push_back(boxOf(shown));
+        EXPECT_EQ(boxes.back().topLeft(), boxes.front().topLeft());
+        EXPECT_EQ(boxes.back().height(), boxes.front().height());
+    }
+}
+
+TEST_F(PanelListTest, ARowIsLitUnderThePointer) {
+    for (const auto& shown : cases) {
+        if (shown.panel == ActivePanel::clipboard)
+            continue; // its ground is its own
+        SCOPED_TRACE(std::string(rawValue(shown.panel)));
+        openWithKeyboard(shown);
+        const auto* ground = item(item("row.1"), "pointerGround");
+        ASSERT_NE(ground, nullptr);
+        QTest::mouseMove(&window, frameOf("row.0").center().toPoint());
+        EXPECT_FALSE(ground->property("isHovered").toBool());
+        QTest::mouseMove(&window, frameOf("row.1").center().toPoint());
+        EXPECT_TRUE(ground->property("isHovered").toBool());
+    }
+}
+
+TEST_F(PanelListTest, LettersTypedInAListGoToItsField) {
+    for (const auto& shown : cases) {
+        SCOPED_TRACE(std::string(rawValue(shown.panel)));
+        openWithKeyboard(shown);
+        press(Qt::Key_Down);
+        ASSERT_TRUE(hasFocus("row.0"));
+        press(Qt::Key_3, "3");
+        EXPECT_EQ(textOf("field"), "3");
+        EXPECT_TRUE(hasFocus("field"));
+    }
+}
+
+TEST_F(PanelListTest, KeysOfWholeWaysMoveInLists) {
+    for (const auto& shown : cases) {
+        SCOPED_TRACE(std::string(rawValue(shown.panel)));
+        openWithKeyboard(shown);
+        press(Qt::Key_Down);
+        const auto comesTo = [&](const QString& row) {
+            return eventually([&] { return hasFocus(row) && isInView(shown, row); });
+        };
+        press(Qt::Key_End);
+        EXPECT_TRUE(comesTo("row.19"));
+        press(Qt::Key_Home);
+        EXPECT_TRUE(comesTo("row.0"));
+        press(Qt::Key_PageDown);
+        EXPECT_TRUE(eventually([&] { return !isInView(shown, "row.0") || !hasFocus("row.0"); }));
+        const int page = item(shown.list)->property("currentIndex").toInt();
+        EXPECT_GT(page, 1);
+        EXPECT_LT(page, 8);
+        press(Qt::Key_PageDown);
+        EXPECT_TRUE(comesTo("row." + QString::number(2 * page)));
+        press(Qt::Key_PageUp);
+        EXPECT_TRUE(comesTo("row." + QString::number(page)));
+    }
+}
+
+TEST_F(PanelListTest, EscapeClearsTheFieldBeforeItCloses) {
+    for (const auto& shown : cases) {
+        SCOPED_TRACE(std::string(rawValue(shown.panel)));
+        openWithKeyboard(shown);
+        const int closed = panelClosed;
+        type("3");
+        press(Qt::Key_Escape);
+        EXPECT_EQ(textOf("field"), "");
+        EXPECT_EQ(panelClosed, closed);
+        press(Qt::Key_Escape);
+        EXPECT_EQ(panelClosed, closed + 1);
+    }
+}
+
+TEST_F(PanelListTest, WhatIsAddedIsScrolledToAndLit) {
+    for (const auto& shown : cases) {
+        if (shown.panel == ActivePanel::clipboard)
+            continue;
+        SCOPED_TRACE(std::string(rawValue(shown.panel)));
+        openWithKeyboard(shown);
+        const bool isAtTheTop = shown.panel == ActivePanel::notes;
+        if (isAtTheTop)
+            while (wheel(frameOf(shown.list).center(), -120))
+                turn();
+        EXPECT_EQ(item("arrival")->opacity(), 0) << "those that were there did not just arrive";
+        type("NEW");
+        press(Qt::Key_Return, "\r");
+        const QString row = isAtTheTop ? "row.0" : "row.20";
+        EXPECT_TRUE(eventually([&] { return isInView(shown, row); }));
+        EXPECT_TRUE(eventually([&] { return item("arrival")->opacity() > 0.1; }));
+        EXPECT_TRUE(frameOf(row).contains(frameOf("arrival").center()));
+        EXPECT_TRUE(eventually([&] { return item("arrival")->opacity() == 0; }));
+        EXPECT_TRUE(hasFocus("field"));
+    }
+}
+
 class HelpTest : public ListPanelsTest {
 protected:
     void hover(const QString& objectName) {

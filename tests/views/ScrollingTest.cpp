@@ -87,6 +87,55 @@ TEST_F(ScrollingTest, EveryListKeepsTheWheelWhileItCanScroll) {
     }
 }
 
+TEST_F(ScrollingTest, ItsEndsAreBlackWhereAListGoesOn) {
+    for (const auto& shown : cases) {
+        SCOPED_TRACE(std::string(rawValue(shown.panel)));
+        open(shown);
+        ASSERT_TRUE(comesTo(first()));
+        EXPECT_EQ(item("upperFade")->opacity(), 0);
+        EXPECT_EQ(item("lowerFade")->opacity(), 1);
+        wheel(middle(), -120);
+        EXPECT_TRUE(eventually([&] { return item("upperFade")->opacity() == 1; }));
+        turns(-120);
+        EXPECT_EQ(item("lowerFade")->opacity(), 0);
+        EXPECT_EQ(item("upperFade")->opacity(), 1);
+        EXPECT_EQ(frameOf("upperFade").top(), frameOf(list).top());
+    }
+}
+
+TEST_F(ScrollingTest, AMarkShowsWhereItIsWhileItMoves) {
+    open({ActivePanel::todo, "entries"});
+    const auto* mark = item("scrollMark");
+    EXPECT_TRUE(eventually([&] { return mark->opacity() == 0; }));
+    wheel(middle(), -120);
+    EXPECT_TRUE(eventually([&] { return mark->opacity() == 1; }));
+    EXPECT_LE(frameOf("scrollMark").width(), 4);
+    EXPECT_GT(frameOf("scrollMark").top(), frameOf("entries").top());
+    turns(-120);
+    EXPECT_NEAR(frameOf("scrollMark").bottom(), frameOf("entries").bottom(), 0.1);
+    EXPECT_TRUE(eventually([&] { return mark->opacity() == 0; }));
+}
+
+TEST_F(ScrollingTest, TheShelfShowsWholeRows) {
+    open({ActivePanel::fileShelf, "shelfGrid"});
+    EXPECT_EQ(item("scrollMark")->opacity(), 1) << "nothing else says that there is more";
+    const auto view = frameOf("shelfView");
+    const double pitch = number("cellHeight");
+    const auto showsWholeRows = [&] {
+        const double rows = (number("contentY") - first()) / pitch;
+        return std::abs(rows - std::round(rows)) < 0.01;
+    };
+    const double rows = number("height") / pitch;
+    EXPECT_NEAR(rows, std::round(rows), 0.01);
+    EXPECT_GE(frameOf("shelfGrid").top(), view.top());
+    EXPECT_LE(frameOf("shelfGrid").bottom() - 12, view.bottom()) << "the last gap may lie outside";
+    EXPECT_TRUE(wheel(view.topLeft() + QPointF(4, 2), -120)) << "all of it takes the wheel";
+    EXPECT_TRUE(eventually([&] { return number("contentY") == pitch; }));
+    EXPECT_TRUE(wheel(middle(), -40));
+    EXPECT_FALSE(showsWholeRows()) << "fingers move it freely";
+    EXPECT_TRUE(eventually(showsWholeRows)) << "until they rest";
+}
+
 TEST_F(ScrollingTest, FingersMoveAListAtOnceAndByWhatTheyDo) {
     open({ActivePanel::todo, "entries"});
     EXPECT_TRUE(wheel(middle(), -14));

@@ -120,16 +120,16 @@ TEST_F(StockTickerPanelTest, aRowKeepsItsHeightWhenItsFiguresArrive) {
 
 TEST_F(StockTickerPanelTest, aTypedSymbolIsAddedAndTheFieldIsReadyForTheNext) {
     show(ActivePanel::stockTicker);
-    click("symbolField");
+    click("entryField");
     type("aapl");
     EXPECT_TRUE(item("addButton")->isEnabled());
     key(Qt::Key_Return);
     EXPECT_EQ(symbols(), Symbols{"AAPL"});
-    EXPECT_EQ(textOf("symbolField"), "");
+    EXPECT_EQ(textOf("entryField"), "");
     type("ko");
     click("addButton");
     EXPECT_EQ(symbols(), (Symbols{"AAPL", "KO"}));
-    EXPECT_TRUE(item("symbolField")->hasActiveFocus());
+    EXPECT_TRUE(item("entryField")->hasActiveFocus());
 }
 
 TEST_F(StockTickerPanelTest, aLongPullToTheLeftRemovesTheRow) {
@@ -164,7 +164,7 @@ TEST_F(StockTickerPanelTest, theDeleteKeyRemovesTheRowThatIsChosen) {
     for (const auto* symbol : {"A", "B", "C"})
         add(symbol);
     show(ActivePanel::stockTicker);
-    click("symbolField");
+    click("entryField");
     key(Qt::Key_Down);
     key(Qt::Key_Down);
     key(Qt::Key_Delete);

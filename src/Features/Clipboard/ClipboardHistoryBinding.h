@@ -53,8 +53,6 @@ class ClipboardHistoryBinding : public Binding {
     QML_ELEMENT
     ORVELLE_CONSTANT(double, spacing, ClipboardHistoryView)
     ORVELLE_CONSTANT(double, searchPadding, ClipboardHistoryView)
-    ORVELLE_CONSTANT(double, searchCornerRadius, ClipboardHistoryView)
-    ORVELLE_CONSTANT(QColor, searchBackground, ClipboardHistoryView)
     ORVELLE_CONSTANT(orvelle::TextValue, searchStyle, ClipboardHistoryView)
     ORVELLE_CONSTANT(QString, searchPrompt, ClipboardHistoryView)
     ORVELLE_CONSTANT(QColor, promptColor, ClipboardHistoryView)

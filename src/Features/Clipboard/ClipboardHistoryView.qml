@@ -7,60 +7,39 @@ FocusScope {
 
     readonly property real inset: 4 // to the ends of the line above
 
+    Keys.onEscapePressed: event => event.accepted = list.stepBack()
+
     ClipboardHistoryBinding {
         id: view
     }
-    Rectangle {
-        id: searchRow
+    FieldBox {
+        id: field
+        objectName: "searchField"
         x: root.inset
         width: parent.width - 2 * x
-        height: field.implicitHeight + 2 * view.searchPadding
-        radius: view.searchCornerRadius
-        color: view.searchBackground
-        border.width: field.activeFocus ? 1 : 0
-        border.color: Style.focusColor
-
-        PanelSymbol {
-            id: glass
-            x: view.searchPadding
-            anchors.verticalCenter: parent.verticalCenter
-            content: view.searchSymbol
-        }
-        PanelField {
-            id: field
-            objectName: "searchField"
-            x: glass.x + glass.width + view.searchPadding
-            width: parent.width - x - view.searchPadding
-            anchors.verticalCenter: parent.verticalCenter
-            focus: true
-            content: view.searchStyle
-            prompt: view.searchPrompt
-            promptColor: view.promptColor
-            onTextChanged: view.search(text)
-            Keys.onDownPressed: if (list.count > 0) list.forceActiveFocus()
-        }
+        height: implicitHeight
+        focus: true
+        symbol: view.searchSymbol
+        horizontalPadding: view.searchPadding
+        content: view.searchStyle
+        prompt: view.searchPrompt
+        promptColor: view.promptColor
+        onTextChanged: view.search(text)
+        Keys.onDownPressed: list.enter()
     }
-    ListView {
+    PanelList {
         id: list
         objectName: "history"
-        anchors.top: searchRow.bottom
+        anchors.top: field.bottom
         anchors.topMargin: view.spacing
         anchors.bottom: parent.bottom
         x: root.inset
         width: parent.width - 2 * x
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
         model: view.rows
-        Accessible.role: Accessible.List
+        field: field
+        removalDuration: view.deletionDuration
+        removalEasing: Easing.OutQuad
         Accessible.name: qsTr("Clipboard history")
-        Keys.onUpPressed: {
-            if (currentIndex > 0)
-                decrementCurrentIndex()
-            else
-                field.forceActiveFocus()
-        }
-
-        ScrollEdges { list: list }
 
         delegate: ClipboardItemRow {
             required property int index
@@ -74,21 +53,6 @@ FocusScope {
                 toast.say(view.copied)
             }
             onDeleted: view.remove(entry.id)
-        }
-        remove: Transition {
-            NumberAnimation {
-                property: "opacity"
-                to: 0
-                duration: view.deletionDuration * 1000
-                easing.type: Easing.OutQuad
-            }
-        }
-        removeDisplaced: Transition {
-            NumberAnimation {
-                property: "y"
-                duration: view.deletionDuration * 1000
-                easing.type: Easing.OutQuad
-            }
         }
     }
     FilePlaceholder {

@@ -7,6 +7,8 @@ FocusScope {
 
     required property var entry
     required property StockTickerExpandedBinding view
+    property alias list: body.list
+    readonly property alias ground: body
 
     implicitHeight: body.height + 2 * view.rowInset
     Accessible.role: Accessible.ListItem
@@ -37,10 +39,6 @@ FocusScope {
         trailing: root.view.deleteAction
         onTrailingPerformed: root.view.removeTicker(root.entry.id)
 
-        PointerGround {
-            radius: parent.radius
-            isHovered: hover.hovered
-        }
         Column {
             id: blank
             visible: false
@@ -100,9 +98,6 @@ FocusScope {
                 anchors.right: parent.right
             }
         }
-    }
-    HoverHandler {
-        id: hover
     }
     Component {
         id: missing

@@ -9,15 +9,38 @@ FocusScope {
     property string prompt
     property color promptColor
     property alias text: input.text
+    // The room beside the text takes presses for it.
+    property real leftPadding: 0
+    property real rightPadding: 0
     signal accepted
     signal pressed
 
+    function type(text) {
+        input.remove(input.selectionStart, input.selectionEnd)
+        input.insert(input.cursorPosition, text)
+    }
+    // The text's place under a place of the field.
+    function placeAt(mouse) {
+        return input.positionAt(mouse.x - input.x, input.height / 2)
+    }
+
     implicitHeight: input.implicitHeight
 
+    MouseArea {
+        anchors.fill: parent
+        cursorShape: Qt.IBeamCursor
+        onPressed: mouse => {
+            input.forceActiveFocus(Qt.MouseFocusReason)
+            input.cursorPosition = root.placeAt(mouse)
+            root.pressed()
+        }
+        onPositionChanged: mouse => input.moveCursorSelection(root.placeAt(mouse))
+    }
     TextInput {
         id: input
         objectName: "field"
-        width: parent.width
+        x: root.leftPadding
+        width: parent.width - x - root.rightPadding
         anchors.verticalCenter: parent.verticalCenter
         focus: true
         activeFocusOnTab: true
@@ -66,18 +89,14 @@ FocusScope {
             root.pressed()
         }
         onReleased: mouse => {
-            const place = mapToItem(input, mouse.x, mouse.y)
             input.deselect()
-            input.cursorPosition = input.positionAt(place.x, place.y)
+            input.cursorPosition = root.placeAt(mouse)
             clipboard.pasteSelection()
         }
     }
     FieldClipboard {
         id: clipboard
         field: input
-        onPasted: text => {
-            input.remove(input.selectionStart, input.selectionEnd)
-            input.insert(input.cursorPosition, text)
-        }
+        onPasted: text => root.type(text)
     }
 }

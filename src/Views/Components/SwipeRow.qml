@@ -2,7 +2,8 @@ import QtQuick
 import Orvelle
 
 // A row that can be pulled to either side, with the pointer or a sideways wheel. A short pull
-// uncovers an action and stays there, a long one performs it when let go.
+// uncovers an action and stays there, a long one performs it when let go. One row of a list is open
+// at a time.
 Item {
     id: root
 
@@ -11,7 +12,9 @@ Item {
     property var trailing: null
     property color background
     property bool isHighlighted: false
+    property PanelList list
     property real offset: 0
+    readonly property bool isOpen: offset !== 0 && !pull.active && !wheelRest.running
     default property alias content: body.data
     signal leadingPerformed
     signal trailingPerformed
@@ -39,7 +42,20 @@ Item {
     }
 
     clip: true
+    onOffsetChanged: {
+        if (offset !== 0)
+            list.opened = root
+        else if (list.opened === root)
+            list.opened = null
+    }
 
+    Connections {
+        target: root.list
+        function onOpenedChanged() {
+            if (root.list.opened !== root)
+                root.offset = 0
+        }
+    }
     Loader {
         active: !!root.leading
         width: Math.max(0, body.x - 4)
@@ -72,6 +88,10 @@ Item {
         border.width: root.isHighlighted ? 1 : 0
         border.color: Style.focusColor
 
+        PointerGround {
+            radius: parent.radius
+            isHovered: hover.hovered
+        }
         Behavior on x {
             enabled: !pull.active
             NumberAnimation {
@@ -79,6 +99,15 @@ Item {
                 easing.type: Easing.OutCubic
             }
         }
+    }
+    HoverHandler {
+        id: hover
+    }
+    // What is in the row acts again when it is closed.
+    MouseArea {
+        anchors.fill: body
+        enabled: root.isOpen
+        onClicked: root.offset = 0
     }
     DragHandler {
         id: pull

@@ -2,6 +2,7 @@
 
 #include "Extensions/ColorTheme.h"
 #include "Extensions/ViewModifiers.h"
+#include "Features/Clipboard/ClipboardHistoryView.h"
 #include "Views/Components/RowFit.h"
 #include "Views/Qt/Binding.h"
 #include "Views/Qt/Face.h"
@@ -9,8 +10,8 @@
 
 namespace orvelle {
 
-/// What menus, help, focus rings, controls under the pointer and selected texts look like, beside
-/// what the core's components fix.
+/// What menus, help, focus rings, scroll marks, controls under the pointer and selected texts look
+/// like, beside what the core's components fix.
 struct PopupStyle {
     static constexpr Color fillColor = notchSurface;
     static constexpr Color edgeColor = Color::white(1, 0.14);
@@ -20,6 +21,7 @@ struct PopupStyle {
     static constexpr Color focusColor = Color::white(1, 0.45);
     static constexpr Color hoverColor = Color::white(1, 0.1);
     static constexpr Color pressedColor = Color::white(1, 0.2);
+    static constexpr Color scrollMarkColor = Color::white(1, 0.45);
     static constexpr Color selectionColor = colors::blue.withAlpha(0.55);
 };
 
@@ -29,6 +31,13 @@ struct ClickTarget {
 
 struct FieldLimit {
     static constexpr int longestInput = 4000; ///< characters; a longer line is slow to type in
+};
+
+/// The box of a panel's field: all are like the clipboard's.
+struct FieldBoxStyle {
+    static constexpr double fieldPadding = ClipboardHistoryView::searchPadding;
+    static constexpr double fieldRadius = ClipboardHistoryView::searchCornerRadius;
+    static constexpr Color fieldGround = ClipboardHistoryView::searchBackground;
 };
 
 /// The constants and small rules of the shared components, for QML.
@@ -47,7 +56,11 @@ class Style : public QObject {
     ORVELLE_CONSTANT(QColor, focusColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, hoverColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, pressedColor, PopupStyle)
+    ORVELLE_CONSTANT(QColor, scrollMarkColor, PopupStyle)
     ORVELLE_CONSTANT(QColor, selectionColor, PopupStyle)
+    ORVELLE_CONSTANT(double, fieldPadding, FieldBoxStyle)
+    ORVELLE_CONSTANT(double, fieldRadius, FieldBoxStyle)
+    ORVELLE_CONSTANT(QColor, fieldGround, FieldBoxStyle)
     ORVELLE_CONSTANT(double, smallestTarget, ClickTarget)
     ORVELLE_CONSTANT(int, longestInput, FieldLimit)
     Q_PROPERTY(QColor dividerColor READ dividerColor CONSTANT FINAL)

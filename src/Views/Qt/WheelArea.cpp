@@ -17,8 +17,9 @@ WheelArea* WheelArea::under(const QQuickItem& item, QPointF at) {
         return nullptr;
     const auto children = item.childItems();
     for (auto child = children.crbegin(); child != children.crend(); ++child) {
-        if (auto* area = qobject_cast<WheelArea*>(*child);
-            area && area->isVisible() && area->isEnabled() && area->contains(item.mapToItem(area, at)))
+        if (auto* area = qobject_cast<WheelArea*>(*child); area && area->isVisible() &&
+                                                           area->isEnabled() &&
+                                                           area->contains(item.mapToItem(area, at)))
             return area;
         if (auto* found = under(**child, item.mapToItem(*child, at)))
             return found;
