@@ -45,6 +45,17 @@ TEST_F(CalendarPanelTest, withoutEventsThePlaceholderStands) {
     picture("calendar-empty");
 }
 
+TEST_F(CalendarPanelTest, aRowIsLitUnderThePointer) {
+    calendar.events = std::vector{event("Lunch", 7200, 9000)};
+    show(ActivePanel::calendar);
+    const auto* ground = part("Lunch", "pointerGround");
+    ASSERT_NE(ground, nullptr);
+    mouse(QEvent::MouseMove, frameOf("tabBar").center());
+    EXPECT_FALSE(ground->property("isHovered").toBool());
+    mouse(QEvent::MouseMove, frameOf("event.Lunch").center());
+    EXPECT_TRUE(ground->property("isHovered").toBool());
+}
+
 TEST_F(CalendarPanelTest, showsWhatIsOnAndWhatComes) {
     auto running = event("Design review", -1800, 1800);
     running.location = "Room 4";

@@ -142,7 +142,7 @@ TEST_F(FileShelfPanelTest, shareAllHandsOnEveryFile) {
     ASSERT_EQ(platform.sharePickerPort.requests.size(), 1u);
     EXPECT_EQ(platform.sharePickerPort.requests[0].urls, (std::vector{urlOf(0), urlOf(1)}));
     EXPECT_NEAR(frameOf("shareAll").bottom(), 220 - 12 - 4, 0.01);
-    EXPECT_NEAR(frameOf("shareAll").top() - frameOf("shelfGrid").bottom(), 8, 0.01);
+    EXPECT_NEAR(frameOf("shareAll").top() - frameOf("shelfView").bottom(), 8, 0.01);
 }
 
 TEST_F(FileShelfPanelTest, theKeyboardDoesWhatThePointerDoes) {
@@ -213,6 +213,25 @@ TEST_F(FileShelfPanelTest, aFileThatArrivesAndOneThatGoesLeaveTheOthersInPlace) 
         fileShelf.removeFile(ShelfItem(fileShelf.items.get()[0]));
     turn();
     EXPECT_EQ(textOf("emptyText"), "Drop files here");
+}
+
+TEST_F(FileShelfPanelTest, keysOfWholeWaysMoveOnTheShelf) {
+    std::vector<std::string> names;
+    for (int number = 0; number < 20; ++number)
+        names.push_back(std::to_string(number) + ".txt");
+    showWith(names);
+    focusGrid();
+    const auto isAt = [&](int index) {
+        return item("shelfGrid")->property("currentIndex") == index;
+    };
+    key(Qt::Key_End);
+    EXPECT_TRUE(isAt(19));
+    key(Qt::Key_Home);
+    EXPECT_TRUE(isAt(0));
+    key(Qt::Key_PageDown);
+    EXPECT_TRUE(isAt(7)) << "as many as are in view";
+    key(Qt::Key_PageUp);
+    EXPECT_TRUE(isAt(0));
 }
 
 TEST_F(FileShelfPanelTest, theWheelScrollsWithinTheRows) {

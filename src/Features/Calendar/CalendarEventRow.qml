@@ -23,6 +23,13 @@ Rectangle {
     color: event.fill
     border.color: isFocused ? Style.focusColor : "transparent"
 
+    PointerGround {
+        radius: root.radius
+        isHovered: hover.hovered
+    }
+    HoverHandler {
+        id: hover
+    }
     ContextMenu {
         id: menu
         anchors.fill: parent

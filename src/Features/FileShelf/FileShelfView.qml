@@ -75,16 +75,31 @@ FocusScope {
         FocusScope {
             focus: true
 
-            ShelfGrid {
-                id: grid
-                objectName: "shelfGrid"
-                view: shelf
+            // As many whole rows as have room, in the middle.
+            FocusScope {
+                id: shelfView
+
+                readonly property int rows: Math.max(1, Math.floor((height + shelf.gridSpacing)
+                                                                   / grid.cellHeight))
+
+                objectName: "shelfView"
                 focus: true
-                x: shelf.gridPadding
-                columnsWidth: parent.width - 2 * x
+                width: parent.width
                 anchors.top: parent.top
                 anchors.bottom: shareAll.top
                 anchors.bottomMargin: shelf.spacing
+
+                ShelfGrid {
+                    id: grid
+                    objectName: "shelfGrid"
+                    view: shelf
+                    area: shelfView
+                    focus: true
+                    x: shelf.gridPadding
+                    y: Math.max(0, Math.round((shelfView.height + shelf.gridSpacing - height) / 2))
+                    columnsWidth: parent.width - 2 * x
+                    height: shelfView.rows * cellHeight
+                }
             }
             PlainButton {
                 id: shareAll

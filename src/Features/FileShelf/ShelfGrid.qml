@@ -8,6 +8,7 @@ GridView {
 
     property FileShelfBinding view
     property real columnsWidth
+    property Item area: root // whose wheel scrolls it
     readonly property string currentId: currentItem ? currentItem.entry.id : ""
 
     clip: true
@@ -34,7 +35,7 @@ GridView {
             view.copy(currentId)
         else if (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)
             openMenu()
-        else
+        else if (!edges.jump(event))
             return
         event.accepted = true
     }
@@ -71,7 +72,14 @@ GridView {
         }
     }
 
-    ScrollEdges { list: root }
+    ScrollEdges {
+        id: edges
+        list: root
+        area: root.area
+        pitch: root.cellHeight
+        edge: root.view.gridSpacing
+        columns: Math.floor(root.width / root.cellWidth)
+    }
     FontMetrics {
         id: nameMetrics
         font.pixelSize: root.view.nameSize
