@@ -23,32 +23,19 @@ AppDelegate::AppDelegate(ViewHost& views, Platform& platform)
       pomodoroManager(platform), todoManager(platform), notesManager(platform),
       stockTickerManager(platform), timeManager(platform), themeManager(platform),
       mirrorManager(platform), hoverLayoutManager(platform), panelOrderManager(platform),
+      panelUndo(notchState, platform.runLoop()), settingsUndo(platform.runLoop()),
       featureSwitches_(makeFeatureSwitches()) {}
 
 NotchEnvironment AppDelegate::environment() {
-    return {notchState,
-            mediaManager,
-            fileShelfManager,
-            hudManager,
-            calendarManager,
-            batteryManager,
-            clipboardManager,
-            systemMonitorManager,
-            weatherManager,
-            pomodoroManager,
-            todoManager,
-            notesManager,
-            stockTickerManager,
-            timeManager,
-            themeManager,
-            mirrorManager,
-            hoverLayoutManager,
-            panelOrderManager,
-            [this] { openSettings(); }};
+    return {notchState,         mediaManager,      fileShelfManager, hudManager,
+            calendarManager,    batteryManager,    clipboardManager, systemMonitorManager,
+            weatherManager,     pomodoroManager,   todoManager,      notesManager,
+            stockTickerManager, timeManager,       themeManager,     mirrorManager,
+            hoverLayoutManager, panelOrderManager, panelUndo,        [this] { openSettings(); }};
 }
 
 SettingsEnvironment AppDelegate::settingsEnvironment() {
-    return {environment(), updateChecker, [this] { reportBug(); }};
+    return {environment(), updateChecker, settingsUndo, [this] { reportBug(); }};
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
@@ -75,6 +62,7 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::applicationWillTerminate() {
+    panelUndo.finish();
     stopFeatures();
 }
 
@@ -137,6 +125,7 @@ void AppDelegate::openSettings() {
 }
 
 void AppDelegate::settingsWindowWillClose() {
+    settingsUndo.finish();
     settingsWindow.reset();
     platform_.application().setActivationPolicy(ActivationPolicy::accessory);
 }

@@ -7,6 +7,7 @@
 #include "Core/PluginRegistry.h"
 #include "Core/SettingsEnvironment.h"
 #include "Core/StatusBarMenu.h"
+#include "Core/UndoOffer.h"
 #include "Core/ViewHost.h"
 #include "Features/Battery/BatteryManager.h"
 #include "Features/Calendar/CalendarManager.h"
@@ -68,6 +69,9 @@ public:
     HoverLayoutManager hoverLayoutManager;
     PanelOrderManager panelOrderManager;
     PluginRegistry pluginRegistry;
+    // Before the managers, these end what is held back.
+    PanelUndoOffer panelUndo;
+    UndoOffer settingsUndo;
 
     std::unique_ptr<NotchWindowController> notchWindowController;
     std::unique_ptr<StatusItem> statusBarItem;

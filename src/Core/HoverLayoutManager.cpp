@@ -158,6 +158,11 @@ void HoverLayoutManager::changeZone(std::string_view id, Position zone) {
     savePlacements();
 }
 
+void HoverLayoutManager::restore(std::vector<HoverWidgetPlacement> former) {
+    placements = std::move(former);
+    savePlacements();
+}
+
 void HoverLayoutManager::resetToDefaults() {
     placements = defaultPlacements();
     savePlacements();

@@ -42,6 +42,7 @@ public:
     /// Moves a widget to the end of another zone.
     void changeZone(std::string_view id, HoverWidgetPosition zone);
     void resetToDefaults();
+    void restore(std::vector<HoverWidgetPlacement> former);
 
     /// The padding on each side of a notch of this width, in points: an estimate from a table, so
     /// that it costs no measuring while views are laid out.

@@ -21,6 +21,7 @@ class SystemMonitorManager;
 class ThemeManager;
 class TimeManager;
 class TodoManager;
+class UndoOffer;
 class WeatherManager;
 
 /// What the notch's window and views share. The application owns all of it for the life of the
@@ -44,6 +45,7 @@ struct NotchEnvironment {
     MirrorManager& mirrorManager;
     HoverLayoutManager& hoverLayoutManager;
     PanelOrderManager& panelOrderManager;
+    UndoOffer& undo; ///< the panel's
     std::function<void()> openSettings;
     /// What closes the panel from the keyboard; the window's controller sets it.
     std::function<void()> closePanel = {};

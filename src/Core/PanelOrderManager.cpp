@@ -69,6 +69,11 @@ void PanelOrderManager::reorder(const std::set<std::size_t>& from, std::size_t t
     saveOrder();
 }
 
+void PanelOrderManager::restore(std::vector<PanelEntry> former) {
+    panelOrder = std::move(former);
+    saveOrder();
+}
+
 void PanelOrderManager::resetToDefaults() {
     panelOrder = defaultOrder();
     saveOrder();

@@ -37,6 +37,7 @@ public:
     /// Offsets are rows of `allPanelsSorted`.
     void reorder(const std::set<std::size_t>& from, std::size_t to);
     void resetToDefaults();
+    void restore(std::vector<PanelEntry> former);
 
 private:
     void loadOrder();

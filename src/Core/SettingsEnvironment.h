@@ -4,6 +4,7 @@
 
 namespace orvelle {
 
+class UndoOffer;
 class UpdateChecker;
 
 /// What the settings window edits and calls. The application owns all of it for the life of the
@@ -11,6 +12,7 @@ class UpdateChecker;
 struct SettingsEnvironment {
     NotchEnvironment notch;
     UpdateChecker& updateChecker;
+    UndoOffer& undo; ///< the settings'
     std::function<void()> reportBug;
 };
 

@@ -1,6 +1,7 @@
 #include "Settings/AppearanceSettingsView.h"
 
 #include "Models/ThemeMode.h"
+#include "Settings/SettingsReset.h"
 
 #include <utility>
 
@@ -14,8 +15,8 @@ constexpr SettingsRange fraction{0, 1, 0.01};
 
 } // namespace
 
-AppearanceSettingsView::AppearanceSettingsView(Platform& platform)
-    : SettingsPage(platform.userDefaults()) {
+AppearanceSettingsView::AppearanceSettingsView(UndoOffer& undo, Platform& platform)
+    : SettingsPage(platform.userDefaults()), undo_(undo) {
     refresh();
 }
 
@@ -46,7 +47,7 @@ std::vector<SettingsRow> AppearanceSettingsView::makeRows() const {
     list.push_back(pickerRow("Speed", Settings::animationSpeed,
                              {{"slow", "Slow"}, {"normal", "Normal"}, {"fast", "Fast"}}));
     list.push_back(gapRow("resetGap"));
-    list.push_back(buttonRow(std::string(reset), "Reset Appearance"));
+    list.push_back(resetRow(std::string(reset), "Reset Appearance"));
     return list;
 }
 
@@ -88,7 +89,7 @@ SettingsRow AppearanceSettingsView::colorRow(std::string label,
 
 void AppearanceSettingsView::pressed(std::string_view id) {
     if (id == reset)
-        resetDefaults();
+        resetWithUndo(defaults_, undo_, "Appearance reset", [this] { resetDefaults(); });
 }
 
 void AppearanceSettingsView::resetDefaults() {

@@ -5,10 +5,12 @@
 
 namespace orvelle {
 
+class UndoOffer;
+
 /// The appearance page of the settings.
 class AppearanceSettingsView : public SettingsPage {
 public:
-    explicit AppearanceSettingsView(Platform& platform = Platform::shared());
+    explicit AppearanceSettingsView(UndoOffer& undo, Platform& platform = Platform::shared());
 
     /// The id of the row with the button.
     static constexpr std::string_view reset = "resetDefaults";
@@ -24,6 +26,8 @@ private:
     /// What belongs to the mode: nothing, the custom colour's rows or a text.
     void appendMode(std::vector<SettingsRow>& list, std::string_view mode) const;
     SettingsRow colorRow(std::string label, const SettingKey<double>& key) const;
+
+    UndoOffer& undo_;
 };
 
 } // namespace orvelle

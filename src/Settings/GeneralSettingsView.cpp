@@ -7,6 +7,7 @@
 #include "Models/Symbol.h"
 #include "Platform/Workspace.h"
 #include "Settings/LaunchAtLogin.h"
+#include "Settings/SettingsReset.h"
 
 #include <utility>
 
@@ -80,7 +81,7 @@ std::vector<SettingsRow> GeneralSettingsView::makeRows() const {
         buttonRow(std::string(report), "Report a Bug"),
         footnoteRow("reportNote", "Opens your email client with system info pre-filled."),
         gapRow("resetGap"),
-        buttonRow(std::string(reset), "Reset All Settings to Defaults"),
+        resetRow(std::string(reset), "Reset All Settings to Defaults"),
         footnoteRow("resetNote", "This resets General, Appearance, and Feature settings."),
         aboutRow(),
     };
@@ -139,7 +140,14 @@ void GeneralSettingsView::pressed(std::string_view id) {
     else if (id == report)
         environment_.reportBug();
     else if (id == reset)
-        resetDefaults();
+        resetWithUndo(
+            defaults_, environment_.undo, "Settings reset", [this] { resetDefaults(); },
+            // The page may be gone by then.
+            [&platform = platform_] {
+                const auto& key = Settings::launchAtLogin.name;
+                if (platform.userDefaults().boolean(key) && !setLaunchAtLogin(platform, true))
+                    platform.userDefaults().set(key, false);
+            });
 }
 
 void GeneralSettingsView::pressUpdate() {

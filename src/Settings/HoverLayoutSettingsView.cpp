@@ -1,6 +1,7 @@
 #include "Settings/HoverLayoutSettingsView.h"
 
 #include "Core/ListMove.h"
+#include "Core/UndoOffer.h"
 #include "Features/Theme/ThemeManager.h"
 #include "Models/Symbol.h"
 #include "Views/Components/FormLook.h"
@@ -61,7 +62,9 @@ void HoverLayoutSettingsView::setVisible(std::string_view id, bool isVisible) {
 }
 
 void HoverLayoutSettingsView::reset() {
+    const auto former = manager_.placements.get();
     manager_.resetToDefaults();
+    undo_.offer({"Hover bar reset", [&manager = manager_, former] { manager.restore(former); }});
 }
 
 } // namespace orvelle

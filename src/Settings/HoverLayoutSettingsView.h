@@ -12,6 +12,7 @@
 namespace orvelle {
 
 class ThemeManager;
+class UndoOffer;
 
 /// The page of the settings that places the widgets of the hover bar. Lengths are points.
 class HoverLayoutSettingsView {
@@ -35,8 +36,8 @@ public:
     static constexpr double pickerWidth = 120;
     static constexpr double resetTextSize = 11;
 
-    HoverLayoutSettingsView(HoverLayoutManager& manager, const ThemeManager& theme)
-        : manager_(manager), theme_(theme) {}
+    HoverLayoutSettingsView(HoverLayoutManager& manager, const ThemeManager& theme, UndoOffer& undo)
+        : manager_(manager), theme_(theme), undo_(undo) {}
 
     static std::string_view zoneName(HoverWidgetPosition zone);
 
@@ -54,6 +55,7 @@ private:
 
     HoverLayoutManager& manager_;
     const ThemeManager& theme_;
+    UndoOffer& undo_;
 };
 
 } // namespace orvelle

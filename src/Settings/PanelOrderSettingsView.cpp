@@ -1,6 +1,7 @@
 #include "Settings/PanelOrderSettingsView.h"
 
 #include "Core/ListMove.h"
+#include "Core/UndoOffer.h"
 #include "Features/Theme/ThemeManager.h"
 #include "Models/NotchState.h"
 #include "Models/Symbol.h"
@@ -47,7 +48,9 @@ void PanelOrderSettingsView::toggleVisibility(std::string_view id) {
 }
 
 void PanelOrderSettingsView::reset() {
+    const auto former = manager_.panelOrder.get();
     manager_.resetToDefaults();
+    undo_.offer({"Panels reset", [&manager = manager_, former] { manager.restore(former); }});
 }
 
 } // namespace orvelle

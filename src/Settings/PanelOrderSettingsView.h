@@ -11,6 +11,7 @@
 namespace orvelle {
 
 class ThemeManager;
+class UndoOffer;
 
 /// The page of the settings that orders the panels of the tab bar. Lengths are points.
 class PanelOrderSettingsView {
@@ -32,8 +33,8 @@ public:
     static constexpr double symbolWidth = 16;
     static constexpr double resetTextSize = 11;
 
-    PanelOrderSettingsView(PanelOrderManager& manager, const ThemeManager& theme)
-        : manager_(manager), theme_(theme) {}
+    PanelOrderSettingsView(PanelOrderManager& manager, const ThemeManager& theme, UndoOffer& undo)
+        : manager_(manager), theme_(theme), undo_(undo) {}
 
     std::vector<PanelRow> rows() const;
 
@@ -47,6 +48,7 @@ private:
 
     PanelOrderManager& manager_;
     const ThemeManager& theme_;
+    UndoOffer& undo_;
 };
 
 } // namespace orvelle

@@ -148,6 +148,7 @@ Item {
                 objectName: "control"
                 anchors.verticalCenter: parent.verticalCenter
                 text: root.entry.button
+                textColor: root.entry.isDestructive ? FormStyle.dangerColor : FormStyle.textColor
                 onClicked: root.view.press(root.entry.id)
             }
         }

@@ -113,6 +113,12 @@ SettingsRow SettingsPage::buttonRow(std::string id, std::string title) {
     return row;
 }
 
+SettingsRow SettingsPage::resetRow(std::string id, std::string title) {
+    auto row = buttonRow(std::move(id), std::move(title));
+    row.isDestructive = true;
+    return row;
+}
+
 const SettingsRow* SettingsPage::row(std::string_view id, std::initializer_list<Kind> kinds) const {
     const auto& shown = rows.get();
     const auto found = std::find_if(shown.begin(), shown.end(), [&](const SettingsRow& candidate) {

@@ -54,6 +54,8 @@ protected:
     static SettingsRow gapRow(std::string id);
     static SettingsRow footnoteRow(std::string id, std::string text);
     static SettingsRow buttonRow(std::string id, std::string title);
+    /// A button that takes something away.
+    static SettingsRow resetRow(std::string id, std::string title);
 
     UserDefaults& defaults_;
 

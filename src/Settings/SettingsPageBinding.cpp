@@ -51,6 +51,7 @@ SettingsRowValue rowValue(const SettingsRow& row) {
     value.indent = row.indent;
     value.isOn = row.isOn;
     value.isDimmed = row.isDimmed;
+    value.isDestructive = row.isDestructive;
     value.value = row.value;
     value.lowerBound = row.range.lowerBound;
     value.upperBound = row.range.upperBound;
@@ -123,7 +124,8 @@ std::unique_ptr<SettingsPage> GeneralSettingsBinding::makePage(const ViewEnviron
 
 std::unique_ptr<SettingsPage>
 AppearanceSettingsBinding::makePage(const ViewEnvironment& environment) {
-    return std::make_unique<AppearanceSettingsView>(environment.platform);
+    return std::make_unique<AppearanceSettingsView>(environment.settings.value().undo,
+                                                    environment.platform);
 }
 
 std::unique_ptr<SettingsPage> FeatureSettingsBinding::makePage(const ViewEnvironment& environment) {

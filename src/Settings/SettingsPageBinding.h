@@ -21,6 +21,7 @@ struct SettingsRowValue {
     Q_PROPERTY(double indent MEMBER indent)
     Q_PROPERTY(bool isOn MEMBER isOn)
     Q_PROPERTY(bool isDimmed MEMBER isDimmed)
+    Q_PROPERTY(bool isDestructive MEMBER isDestructive)
     Q_PROPERTY(double value MEMBER value)
     Q_PROPERTY(double lowerBound MEMBER lowerBound)
     Q_PROPERTY(double upperBound MEMBER upperBound)
@@ -45,6 +46,7 @@ public:
     double indent = 0;
     bool isOn = false;
     bool isDimmed = false;
+    bool isDestructive = false;
     double value = 0;
     double lowerBound = 0;
     double upperBound = 1;

@@ -54,7 +54,8 @@ struct SettingsRow {
     std::string detail;
     double indent = 0;
     bool isOn = false;
-    bool isDimmed = false; ///< draws `label` as what cannot be used
+    bool isDimmed = false;      ///< draws `label` as what cannot be used
+    bool isDestructive = false; ///< its button takes something away, and is coloured so
     double value = 0;
     SettingsRange range;
     std::string valueText;

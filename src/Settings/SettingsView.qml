@@ -20,6 +20,11 @@ FocusScope {
     implicitHeight: view.height
     Keys.onEscapePressed: Window.window.close()
     Keys.onPressed: event => {
+        if (event.matches(StandardKey.Undo)) {
+            event.accepted = undoBar.isOffered
+            undoBar.undo()
+            return
+        }
         const isTab = event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab
         if (!isTab || !(event.modifiers & Qt.ControlModifier))
             return
@@ -86,8 +91,26 @@ FocusScope {
         id: page
         objectName: "page"
         anchors.top: line.bottom
-        anchors.bottom: parent.bottom
+        anchors.bottom: undoGround.top
         width: parent.width
         source: view.tabs[root.current].view + ".qml"
+    }
+    Rectangle {
+        id: undoGround
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: undoBar.visible ? 38 : 0
+        color: FormStyle.windowColor
+
+        Divider {
+            width: parent.width
+            visible: parent.height > 0
+        }
+        UndoBar {
+            id: undoBar
+            anchors.centerIn: parent
+            textColor: FormStyle.textColor
+            onKeyboardLeft: bar.forceActiveFocus(Qt.TabFocusReason)
+        }
     }
 }

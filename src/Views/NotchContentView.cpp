@@ -7,6 +7,7 @@
 #include "Features/Theme/ThemeManager.h"
 #include "Models/Symbol.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvelle {
@@ -61,6 +62,12 @@ std::optional<NotchContentView::Border> NotchContentView::borderOverlay() const 
 
 Spring NotchContentView::stateAnimation() const {
     return NotchAnimator::stateSpring(animationSpeed.get());
+}
+
+double NotchContentView::wingWidth() const {
+    constexpr double gap = 8;
+    const double beside = (targetSize().width - notchWidth()) / 2;
+    return std::max(0.0, beside - tabBarPadding - gap);
 }
 
 bool NotchContentView::showsCollapsedView() const {

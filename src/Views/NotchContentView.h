@@ -75,6 +75,7 @@ public:
     static constexpr double tabCornerRadius = 5;
     static constexpr double dividerPadding = 16; ///< on the left and right
     static constexpr double contentPadding = 12;
+    static constexpr double wingTop = 7; ///< of what stands beside the notch, in the open panel
     static constexpr Seconds hudFadeDuration = 0.2; ///< eased in and out
 
     /// What the root draws in a state: one record, so that nobody sees the size of one state with
@@ -102,6 +103,9 @@ public:
     std::optional<Border> borderOverlay() const;
     Spring stateAnimation() const;
     Stage stage() const;
+
+    /// How wide the open panel is beside the notch, from where its tabs begin.
+    double wingWidth() const;
 
     /// The hover bar's view stands in the shape; otherwise the tabbed panel.
     bool showsCollapsedView() const;

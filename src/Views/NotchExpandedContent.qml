@@ -15,11 +15,19 @@ FocusScope {
     Keys.onPressed: event => {
         if (event.key === Qt.Key_F10 && event.modifiers & Qt.ShiftModifier)
             openMenu()
+        if (event.matches(StandardKey.Undo))
+            event.accepted = takeBack()
     }
 
     // Is found in every menu of the panels.
     function commonMenu() {
         return view.contextMenu()
+    }
+    // Also for the fields, which keep the key for what is typed in them. False without an offer.
+    function takeBack() {
+        const isOffered = undoBar.isOffered
+        undoBar.undo()
+        return isOffered
     }
     // That of the panel, else the one that is found beside it.
     function openMenu() {
@@ -33,6 +41,14 @@ FocusScope {
     ContextMenu {
         id: menu
         anchors.fill: parent
+    }
+    UndoBar {
+        id: undoBar
+        x: root.view.tabBarPadding + 6 // beside the notch, where nothing else stands
+        y: root.view.wingTop
+        width: Math.min(implicitWidth, root.view.wingWidth - 6)
+        textColor: Style.textColor
+        onKeyboardLeft: panels.panel?.forceActiveFocus(Qt.TabFocusReason)
     }
     TabBar {
         id: tabs

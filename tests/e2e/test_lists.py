@@ -254,3 +254,23 @@ def test_a_clipboard_of_256_megabytes_holds_nothing_up_and_is_not_kept(start, op
     wait_until(lambda: sorted(names(openbox, "list item")) == ["next", "small"],
                "the copy after it", program.describe)
     assert program.megabytes("VmHWM") < before + 256 / 2
+
+
+def test_a_deleted_task_comes_back_byte_for_byte(start, openbox, environment):
+    program = start(todoEnabled=True)
+    open_panel(program, "Todo")
+    for number, title in enumerate(("one", "two", "three"), 1):
+        type_entry(program, "Add a task...", title)
+        before = wait_for_entries(list_file(environment, "todo_items.json"), number)
+    openbox.keys("Down", "Down", "Delete")
+    path = list_file(environment, "todo_items.json")
+    after = wait_for_entries(path, 2)
+    assert [item["title"] for item in json.loads(after)] == ["one", "three"]
+    wait_until(lambda: "Task deleted" in [node["name"] for node in accessible_nodes(openbox)],
+               "the offer", program.describe)
+    click_on(program, "push button", "Undo")
+    assert wait_for_entries(path, 3) == before
+    openbox.keys("Delete")
+    assert [item["title"] for item in json.loads(wait_for_entries(path, 2))] == ["one", "three"]
+    openbox.keys("ctrl+z")
+    assert wait_for_entries(path, 3) == before

@@ -11,7 +11,7 @@ import pytest
 from Xlib import X
 from Xlib.ext import xtest
 
-from accessible import accessible_nodes, open_panel, resting_place
+from accessible import accessible_nodes, choose_tab, click_on, open_panel, resting_place
 from desktop import HEIGHT, WIDTH, wait_until
 
 EXPANDED = (566, 220)
@@ -346,3 +346,61 @@ def test_a_flick_too_quick_for_a_drag_leaves_nothing_behind(desktop, start, acce
                             for window in desktop.windows_of_class("orvelle")
                             if desktop.is_mapped(window)] == [EXPANDED],
                    "panel without a dragged picture", program.describe)
+
+
+@pytest.fixture
+def filled(shelf):
+    """A shelf with two files."""
+    shelf.mkdir(parents=True)
+    for name in ("a.txt", "b.txt"):
+        (shelf / name).write_text(name)
+    (shelf / ".shelf_metadata.json").write_text(json.dumps(
+        [{"urlPath": str(shelf / name), "addedAt": 0, "expiresAt": 4e9}
+         for name in ("a.txt", "b.txt")]))
+    return shelf
+
+
+def remove_first(desktop, program):
+    """From the open shelf, by the keyboard."""
+    desktop.move_pointer(*resting_place(desktop, "a.txt", "list item"))
+    desktop.click()
+    wait_until(lambda: any(node["name"] == "a.txt" and node["focused"]
+                           for node in accessible_nodes(desktop)), "focus on the file",
+               program.describe)
+    desktop.keys("Delete")
+    wait_until(lambda: listed(desktop) == ["b.txt"], "one file", program.describe)
+
+
+def test_a_removed_file_comes_back_or_goes_with_the_offer(openbox, start, filled,
+                                                         accessibility_bus):
+    program = start()
+    open_panel(program, "Files")
+    wait_until(lambda: listed(openbox) == ["a.txt", "b.txt"], "both files", program.describe)
+    listing = (filled / ".shelf_metadata.json").read_bytes()
+    remove_first(openbox, program)
+    click_on(program, "push button", "Undo")
+    wait_until(lambda: listed(openbox) == ["a.txt", "b.txt"], "both files", program.describe)
+    assert (filled / "a.txt").read_text() == "a.txt"
+    assert (filled / ".shelf_metadata.json").read_bytes() == listing
+    remove_first(openbox, program)
+    began = time.monotonic()
+    wait_until(lambda: not (filled / "a.txt").exists(), "the end of the offer", program.describe)
+    assert time.monotonic() - began > 4
+    assert (filled / "b.txt").exists()
+
+
+@pytest.mark.parametrize("end", ["tab", "program"])
+def test_a_removed_file_goes_at_once_with_its_tab_and_the_program(openbox, start, filled, end,
+                                                                 accessibility_bus):
+    program = start()
+    open_panel(program, "Files")
+    remove_first(openbox, program)
+    assert (filled / "a.txt").exists()
+    began = time.monotonic()
+    if end == "tab":
+        choose_tab(program, "Clock")
+    else:
+        program.stop()
+    wait_until(lambda: not (filled / "a.txt").exists(), "the file's end", program.describe)
+    assert time.monotonic() - began < 5, "sooner than the offer's time"
+    assert (filled / "b.txt").exists()

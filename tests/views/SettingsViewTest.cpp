@@ -92,13 +92,14 @@ protected:
     }
 
     UpdateChecker updateChecker{platform};
+    UndoOffer settingsUndo{platform.runLoopPort};
     int reports = 0;
-    ViewEngine engine{
-        ViewEnvironment{environment,
-                        platform,
-                        {},
-                        SettingsEnvironment{environment, updateChecker, [this] { ++reports; }},
-                        {}}};
+    ViewEngine engine{ViewEnvironment{
+        environment,
+        platform,
+        {},
+        SettingsEnvironment{environment, updateChecker, settingsUndo, [this] { ++reports; }},
+        {}}};
     QQuickWindow shell;
     KeyboardWalk keyboard{shell};
     std::unique_ptr<QQuickItem> settings;
@@ -413,6 +414,34 @@ TEST_F(SettingsViewTest, EscapeClosesAListThenClearsASearchThenClosesTheWindow) 
     EXPECT_TRUE(shell.isVisible());
     key(Qt::Key_Escape);
     EXPECT_FALSE(shell.isVisible());
+}
+
+TEST_F(SettingsViewTest, AResetIsRedAndUndoneWhereItWasDone) {
+    platform.userDefaultsPort.set("scrollSensitivity", 12.0);
+    turn();
+    auto* reset = control(QStringLiteral("resetDefaults"));
+    EXPECT_EQ(reset->property("textColor").value<QColor>(), toQt(colors::red));
+    EXPECT_FALSE(find(QStringLiteral("undoBar"))->isVisible());
+    focus(reset); // which scrolls there
+    press(reset);
+    EXPECT_EQ(platform.userDefaultsPort.number("scrollSensitivity"), 5);
+    auto* button = find(QStringLiteral("undoButton"));
+    ASSERT_TRUE(button->isVisible());
+    picture("settings-undo", shell);
+    const auto bar = button->mapRectToScene(button->boundingRect());
+    auto* page = find(QStringLiteral("page"));
+    EXPECT_FALSE(bar.intersects(page->mapRectToScene(page->boundingRect()))) << "it covers nothing";
+    ASSERT_TRUE(keyboard.leadsTo(button));
+    EXPECT_TRUE(keyboard.canBeSeenOn(button));
+    key(Qt::Key_Return);
+    EXPECT_EQ(platform.userDefaultsPort.number("scrollSensitivity"), 12);
+    EXPECT_FALSE(button->isVisible());
+    EXPECT_EQ(page->mapRectToScene(page->boundingRect()).bottom(), 500);
+    focus(reset);
+    key(Qt::Key_Return);
+    EXPECT_EQ(platform.userDefaultsPort.number("scrollSensitivity"), 5);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(platform.userDefaultsPort.number("scrollSensitivity"), 12);
 }
 
 } // namespace

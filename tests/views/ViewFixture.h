@@ -3,6 +3,7 @@
 #include "Core/HoverLayoutManager.h"
 #include "Core/NotchEnvironment.h"
 #include "Core/PanelOrderManager.h"
+#include "Core/UndoOffer.h"
 #include "Features/Battery/BatteryManager.h"
 #include "Features/Calendar/CalendarManager.h"
 #include "Features/Clipboard/ClipboardManager.h"
@@ -102,6 +103,7 @@ protected:
     MirrorManager mirror{platform};
     HoverLayoutManager hoverLayout{platform};
     PanelOrderManager panelOrder{platform};
+    PanelUndoOffer undo{notchState, platform.runLoopPort};
     NotchEnvironment environment{notchState,
                                  media,
                                  fileShelf,
@@ -120,6 +122,7 @@ protected:
                                  mirror,
                                  hoverLayout,
                                  panelOrder,
+                                 undo,
                                  [this] { ++settingsOpened; },
                                  [this] { ++panelClosed; }};
     HeldAnimations animations; ///< they move with the tests' steps, not with the clock

@@ -1,6 +1,7 @@
 #include "Features/Clipboard/ClipboardHistoryView.h"
 
 #include "App/Constants.h"
+#include "Core/RemovedRecords.h"
 #include "Features/Clipboard/ClipboardManager.h"
 #include "Models/Symbol.h"
 #include "Platform/Formatting.h"
@@ -89,7 +90,7 @@ void ClipboardHistoryView::copy(UUID id) {
 
 void ClipboardHistoryView::remove(UUID id) {
     if (const auto* item = find(manager_, id))
-        manager_.deleteItem(*item);
+        removeWithUndo(undo_, manager_, "Text deleted", [&] { manager_.deleteItem(*item); });
 }
 
 } // namespace orvelle

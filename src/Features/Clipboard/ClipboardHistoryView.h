@@ -15,6 +15,7 @@
 namespace orvelle {
 
 class ClipboardManager;
+class UndoOffer;
 
 /// The clipboard's panel: a search field over the texts that were copied. Lengths are points.
 class ClipboardHistoryView {
@@ -42,9 +43,9 @@ public:
         bool operator==(const ClipboardItemRow&) const = default;
     };
 
-    explicit ClipboardHistoryView(ClipboardManager& manager,
-                                  Platform& platform = Platform::shared())
-        : manager_(manager), platform_(platform) {}
+    ClipboardHistoryView(ClipboardManager& manager, UndoOffer& undo,
+                         Platform& platform = Platform::shared())
+        : manager_(manager), undo_(undo), platform_(platform) {}
 
     static constexpr double spacing = 8;
     static constexpr double searchPadding = 8;
@@ -73,6 +74,7 @@ private:
     ClipboardItemRow row(const ClipboardItem& item) const;
 
     ClipboardManager& manager_;
+    UndoOffer& undo_;
     Platform& platform_;
 };
 

@@ -92,4 +92,12 @@ void ClipboardManager::deleteItem(const ClipboardItem& item) {
     });
 }
 
+void ClipboardManager::restore(const RemovedRecords<ClipboardItem>& removed) {
+    items.update([&](auto& list) {
+        removed.restoreTo(list, NewRecords::first);
+        if (list.size() > maximumItems)
+            list.resize(maximumItems);
+    });
+}
+
 } // namespace orvelle

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Core/RemovedRecords.h"
 #include "Features/Clipboard/ClipboardSearch.h"
 #include "Models/ClipboardItem.h"
 #include "Platform/FrontmostApplication.h"
@@ -39,6 +40,8 @@ public:
     std::vector<ClipboardItem> itemsContaining(std::string_view text);
     /// Every item with the same identifier.
     void deleteItem(const ClipboardItem& item);
+    /// The oldest go where there is no room for all.
+    void restore(const RemovedRecords<ClipboardItem>& removed);
 
 private:
     void capture(std::string text, const std::optional<ApplicationIdentity>& source);

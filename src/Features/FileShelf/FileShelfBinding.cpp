@@ -1,5 +1,6 @@
 #include "Features/FileShelf/FileShelfBinding.h"
 
+#include "Core/UndoOffer.h"
 #include "Features/FileShelf/FileShelfManager.h"
 #include "Platform/FileIcons.h"
 
@@ -40,11 +41,11 @@ QPixmap pixmapFrom(const Image& picture, double devicePixelRatio) {
 
 void FileShelfBinding::attach(const ViewEnvironment& environment) {
     auto& manager = environment.notch.fileShelfManager;
-    view_.emplace(manager, environment.platform);
+    view_.emplace(manager, environment.platform, &environment.notch.undo);
     icons_ = &environment.platform.fileIcons();
     state_ = &environment.notch.notchState;
     takeKeyboard_ = environment.takeKeyboard;
-    follow(manager.items, state_->isDragSessionActive);
+    follow(manager.items, state_->isDragSessionActive, environment.notch.undo.text);
 }
 
 void FileShelfBinding::refresh() {

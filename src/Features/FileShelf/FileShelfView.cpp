@@ -1,5 +1,6 @@
 #include "Features/FileShelf/FileShelfView.h"
 
+#include "Core/UndoOffer.h"
 #include "Features/FileShelf/AirDropHelper.h"
 #include "Features/FileShelf/FileShelfManager.h"
 #include "Models/Symbol.h"
@@ -30,11 +31,19 @@ double AdaptiveColumns::columnWidth(double width) const {
     return (width - spacing * (columns - 1)) / columns;
 }
 
-FileShelfView::FileShelfView(FileShelfManager& manager, Platform& platform)
-    : manager_(manager), platform_(platform) {}
+FileShelfView::FileShelfView(FileShelfManager& manager, Platform& platform, UndoOffer* undo)
+    : manager_(manager), platform_(platform), undo_(undo) {}
+
+std::vector<const ShelfItem*> FileShelfView::items() const {
+    std::vector<const ShelfItem*> shown;
+    for (const auto& item : manager_.items.get())
+        if (!undo_ || !undo_->holdsBack(item.id))
+            shown.push_back(&item);
+    return shown;
+}
 
 bool FileShelfView::isEmpty() const {
-    return manager_.items->empty();
+    return items().empty();
 }
 
 StyledSymbol FileShelfView::emptySymbol() const {
@@ -51,11 +60,11 @@ Color FileShelfView::dropOutlineColor(bool isDragSessionActive) const {
 
 std::vector<ShelfItemCell> FileShelfView::cells() const {
     std::vector<ShelfItemCell> cells;
-    for (const auto& item : manager_.items.get())
+    for (const auto* item : items())
         cells.push_back(
-            {item.id,
-             item.icon,
-             {item.name, {ShelfItemCell::nameSize, FontWeight::regular, notchSecondary}}});
+            {item->id,
+             item->icon,
+             {item->name, {ShelfItemCell::nameSize, FontWeight::regular, notchSecondary}}});
     return cells;
 }
 
@@ -69,14 +78,16 @@ StyledText FileShelfView::shareAllText() const {
 
 void FileShelfView::shareAll() {
     std::vector<std::string> urls;
-    for (const auto& item : manager_.items.get())
-        urls.push_back(item.url);
+    for (const auto* item : items())
+        urls.push_back(item->url);
     AirDropHelper::share(urls, {}, platform_);
 }
 
 const ShelfItem* FileShelfView::item(UUID id) const {
-    const auto found = std::ranges::find(manager_.items.get(), id, &ShelfItem::id);
-    return found == manager_.items->end() ? nullptr : &*found;
+    for (const auto* item : items())
+        if (item->id == id)
+            return item;
+    return nullptr;
 }
 
 void FileShelfView::open(UUID id) {
@@ -100,16 +111,25 @@ void FileShelfView::share(UUID id) {
 }
 
 void FileShelfView::remove(UUID id) {
-    if (const auto* file = item(id))
-        manager_.removeFile(ShelfItem(*file));
+    const auto* file = item(id);
+    if (!file)
+        return;
+    const auto removeForGood = [&manager = manager_, id] {
+        const auto& items = manager.items.get();
+        const auto left = std::ranges::find(items, id, &ShelfItem::id);
+        if (left != items.end())
+            manager.removeFile(ShelfItem(*left));
+    };
+    if (undo_)
+        undo_->offer({"File removed", [] {}, removeForGood, id});
+    else
+        removeForGood();
 }
 
 std::vector<MenuEntry> FileShelfView::contextMenu(UUID id) const {
     // The menu may outlive the view that opened it.
-    const auto act = [&manager = manager_, &platform = platform_,
-                      id](void (FileShelfView::*action)(UUID)) {
-        return
-            [&manager, &platform, id, action] { (FileShelfView(manager, platform).*action)(id); };
+    const auto act = [view = *this, id](void (FileShelfView::*action)(UUID)) {
+        return [view, id, action]() mutable { (view.*action)(id); };
     };
     return {
         {"Open", act(&FileShelfView::open)},
@@ -131,6 +151,9 @@ std::optional<FileShelfView::ItemProvider> FileShelfView::dragItem(UUID id) cons
 }
 
 bool FileShelfView::handleDrop(const std::vector<DroppedProvider>& providers) {
+    // What is held back would take its room, or the file of its name.
+    if (undo_)
+        undo_->finish();
     const auto take = [&manager = manager_, &platform = platform_](DroppedProvider::Item item) {
         const auto* url = std::get_if<DroppedProvider::URL>(&item);
         const auto* data = std::get_if<DroppedProvider::DataRepresentation>(&item);

@@ -20,6 +20,7 @@
 namespace orvelle {
 
 class FileShelfManager;
+class UndoOffer;
 struct ShelfItem;
 
 /// A file of the grid: its icon over its name. Lengths are points.
@@ -68,7 +69,9 @@ public:
         std::function<void(std::function<void(Item)> loaded)> loadItem;
     };
 
-    explicit FileShelfView(FileShelfManager& manager, Platform& platform = Platform::shared());
+    /// With `undo` a file that is removed is not seen any more, and gone with the offer.
+    explicit FileShelfView(FileShelfManager& manager, Platform& platform = Platform::shared(),
+                           UndoOffer* undo = nullptr);
 
     static constexpr AdaptiveColumns columns{60, 8};
     static constexpr double gridSpacing = 12; ///< between rows
@@ -113,10 +116,13 @@ public:
     [[nodiscard]] Subscription paste();
 
 private:
+    /// Without what is held back.
+    std::vector<const ShelfItem*> items() const;
     const ShelfItem* item(UUID id) const;
 
     FileShelfManager& manager_;
     Platform& platform_;
+    UndoOffer* undo_;
 };
 
 } // namespace orvelle

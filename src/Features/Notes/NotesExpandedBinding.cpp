@@ -7,7 +7,8 @@ namespace orvelle {
 
 void NotesExpandedBinding::attach(const ViewEnvironment& environment) {
     auto& manager = environment.notch.notesManager;
-    view_ = std::make_unique<NotesExpandedView>(manager, environment.platform);
+    view_ =
+        std::make_unique<NotesExpandedView>(manager, environment.notch.undo, environment.platform);
     follow(manager.items);
 }
 

@@ -1,5 +1,6 @@
 #include "Features/Notes/NotesExpandedView.h"
 
+#include "Core/RemovedRecords.h"
 #include "Features/Notes/NotesManager.h"
 #include "Models/Symbol.h"
 #include "Platform/Pasteboard.h"
@@ -30,7 +31,10 @@ std::vector<EntryList::Row> NotesExpandedView::rows() const {
 }
 
 std::vector<MenuEntry> NotesExpandedView::contextMenu() const {
-    return {{"Clear All Notes", [&manager = manager_] { manager.clear(); }}};
+    const auto clear = [&manager = manager_, &undo = undo_] {
+        removeWithUndo(undo, manager, "All notes cleared", [&manager] { manager.clear(); });
+    };
+    return {{.title = "Clear All Notes", .perform = clear, .isDestructive = true}};
 }
 
 void NotesExpandedView::addNote(std::string_view text) {
@@ -44,7 +48,8 @@ void NotesExpandedView::copyNote(UUID id) {
 }
 
 void NotesExpandedView::performTrailing(UUID id) {
-    manager_.removeItem({.id = id, .text = {}, .createdAt = {}});
+    removeWithUndo(undo_, manager_, "Note deleted",
+                   [&] { manager_.removeItem({.id = id, .text = {}, .createdAt = {}}); });
 }
 
 } // namespace orvelle

@@ -7,12 +7,14 @@
 namespace orvelle {
 
 class NotesManager;
+class UndoOffer;
 
 /// The panel of the notes.
 class NotesExpandedView : public EntryList {
 public:
-    explicit NotesExpandedView(NotesManager& manager, Platform& platform = Platform::shared())
-        : manager_(manager), platform_(platform) {}
+    NotesExpandedView(NotesManager& manager, UndoOffer& undo,
+                      Platform& platform = Platform::shared())
+        : manager_(manager), undo_(undo), platform_(platform) {}
 
     std::string_view prompt() const override { return "Add a note..."; }
     FilePlaceholder emptyState() const override;
@@ -30,6 +32,7 @@ private:
     void copyNote(UUID id);
 
     NotesManager& manager_;
+    UndoOffer& undo_;
     Platform& platform_;
 };
 

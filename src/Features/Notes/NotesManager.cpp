@@ -35,6 +35,11 @@ void NotesManager::removeItem(const NoteItem& item) {
     saveItems();
 }
 
+void NotesManager::restore(const RemovedRecords<NoteItem>& removed) {
+    items.update([&](auto& list) { removed.restoreTo(list, NewRecords::first); });
+    saveItems();
+}
+
 void NotesManager::clear() {
     items = std::vector<NoteItem>();
     saveItems();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Core/ListFile.h"
+#include "Core/RemovedRecords.h"
 #include "Models/NoteItem.h"
 #include "Platform/Log.h"
 #include "Platform/Platform.h"
@@ -24,6 +25,7 @@ public:
     void addItem(std::string_view text);
     /// The item with the same identifier.
     void removeItem(const NoteItem& item);
+    void restore(const RemovedRecords<NoteItem>& removed);
     void clear();
 
 private:

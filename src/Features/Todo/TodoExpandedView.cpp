@@ -1,5 +1,6 @@
 #include "Features/Todo/TodoExpandedView.h"
 
+#include "Core/RemovedRecords.h"
 #include "Extensions/ColorTheme.h"
 #include "Features/Todo/TodoManager.h"
 #include "Models/Symbol.h"
@@ -39,7 +40,11 @@ std::vector<MenuEntry> TodoExpandedView::contextMenu() const {
     if (std::none_of(items.begin(), items.end(),
                      [](const TodoItem& item) { return item.isCompleted; }))
         return {};
-    return {{"Clear Completed", [&manager = manager_] { manager.clearCompleted(); }}};
+    const auto clear = [&manager = manager_, &undo = undo_] {
+        removeWithUndo(undo, manager, "Completed tasks cleared",
+                       [&manager] { manager.clearCompleted(); });
+    };
+    return {{.title = "Clear Completed", .perform = clear, .isDestructive = true}};
 }
 
 void TodoExpandedView::add(std::string_view text) {
@@ -51,7 +56,8 @@ void TodoExpandedView::performLeading(UUID id) {
 }
 
 void TodoExpandedView::performTrailing(UUID id) {
-    manager_.removeItem({.id = id, .title = {}, .createdAt = {}});
+    removeWithUndo(undo_, manager_, "Task deleted",
+                   [&] { manager_.removeItem({.id = id, .title = {}, .createdAt = {}}); });
 }
 
 } // namespace orvelle

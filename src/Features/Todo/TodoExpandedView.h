@@ -6,11 +6,12 @@
 namespace orvelle {
 
 class TodoManager;
+class UndoOffer;
 
 /// The checklist's panel.
 class TodoExpandedView : public EntryList {
 public:
-    explicit TodoExpandedView(TodoManager& manager) : manager_(manager) {}
+    TodoExpandedView(TodoManager& manager, UndoOffer& undo) : manager_(manager), undo_(undo) {}
 
     std::string_view prompt() const override { return "Add a task..."; }
     FilePlaceholder emptyState() const override;
@@ -26,6 +27,7 @@ private:
     static Row todoRowContent(const TodoItem& item);
 
     TodoManager& manager_;
+    UndoOffer& undo_;
 };
 
 } // namespace orvelle

@@ -47,6 +47,11 @@ void TodoManager::removeItem(const TodoItem& item) {
     saveItems();
 }
 
+void TodoManager::restore(const RemovedRecords<TodoItem>& removed) {
+    items.update([&](auto& list) { removed.restoreTo(list, NewRecords::last); });
+    saveItems();
+}
+
 void TodoManager::clearCompleted() {
     items.update([](auto& list) {
         std::erase_if(list, [](const TodoItem& each) { return each.isCompleted; });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Core/ListFile.h"
+#include "Core/RemovedRecords.h"
 #include "Models/TodoItem.h"
 #include "Platform/Log.h"
 #include "Platform/Platform.h"
@@ -25,6 +26,7 @@ public:
     /// The item with the same identifier; nothing when there is none.
     void toggleItem(const TodoItem& item);
     void removeItem(const TodoItem& item);
+    void restore(const RemovedRecords<TodoItem>& removed);
     /// Saves even when nothing was completed.
     void clearCompleted();
 

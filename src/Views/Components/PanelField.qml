@@ -23,6 +23,13 @@ FocusScope {
     function placeAt(mouse) {
         return input.positionAt(mouse.x - input.x, input.height / 2)
     }
+    // What was taken away around the field, where nothing typed can be undone. False without it.
+    function takeBack() {
+        for (let ancestor = parent; ancestor; ancestor = ancestor.parent)
+            if (ancestor.takeBack)
+                return ancestor.takeBack()
+        return false
+    }
 
     implicitHeight: input.implicitHeight
 
@@ -64,10 +71,11 @@ FocusScope {
             }
         }
         Keys.onPressed: event => {
-            if (!event.matches(StandardKey.Paste))
-                return
             event.accepted = true
-            clipboard.paste()
+            if (event.matches(StandardKey.Paste))
+                clipboard.paste()
+            else if (!event.matches(StandardKey.Undo) || canUndo || !root.takeBack())
+                event.accepted = false
         }
     }
     Text {

@@ -13,7 +13,8 @@ using Labels = std::vector<std::string>;
 
 class AppearanceSettingsViewTest : public AppFixture {
 protected:
-    AppearanceSettingsView page{platform};
+    UndoOffer undo{platform.runLoopPort};
+    AppearanceSettingsView page{undo, platform};
 
     SettingsRow row(std::string_view id) { return rowOf(page, id); }
     std::vector<std::pair<std::string, std::string>> choices(std::string_view id) {

@@ -15,8 +15,9 @@ protected:
     SimulatedPlatform platform;
     TodoManager todo{platform};
     NotesManager notes{platform};
-    TodoExpandedView todoView{todo};
-    NotesExpandedView notesView{notes, platform};
+    UndoOffer undo{platform.runLoopPort};
+    TodoExpandedView todoView{todo, undo};
+    NotesExpandedView notesView{notes, undo, platform};
 };
 
 TEST_F(EntryListTest, ATaskCanBeDoneAndACompletedOneUndone) {

@@ -29,7 +29,8 @@ protected:
 
     SimulatedPlatform platform;
     ClipboardManager manager{platform};
-    ClipboardHistoryView view{manager, platform};
+    UndoOffer undo{platform.runLoopPort};
+    ClipboardHistoryView view{manager, undo, platform};
 };
 
 TEST_F(ClipboardHistoryViewTest, TheSearchDisregardsCaseAndLooksAtTheContentAlone) {
