@@ -86,8 +86,8 @@ private:
 /// Takes records out of a manager's list, and offers them back.
 template <class Manager, class Take>
 void removeWithUndo(UndoOffer& undo, Manager& manager, std::string text, Take take) {
-    using Records = std::remove_cvref_t<decltype(manager.items.get())>;
-    using Removed = RemovedRecords<typename Records::value_type>;
+    using List = std::remove_cvref_t<decltype(manager.items.get())>;
+    using Removed = RemovedRecords<typename List::value_type>;
     const auto before = manager.items.get();
     take();
     auto removed = Removed::between(before, manager.items.get());
