@@ -1,6 +1,8 @@
 #include "Platform/Simulated/DemoPortrait.h"
 #include "views/ViewFixture.h"
 
+#include <qpa/qwindowsysteminterface.h>
+
 namespace orvelle {
 
 class MirrorPanelTest : public ViewFixture {
@@ -44,6 +46,16 @@ TEST_F(MirrorPanelTest, runsNoCameraWhileItsWindowIsAway) {
     turn();
     EXPECT_FALSE(mirror.isSessionRunning);
     window.show();
+    EXPECT_TRUE(eventually([&] { return mirror.isSessionRunning; }));
+}
+
+TEST_F(MirrorPanelTest, runsNoCameraInAWindowThatAnotherProgramTookAway) {
+    using Windows = QWindowSystemInterface;
+    show(ActivePanel::mirror);
+    Windows::handleExposeEvent<Windows::SynchronousDelivery>(&window, QRegion());
+    EXPECT_TRUE(window.isVisible()) << "as far as the window knows";
+    EXPECT_FALSE(mirror.isSessionRunning);
+    Windows::handleExposeEvent<Windows::SynchronousDelivery>(&window, QRect({}, window.size()));
     EXPECT_TRUE(mirror.isSessionRunning);
 }
 
@@ -52,7 +64,7 @@ TEST_F(MirrorPanelTest, runsNoCameraInAWindowThatIsNotShownYet) {
     show(ActivePanel::mirror);
     EXPECT_FALSE(mirror.isSessionRunning);
     window.show();
-    EXPECT_TRUE(mirror.isSessionRunning);
+    EXPECT_TRUE(eventually([&] { return mirror.isSessionRunning; }));
 }
 
 TEST_F(MirrorPanelTest, permissionThatComesWhileTheWindowIsAwayStartsNothing) {

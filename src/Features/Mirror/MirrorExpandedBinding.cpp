@@ -2,6 +2,7 @@
 
 #include "Features/Mirror/MirrorManager.h"
 
+#include <QEvent>
 #include <QScreen>
 
 namespace orvelle {
@@ -41,10 +42,13 @@ void MirrorExpandedBinding::setShown(bool isShown) {
 void MirrorExpandedBinding::setWindow(QWindow* window) {
     if (window == window_)
         return;
-    if (window_)
+    if (window_) {
         disconnect(window_, nullptr, this, nullptr);
+        window_->removeEventFilter(this);
+    }
     window_ = window;
     if (window_) {
+        window_->installEventFilter(this);
         connect(window_, &QWindow::visibleChanged, this, [this] { runCamera(); });
         connect(window_, &QWindow::screenChanged, this, [this] { followScreen(); });
     }
@@ -60,10 +64,17 @@ void MirrorExpandedBinding::followScreen() {
     runCamera();
 }
 
+/// Another program may take the window from the screen, of which the window hears by this alone.
+bool MirrorExpandedBinding::eventFilter(QObject* window, QEvent* event) {
+    if (window == window_ && event->type() == QEvent::Expose)
+        runCamera();
+    return Binding::eventFilter(window, event);
+}
+
 bool MirrorExpandedBinding::isOnScreen() const {
     // An empty screen stands in while none is connected.
-    return isShown_ && window_ && window_->isVisible() && window_->screen() &&
-           !window_->screen()->geometry().isEmpty();
+    return isShown_ && window_ && window_->isVisible() && window_->isExposed() &&
+           window_->screen() && !window_->screen()->geometry().isEmpty();
 }
 
 void MirrorExpandedBinding::runCamera() {

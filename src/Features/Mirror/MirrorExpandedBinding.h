@@ -57,6 +57,7 @@ protected:
     void refresh() override;
 
 private:
+    bool eventFilter(QObject* window, QEvent* event) override;
     bool isOnScreen() const;
     void followScreen();
     void runCamera();
