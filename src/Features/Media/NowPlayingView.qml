@@ -5,8 +5,13 @@ import Orvelle
 Item {
     id: root
 
+    readonly property HelpTip helpTip: help
+
     NowPlayingBinding {
         id: view
+    }
+    HelpTip {
+        id: help
     }
     Loader {
         anchors.fill: parent
@@ -99,18 +104,14 @@ Item {
                 Row {
                     anchors.horizontalCenter: parent.horizontalCenter
                     spacing: 16
-                    z: 1 // the help covers what is below
-
                     // Takes the pointer for its button, which hears nothing while it is disabled.
                     Item {
                         implicitWidth: love.implicitWidth
                         implicitHeight: love.implicitHeight
                         anchors.verticalCenter: parent.verticalCenter
-                        z: 1
 
                         SymbolButton {
                             id: love
-                            readonly property string helpText: help
 
                             objectName: "loveButton"
                             name: view.loveButton.help
@@ -120,11 +121,9 @@ Item {
                             enabled: view.loveButton.isEnabled
                             onClicked: view.toggleLove()
                         }
-                        HoverHandler {
-                            onHoveredChanged: hovered ? tip.offer(love) : tip.withdraw(love)
-                        }
-                        HelpTip {
-                            id: tip
+                        HelpSpot {
+                            helpText: love.help
+                            subject: love
                         }
                     }
                     TransportButtons {
