@@ -6,7 +6,8 @@
 
 namespace orvelle {
 
-/// Milliseconds of this thread that the work takes; what other programs do meanwhile does not count.
+/// Milliseconds of this thread that the work takes; what other programs do meanwhile does not
+/// count.
 template <class Work>
 double threadMilliseconds(Work work) {
     const auto now = [] {

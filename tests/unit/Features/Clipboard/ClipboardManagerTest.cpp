@@ -114,33 +114,37 @@ protected:
     static constexpr double slowness = 1;
 #endif
 
-    static std::string megabyte(std::size_t number, std::string_view letters) {
-        std::string text = std::to_string(number);
+    static std::string megabyte(std::string_view letters) {
+        std::string text;
         while (text.size() < 1'000'000)
             text.append(letters);
         return text;
     }
-    /// Fills the history, and tells how long its captures take.
-    double fill(std::string_view letters) {
-        std::vector<double> times;
-        for (std::size_t number = 0; number <= ClipboardManager::maximumItems; ++number) {
-            pasteboard().copy(megabyte(number, letters));
-            times.push_back(threadMilliseconds([&] { manager.checkForChanges(); }));
-            tick();
-        }
-        EXPECT_EQ(manager.items->size(), ClipboardManager::maximumItems);
-        return median(times);
-    }
 };
 
 TEST_F(FullClipboardTest, ACaptureTakesLessThanFiveMilliseconds) {
-    for (const char* letters : {"the five boxing wizards jump quickly, ", "a", "été à l’hôtel "})
-        EXPECT_LT(fill(letters), 5 * slowness) << letters;
+    for (const char* letters : {"the five boxing wizards jump quickly, ", "a", "été à l’hôtel "}) {
+        auto text = megabyte(letters);
+        std::vector<double> times;
+        for (int count = 0; count < 5; ++count) {
+            text += 'x';
+            pasteboard().copy(text);
+            times.push_back(threadMilliseconds([&] { manager.checkForChanges(); }));
+            EXPECT_EQ(manager.items->front().content.size(), text.size());
+        }
+        EXPECT_LT(median(times), 5 * slowness) << letters;
+    }
 }
 
 TEST_F(FullClipboardTest, AKeyOfTheSearchTakesLessThanThirtyMilliseconds) {
     for (const char* letters : {"the five boxing wizards jump ", "été à l’hôtel "}) {
-        fill(letters);
+        std::vector<ClipboardItem> list(ClipboardManager::maximumItems);
+        for (auto& item : list) {
+            item.id = UUID::random();
+            item.content = megabyte(letters);
+        }
+        manager.items = std::move(list);
+        platform.runLoopPort.runPosted(); // the background is done
         for (const char* key : {"q", "Q", "ü", "e", "€"}) {
             std::vector<double> times;
             for (int count = 0; count < 3; ++count)
