@@ -574,5 +574,17 @@ TEST_F(MediaManagerTest, EachMissingEntryPointIsNamed) {
     }
 }
 
+TEST_F(MediaManagerTest, WithoutGetIsPlayingTheRateAloneTells) {
+    for (const double rate : {0.0, 1.0, -1.0}) {
+        IncompleteService machine([](auto& functions) { functions.getIsPlaying = nullptr; });
+        auto info = track("Song");
+        info.insert_or_assign(std::string(NowPlayingKey::playbackRate), rate);
+        machine.platform.nowPlayingPort.info = info;
+        machine.manager->start();
+        machine.platform.runLoopPort.runPosted();
+        EXPECT_EQ(machine.manager->currentMedia->isPlaying, rate > 0) << rate;
+    }
+}
+
 } // namespace
 } // namespace orvelle

@@ -326,8 +326,7 @@ TEST_F(MediaViewsTest, ATrackStandsInItsSizesBesideItsCover) {
     manager().currentMedia = song();
     EXPECT_EQ(view().appName(), (StyledText{"Spotify", {9, FontWeight::medium, notchTertiary}}));
     EXPECT_EQ(view().title(), (StyledText{"Song", {13, FontWeight::bold, notchAccent}}));
-    EXPECT_EQ(view().artist().text, "Singer");
-    EXPECT_EQ(view().artist().style.color, notchSecondary);
+    EXPECT_EQ(view().artist(), (StyledText{"Singer", {11, FontWeight::regular, notchSecondary}}));
     EXPECT_EQ(view().elapsed(), (StyledText{"0:50", {10, FontWeight::regular, notchTertiary}}));
     EXPECT_EQ(view().duration().text, "3:20");
     const auto cover = view().artworkView();
@@ -379,6 +378,7 @@ TEST_F(MediaViewsTest, TheControlsHaveASmallCoverAndATitleOfBoundedWidth) {
     EXPECT_EQ(cover.symbol, (StyledSymbol{"music.note", 10, notchSecondary}));
     EXPECT_EQ(manager().collapsedView().title().text.style.size, 11);
     EXPECT_EQ(MediaControlsView::titleWidth, 120);
+    EXPECT_EQ(manager().collapsedView().playButton().size, 11);
     EXPECT_EQ(MediaControlsView::horizontalPadding, 8);
     EXPECT_EQ(MediaControlsView::verticalPadding, 6);
 }

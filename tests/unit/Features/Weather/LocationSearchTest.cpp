@@ -163,6 +163,13 @@ TEST(ServiceRoots, TheEnvironmentReplacesEachRoot) {
     EXPECT_EQ(roots.site, ServiceRoots().site);
 }
 
+TEST(LocationSearch, IsAtRestBeforeTheFirstText) {
+    SimulatedPlatform platform;
+    const LocationSearch search(platform);
+    EXPECT_FALSE(search.isSearching);
+    EXPECT_TRUE(search.locationSearchResults->empty());
+}
+
 TEST(GeocodingResponse, IsAnObjectOrNothing) {
     for (const char* body : {"[]", "7", "nonsense", ""})
         EXPECT_FALSE(GeocodingResponse::decode(body).record) << body;

@@ -626,5 +626,30 @@ TEST_F(WeatherManagerTest, BodiesThatAreNoDocumentAreRefused) {
     }
 }
 
+TEST_F(WeatherManagerTest, AnIntervalOfNoUseNeitherFloodsTheServiceNorEndsTheRefreshes) {
+    manager().start();
+    manager().lastLocation = paris;
+    defaults.set("weatherUpdateIntervalMinutes", 0.0001);
+    auto requests = http.requests.size();
+    platform.runLoopPort.advance(10);
+    EXPECT_EQ(http.requests.size(), requests + 10) << "once a second at most";
+    defaults.set("weatherUpdateIntervalMinutes", 1e9);
+    requests = http.requests.size();
+    platform.runLoopPort.advance(7 * 86400 - 1);
+    EXPECT_EQ(http.requests.size(), requests);
+    platform.runLoopPort.advance(1);
+    EXPECT_EQ(http.requests.size(), requests + 1) << "once a week at least";
+}
+
+TEST_F(WeatherManagerTest, AReplyOfAnotherFormSaysSo) {
+    manager().lastLocation = paris;
+    for (const char* body : {"[]", "7", "nonsense"}) {
+        manager().refreshWeather();
+        EXPECT_EQ(outputOf([&] { answer(body); }), std::string("WeatherManager: Fetch failed: ") +
+                                                       JsonRecord::isInWrongFormat + "\n")
+            << body;
+    }
+}
+
 } // namespace
 } // namespace orvelle
