@@ -93,9 +93,8 @@ void removeWithUndo(UndoOffer& undo, Manager& manager, std::string text, Take ta
     auto removed = Removed::between(before, manager.items.get());
     if (removed.records.empty())
         return;
-    undo.offer({std::move(text), [&manager, removed = std::move(removed)] {
-                    manager.restore(removed);
-                }});
+    undo.offer(
+        {std::move(text), [&manager, removed = std::move(removed)] { manager.restore(removed); }});
 }
 
 } // namespace orvelle

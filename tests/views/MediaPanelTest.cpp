@@ -1,11 +1,14 @@
 #include "Views/Qt/AudioVisualizerItem.h"
 #include "Views/Qt/MenuValue.h"
 #include "Views/Qt/MenuWindow.h"
+#include "views/KeyboardWalk.h"
 #include "views/ViewFixture.h"
 
+#include <QAccessible>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QQmlComponent>
+#include <QSignalSpy>
 
 namespace orvelle {
 
@@ -270,6 +273,28 @@ TEST_F(MediaViewTest, theHoverBarShowsTheCover) {
     EXPECT_TRUE(item("coverImage")->isVisible());
     const auto at = frameOf("coverImage").center().toPoint();
     EXPECT_EQ(window.grabWindow().pixelColor(at), QColor(200, 30, 60));
+}
+
+TEST_F(MediaViewTest, aLoveButtonThatIsDisabledTakesNoKeyboardAndNoOrder) {
+    play("Song");
+    const auto view = load("NowPlayingView", {566, 220});
+    auto* love = item(view.get(), "loveButton");
+    ASSERT_TRUE(love->isEnabled());
+    window.requestActivate();
+    KeyboardWalk keyboard(window);
+    ASSERT_TRUE(keyboard.leadsTo(love));
+    media.currentMedia.update([](MediaInfo& info) { info.appBundleIdentifier = "org.other"; });
+    turn();
+    ASSERT_FALSE(love->isEnabled());
+    EXPECT_FALSE(love->hasActiveFocus()) << "it does not keep what it had";
+    EXPECT_FALSE(keyboard.leadsTo(love));
+    love->forceActiveFocus(Qt::TabFocusReason);
+    const QSignalSpy clicks(love, SIGNAL(clicked(QQuickMouseEvent*)));
+    keyboard.press(Qt::Key_Space);
+    keyboard.press(Qt::Key_Return);
+    QAccessible::queryAccessibleInterface(love)->actionInterface()->doAction(
+        QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(clicks.count(), 0);
 }
 
 } // namespace orvelle

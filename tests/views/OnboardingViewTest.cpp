@@ -134,5 +134,15 @@ TEST_F(OnboardingPictureTest, AButtonThatIsAnsweredLeavesTheKeyboardToTheWayOn) 
     EXPECT_EQ(shell.activeFocusItem(), item(wizard.get(), QStringLiteral("forward")));
 }
 
+TEST_F(OnboardingPictureTest, TabLeadsThroughEveryStepInTheOrderOfTheEyeAndBack) {
+    for (int step = 0; step < 7; ++step) {
+        ASSERT_TRUE(eventually([this] { return isAtRest(); })) << step;
+        for (const auto& fault : keyboard.faults())
+            ADD_FAILURE() << "step " << step << ": " << fault;
+        ASSERT_TRUE(keyboard.leadsTo(item(wizard.get(), QStringLiteral("forward"))));
+        keyboard.press(Qt::Key_Return);
+    }
+}
+
 } // namespace
 } // namespace orvelle

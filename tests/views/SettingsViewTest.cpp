@@ -444,5 +444,17 @@ TEST_F(SettingsViewTest, AResetIsRedAndUndoneWhereItWasDone) {
     EXPECT_EQ(platform.userDefaultsPort.number("scrollSensitivity"), 12);
 }
 
+TEST_F(SettingsViewTest, TabLeadsThroughEveryPageInTheOrderOfTheEyeAndBack) {
+    platform.userDefaultsPort.set("weatherEnabled", true);
+    platform.userDefaultsPort.set("clipboardEnabled", true);
+    platform.userDefaultsPort.set("themeMode", std::string("custom"));
+    weather.addSavedLocation({UUID::random(), "Oslo", 59.9, 10.7});
+    for (int tab = 0; tab < 5; ++tab) {
+        choose(tab);
+        for (const auto& fault : keyboard.faults())
+            ADD_FAILURE() << "tab " << tab << ": " << fault;
+    }
+}
+
 } // namespace
 } // namespace orvelle

@@ -110,16 +110,22 @@ Item {
                         implicitHeight: love.implicitHeight
                         anchors.verticalCenter: parent.verticalCenter
 
-                        SymbolButton {
-                            id: love
-
-                            objectName: "loveButton"
-                            name: view.loveButton.help
-                            help: view.loveButton.help
-                            content: view.loveButton.symbol
-                            opacity: view.loveButton.opacity
+                        // The button's own word keeps the pointer alone away, and not the keys.
+                        Item {
+                            anchors.fill: parent
                             enabled: view.loveButton.isEnabled
-                            onClicked: view.toggleLove()
+
+                            SymbolButton {
+                                id: love
+
+                                objectName: "loveButton"
+                                name: view.loveButton.help
+                                help: view.loveButton.help
+                                content: view.loveButton.symbol
+                                opacity: view.loveButton.opacity
+                                enabled: view.loveButton.isEnabled
+                                onClicked: view.toggleLove()
+                            }
                         }
                         HelpSpot {
                             helpText: love.help

@@ -43,6 +43,8 @@ ListView {
         return true
     }
 
+    activeFocusOnTab: count > 0 || activeFocus
+    onCountChanged: if (count === 0 && activeFocus) field.forceActiveFocus(Qt.TabFocusReason)
     clip: true
     boundsBehavior: Flickable.StopAtBounds
     highlightMoveDuration: edges.duration

@@ -14,7 +14,7 @@ MouseArea {
     opacity: pressed ? 0.6 : 1
     Accessible.role: Accessible.Button
     Accessible.name: name
-    Accessible.onPressAction: clicked(null)
+    Accessible.onPressAction: if (enabled) clicked(null)
 
     PointerGround {
         isHovered: root.isTarget && root.isLit && root.containsMouse
