@@ -27,11 +27,30 @@ AppDelegate::AppDelegate(ViewHost& views, Platform& platform)
       featureSwitches_(makeFeatureSwitches()) {}
 
 NotchEnvironment AppDelegate::environment() {
-    return {notchState,         mediaManager,      fileShelfManager, hudManager,
-            calendarManager,    batteryManager,    clipboardManager, systemMonitorManager,
-            weatherManager,     pomodoroManager,   todoManager,      notesManager,
-            stockTickerManager, timeManager,       themeManager,     mirrorManager,
-            hoverLayoutManager, panelOrderManager, panelUndo,        [this] { openSettings(); }};
+    return {notchState,
+            mediaManager,
+            fileShelfManager,
+            hudManager,
+            calendarManager,
+            batteryManager,
+            clipboardManager,
+            systemMonitorManager,
+            weatherManager,
+            pomodoroManager,
+            todoManager,
+            notesManager,
+            stockTickerManager,
+            timeManager,
+            themeManager,
+            mirrorManager,
+            hoverLayoutManager,
+            panelOrderManager,
+            panelUndo,
+            [this] { openSettings(); },
+            {},
+            [this](std::string_view key) {
+                return statusBarMenu && statusBarMenu->performShortcut(key);
+            }};
 }
 
 SettingsEnvironment AppDelegate::settingsEnvironment() {

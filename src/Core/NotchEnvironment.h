@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string_view>
 
 namespace orvelle {
 
@@ -49,6 +50,8 @@ struct NotchEnvironment {
     std::function<void()> openSettings;
     /// What closes the panel from the keyboard; the window's controller sets it.
     std::function<void()> closePanel = {};
+    /// The command that the status item's menu shows with this key; false when there is none.
+    std::function<bool(std::string_view key)> performShortcut = {};
 };
 
 } // namespace orvelle

@@ -6,6 +6,7 @@
 #include "Models/Symbol.h"
 #include "Platform/Formatting.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvelle {
@@ -77,6 +78,16 @@ StatusBarMenu::StatusBarMenu(Commands commands, const SystemMonitorManager& syst
 
 void StatusBarMenu::showUpdate(const std::string& version) {
     updateMenuItem_->title = "Update Available: v" + version;
+}
+
+bool StatusBarMenu::performShortcut(std::string_view key) const {
+    const auto found = std::ranges::find_if(items_, [key](const Item& item) {
+        return item->perform && !key.empty() && item->keyEquivalent == key;
+    });
+    if (found == items_.end())
+        return false;
+    (*found)->perform();
+    return true;
 }
 
 void StatusBarMenu::updateSystemInfoMenu(const SystemMetrics& metrics) {

@@ -27,6 +27,8 @@ public:
 
     const Menu& items() const { return items_; }
     void showUpdate(const std::string& version);
+    /// The command with this key equivalent; false when none has it.
+    bool performShortcut(std::string_view key) const;
 
 private:
     using Item = std::shared_ptr<MenuItem>;

@@ -1,7 +1,8 @@
 import QtQuick
 import Orvelle
 
-// The settings: tabs, and the page of the chosen one. Control with Tab leads from tab to tab.
+// The settings: tabs, and the page of the chosen one. Control with Tab or a
+// digit leads from tab to tab.
 FocusScope {
     id: root
 
@@ -23,6 +24,12 @@ FocusScope {
         if (event.matches(StandardKey.Undo)) {
             event.accepted = undoBar.isOffered
             undoBar.undo()
+            return
+        }
+        const digit = event.key - Qt.Key_1
+        if (event.modifiers & Qt.ControlModifier && digit >= 0 && digit < tabs.count) {
+            event.accepted = true
+            stepTo(digit)
             return
         }
         const isTab = event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab

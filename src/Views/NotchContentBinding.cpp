@@ -104,6 +104,7 @@ void NotchContentBinding::attach(const ViewEnvironment& environment) {
     state_ = &notch.notchState;
     takeKeyboard_ = environment.takeKeyboard;
     close_ = notch.closePanel;
+    performShortcut_ = notch.performShortcut;
 
     follow(state_->expandedState, state_->notchSize, state_->activePanel, state_->isHUDVisible,
            state_->hudType, state_->hudValue);
@@ -141,6 +142,10 @@ void NotchContentBinding::selectPanel(const QString& id) {
 void NotchContentBinding::close() const {
     if (close_)
         close_();
+}
+
+bool NotchContentBinding::performShortcut(const QString& key) const {
+    return performShortcut_ && performShortcut_(key.toStdString());
 }
 
 void NotchContentBinding::takeKeyboard() const {

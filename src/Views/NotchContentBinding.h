@@ -154,6 +154,8 @@ public:
     Q_INVOKABLE void selectPanel(const QString& id);
     /// For the keyboard.
     Q_INVOKABLE void close() const;
+    /// Of the commands that the status item's menu shows with a key; false when none has this one.
+    Q_INVOKABLE bool performShortcut(const QString& key) const;
     /// For a tab that was chosen by a key: most panels give the keyboard back when they are shown.
     Q_INVOKABLE void takeKeyboard() const;
     Q_INVOKABLE void setHUDValue(double value);
@@ -169,6 +171,7 @@ private:
     const NotchState* state_ = nullptr;
     std::function<void()> takeKeyboard_;
     std::function<void()> close_;
+    std::function<bool(std::string_view)> performShortcut_;
 };
 
 } // namespace orvelle

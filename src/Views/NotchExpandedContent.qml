@@ -17,6 +17,21 @@ FocusScope {
             openMenu()
         if (event.matches(StandardKey.Undo))
             event.accepted = takeBack()
+        else if (event.modifiers & Qt.ControlModifier)
+            event.accepted = goToTab(event) || performShortcut(event)
+    }
+
+    // Control with Tab, or with a digit.
+    function goToTab(event) {
+        if (event.key === Qt.Key_Tab || event.key === Qt.Key_Backtab)
+            return tabs.step(event.modifiers & Qt.ShiftModifier ? -1 : 1)
+        if (event.key < Qt.Key_1 || event.key > Qt.Key_9)
+            return false
+        return tabs.choose(event.key - Qt.Key_1)
+    }
+    function performShortcut(event) {
+        const isPlain = event.modifiers === Qt.ControlModifier && event.key < 128
+        return isPlain && view.performShortcut(String.fromCharCode(event.key).toLowerCase())
     }
 
     // Is found in every menu of the panels.

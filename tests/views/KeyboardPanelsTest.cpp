@@ -131,4 +131,60 @@ TEST_F(KeyboardPanelsTest, EveryPanelsMenuIsLedThroughAndLeftByTheKeyboard) {
     }
 }
 
+TEST_F(KeyboardPanelsTest, ControlAndTabGoRoundTheTabs) {
+    open(ActivePanel::media);
+    for (const auto panel : panels()) {
+        EXPECT_EQ(notchState.activePanel.get(), panel);
+        keyboard.press(Qt::Key_Tab, Qt::ControlModifier);
+        settle();
+    }
+    EXPECT_EQ(notchState.activePanel.get(), ActivePanel::media);
+    keyboard.press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(notchState.activePanel.get(), ActivePanel::stockTicker);
+}
+
+TEST_F(KeyboardPanelsTest, ControlAndADigitGoToThatTab) {
+    open(ActivePanel::todo);
+    keyboard.press(Qt::Key_4, Qt::ControlModifier);
+    settle();
+    EXPECT_EQ(notchState.activePanel.get(), ActivePanel::time);
+    EXPECT_EQ(window.activeFocusItem(), item("tab.time"));
+    keyboard.press(Qt::Key_9, Qt::ControlModifier);
+    EXPECT_EQ(notchState.activePanel.get(), ActivePanel::pomodoro);
+    for (const auto panel : {ActivePanel::calendar, ActivePanel::time, ActivePanel::battery})
+        panelOrder.toggleVisibility(rawValue(panel));
+    turn();
+    keyboard.press(Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(notchState.activePanel.get(), ActivePanel::clipboard) << "of those that are shown";
+    for (const auto panel : {ActivePanel::todo, ActivePanel::mirror, ActivePanel::notes})
+        panelOrder.toggleVisibility(rawValue(panel));
+    turn();
+    keyboard.press(Qt::Key_9, Qt::ControlModifier);
+    EXPECT_EQ(notchState.activePanel.get(), ActivePanel::clipboard) << "there is no ninth";
+}
+
+TEST_F(KeyboardPanelsTest, AHiddenPanelIsLeftForTheFirstOrTheLastTab) {
+    panelOrder.toggleVisibility("battery");
+    ViewFixture::show(ActivePanel::battery);
+    keyboard.press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(notchState.activePanel.get(), ActivePanel::media);
+    for (const auto panel : panels())
+        if (panel != ActivePanel::battery)
+            panelOrder.toggleVisibility(rawValue(panel));
+    turn();
+    keyboard.press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(notchState.activePanel.get(), ActivePanel::media) << "without tabs";
+}
+
+TEST_F(KeyboardPanelsTest, TheMenusShortcutsWorkFromEveryPanelAndItsFields) {
+    for (const auto panel : panels()) {
+        open(panel);
+        shortcuts.clear();
+        keyboard.press(Qt::Key_Comma, Qt::ControlModifier);
+        keyboard.press(Qt::Key_Q, Qt::ControlModifier);
+        keyboard.press(Qt::Key_Comma, Qt::ControlModifier | Qt::AltModifier);
+        EXPECT_EQ(shortcuts, (std::vector<std::string>{",", "q"})) << label(panel);
+    }
+}
+
 } // namespace orvelle

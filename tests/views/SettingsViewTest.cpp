@@ -234,6 +234,12 @@ TEST_F(SettingsViewTest, TheKeyboardLeadsFromTabToTab) {
     EXPECT_EQ(settings->property("current").toInt(), 2);
     key(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(focused(), QStringLiteral("tab.Appearance"));
+    key(Qt::Key_5, Qt::ControlModifier);
+    EXPECT_EQ(focused(), QStringLiteral("tab.Panels"));
+    key(Qt::Key_6, Qt::ControlModifier);
+    EXPECT_EQ(focused(), QStringLiteral("tab.Panels"));
+    key(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(focused(), QStringLiteral("tab.Appearance"));
     key(Qt::Key_Tab);
     EXPECT_EQ(focused(), QStringLiteral("control"));
 }

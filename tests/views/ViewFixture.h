@@ -124,10 +124,15 @@ protected:
                                  panelOrder,
                                  undo,
                                  [this] { ++settingsOpened; },
-                                 [this] { ++panelClosed; }};
+                                 [this] { ++panelClosed; },
+                                 [this](std::string_view key) {
+                                     shortcuts.emplace_back(key);
+                                     return key == ",";
+                                 }};
     HeldAnimations animations; ///< they move with the tests' steps, not with the clock
     int settingsOpened = 0;
     int panelClosed = 0;
+    std::vector<std::string> shortcuts; ///< that were asked for
 
     StageWindow window;
     QtViewHost host{platform};

@@ -51,6 +51,22 @@ FocusScope {
         }
     }
 
+    // From the active tab to the next in this direction; false without tabs.
+    function step(direction) {
+        let current = direction > 0 ? -1 : tabs.count
+        for (let index = 0; index < tabs.count; ++index)
+            if (tabs.itemAt(index).entry.isActive)
+                current = index
+        return tabs.count > 0 && choose((current + direction + tabs.count) % tabs.count)
+    }
+    // As a key does; false where there is no such tab.
+    function choose(index) {
+        if (index >= tabs.count)
+            return false
+        focusTab(index)
+        selected(tabs.itemAt(index).entry.id)
+        return true
+    }
     function focusTab(index) {
         isLedByPointer = false
         const tab = tabs.itemAt((index + tabs.count) % tabs.count)

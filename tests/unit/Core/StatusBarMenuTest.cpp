@@ -176,5 +176,15 @@ TEST_F(StatusBarMenuTest, ABugReportIsAMailWithTheSystemInItsBody) {
               "%0A%0A---%20Expected%20behavior%20---%0A%5BWhat%20you%20expected%20to%20happen%5D");
 }
 
+TEST_F(StatusBarMenuTest, ItsShortcutsWorkWithoutIt) {
+    launchNormally();
+    EXPECT_TRUE(app.environment().performShortcut(","));
+    EXPECT_TRUE(views.settings.isShown);
+    EXPECT_TRUE(app.environment().performShortcut("n"));
+    EXPECT_EQ(state(), NotchExpandedState::expanded);
+    EXPECT_FALSE(app.environment().performShortcut("x"));
+    EXPECT_FALSE(app.environment().performShortcut(""));
+}
+
 } // namespace
 } // namespace orvelle
