@@ -36,6 +36,7 @@ struct HoverWidget {
         media,   ///< the `media` record
         embedded ///< a view of its own, found by the widget's id
     };
+    static constexpr double dimmedOpacity = 0.35;
     static constexpr double tapPadding = 4; ///< around the content of a tap target, on all sides
 
     std::string id;
@@ -45,6 +46,7 @@ struct HoverWidget {
     std::vector<StyledText> texts;
     double spacing = 4;         ///< between icon and texts
     bool truncatesTail = false; ///< else every text keeps its full width
+    bool isDimmed = false;      ///< nobody has told its figures yet, or they are another place's
     std::optional<HoverMediaIndicator> media;
 
     /// Whether the whole of it takes the click; what plays has targets of its own.

@@ -72,6 +72,7 @@ static HoverWidgetValue toQt(const HoverWidget& widget) {
         .spacing = widget.spacing,
         .padding = widget.isTapTarget() ? HoverWidget::tapPadding : 0,
         .isTapTarget = widget.isTapTarget(),
+        .opacity = widget.isDimmed ? HoverWidget::dimmedOpacity : 1,
     };
 }
 
@@ -95,7 +96,8 @@ void NotchCollapsedBinding::attach(const ViewEnvironment& environment) {
     follow(notch.timeManager.isEnabled, notch.timeManager.currentTime);
     const auto& battery = notch.batteryManager;
     follow(battery.batteryLevel, battery.isCharging, battery.isPluggedIn, battery.hasBattery);
-    follow(notch.systemMonitorManager.isEnabled, notch.systemMonitorManager.metrics);
+    follow(notch.systemMonitorManager.isEnabled, notch.systemMonitorManager.metrics,
+           notch.systemMonitorManager.hasFigures, notch.weatherManager.hasFigures);
     const auto& modules = view_->modules;
     follow(modules.showCPU, modules.showMemory, modules.showNetwork, modules.showTemperature);
 }

@@ -56,6 +56,7 @@ struct HoverWidgetValue {
     Q_PROPERTY(double spacing MEMBER spacing)
     Q_PROPERTY(double padding MEMBER padding)
     Q_PROPERTY(bool isTapTarget MEMBER isTapTarget)
+    Q_PROPERTY(double opacity MEMBER opacity)
 
 public:
     QString id;
@@ -68,6 +69,7 @@ public:
     double spacing = 0;
     double padding = 0; ///< around the content, part of what takes the click
     bool isTapTarget = true;
+    double opacity = 1;
     bool operator==(const HoverWidgetValue&) const = default;
 };
 

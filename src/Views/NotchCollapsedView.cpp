@@ -133,6 +133,7 @@ void NotchCollapsedView::hoverWeatherIndicator(HoverWidget& widget) const {
     const auto& weather = environment_.weatherManager.weather.get();
     widget.icon = StyledSymbol{weather.conditionIcon(), 11, colors::white};
     widget.texts = {mediumText(weather.temperatureString(), 11)};
+    widget.isDimmed = !environment_.weatherManager.hasFigures;
 }
 
 void NotchCollapsedView::hoverCalendarIndicator(HoverWidget& widget) const {
@@ -167,6 +168,7 @@ void NotchCollapsedView::hoverPomodoroIndicator(HoverWidget& widget) const {
 
 void NotchCollapsedView::hoverSystemStatsIndicator(HoverWidget& widget) const {
     const auto& metrics = environment_.systemMonitorManager.metrics.get();
+    widget.isDimmed = !environment_.systemMonitorManager.hasFigures;
     widget.spacing = 5; // what the width estimate counts between two modules
     auto& texts = widget.texts;
     if (modules.showCPU.get())

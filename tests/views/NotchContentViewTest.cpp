@@ -253,4 +253,12 @@ TEST_F(NotchContentViewTest, theLevelDisplayCoversThePanelAndKeepsIt) {
     EXPECT_NE(item("localTime"), nullptr);
 }
 
+TEST_F(NotchContentViewTest, LoadsThatWereNotMeasuredYetAreDimmed) {
+    show(ActivePanel::systemMonitor);
+    EXPECT_LT(item("metric.CPU")->opacity(), 0.5);
+    systemMonitor.updateMetrics();
+    turn();
+    EXPECT_EQ(item("metric.CPU")->opacity(), 1);
+}
+
 } // namespace orvelle

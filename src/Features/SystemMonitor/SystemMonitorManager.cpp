@@ -62,6 +62,7 @@ void SystemMonitorManager::updateMetrics() {
     sample.networkDownload = speed.download;
     sample.cpuTemperature = SMCTemperature::readCPUTemperature(platform_.smc());
     sample.lastUpdated = platform_.runLoop().now();
+    hasFigures = true;
     metrics = sample;
 }
 

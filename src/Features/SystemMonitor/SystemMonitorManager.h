@@ -30,6 +30,7 @@ public:
     explicit SystemMonitorManager(Platform& platform = Platform::shared());
 
     Published<SystemMetrics> metrics;
+    Published<bool> hasFigures{false}; ///< whether they were measured
     Timer updateTimer;
     std::optional<ProcessorTicks> previousCPUInfo; ///< summed over all processors
     std::optional<NetworkBytes> previousNetworkBytes;

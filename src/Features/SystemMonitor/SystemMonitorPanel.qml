@@ -25,6 +25,7 @@ Flickable {
                 required property var entry
 
                 metric: entry
+                opacity: view.figuresOpacity
                 width: (grid.width - view.spacing * (entry.columns - 1)) / entry.columns
                 x: entry.column * (width + view.spacing)
                 y: entry.row * (height + view.spacing)

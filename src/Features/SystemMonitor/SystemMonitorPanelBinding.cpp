@@ -30,11 +30,12 @@ void SystemMonitorPanelBinding::attach(const ViewEnvironment& environment) {
     const auto& manager = environment.notch.systemMonitorManager;
     view_.emplace(manager, environment.platform);
     const auto& modules = view_->modules;
-    follow(manager.metrics, modules.showCPU, modules.showMemory, modules.showNetwork,
-           modules.showTemperature);
+    follow(manager.metrics, manager.hasFigures, modules.showCPU, modules.showMemory,
+           modules.showNetwork, modules.showTemperature);
 }
 
 void SystemMonitorPanelBinding::refresh() {
+    show_figuresOpacity(view_->figuresOpacity());
     show_placeholder(toQt(view_->placeholder()));
     cells_.show(cellsOf(view_->rows()));
 }

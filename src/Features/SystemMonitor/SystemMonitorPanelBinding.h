@@ -43,6 +43,7 @@ class SystemMonitorPanelBinding : public Binding {
     QML_ELEMENT
     ORVELLE_CONSTANT(double, spacing, SystemMonitorPanelView)
     ORVELLE_SHOWN(QVariant, placeholder)
+    ORVELLE_SHOWN(double, figuresOpacity)
     ORVELLE_LIST(MetricValue, cells)
 
 protected:

@@ -20,6 +20,10 @@ std::optional<FilePlaceholder> SystemMonitorPanelView::placeholder() const {
     return filePlaceholder("No modules enabled", "gauge.with.dots.needle.0percent"_symbol);
 }
 
+double SystemMonitorPanelView::figuresOpacity() const {
+    return manager_.hasFigures ? 1 : dimmedOpacity;
+}
+
 std::vector<SystemMonitorPanelView::Row> SystemMonitorPanelView::rows() const {
     std::vector<Row> rows;
     for (auto row : {loadRow(), networkRow()})

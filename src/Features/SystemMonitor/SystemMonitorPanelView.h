@@ -39,7 +39,12 @@ public:
 
     static constexpr double spacing = 10; ///< between rows and between cells
 
+    static constexpr double dimmedOpacity = 0.35;
+
     SystemMonitorModules modules;
+
+    /// Paler until they were measured.
+    double figuresOpacity() const;
 
     /// Stands instead of the rows when every module is off.
     std::optional<FilePlaceholder> placeholder() const;

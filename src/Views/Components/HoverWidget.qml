@@ -27,6 +27,7 @@ TapTarget {
         anchors.verticalCenter: parent.verticalCenter
         x: root.widget.padding
         width: root.width - 2 * root.widget.padding
+        opacity: root.widget.opacity
         Component.onCompleted: setSource(root.widget.source, {
             widget: Qt.binding(() => root.widget)
         })

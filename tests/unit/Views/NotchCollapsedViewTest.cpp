@@ -222,5 +222,18 @@ TEST_F(NotchCollapsedViewTest, TheWingsKeepOffTheNotch) {
     EXPECT_EQ(view.notchSpacerWidth(), 208);
 }
 
+TEST_F(NotchCollapsedViewTest, FiguresThatNobodyHasToldYetAreDimmed) {
+    setLocation("Oslo");
+    for (const auto* id : {"weather", "systemStats"})
+        EXPECT_TRUE(view.widgetView(id)->isDimmed) << id;
+    app.weatherManager.hasFigures = true;
+    app.systemMonitorManager.updateMetrics();
+    for (const auto* id : {"weather", "systemStats", "battery", "time"})
+        EXPECT_FALSE(view.widgetView(id)->isDimmed) << id;
+    app.weatherManager.addSavedLocation({UUID::random(), "Rome", 42, 12});
+    app.weatherManager.cycleToNextLocation();
+    EXPECT_TRUE(view.widgetView("weather")->isDimmed) << "they are another place's";
+}
+
 } // namespace
 } // namespace orvelle
