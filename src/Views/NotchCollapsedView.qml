@@ -69,6 +69,7 @@ MouseArea {
         model: view.bottomRow
         available: parent.width - 2 * view.horizontalPadding
         spacing: view.bottomRowSpacing
+        separatorWidth: view.separatorSize.width
         separator: Rectangle {
             objectName: "separator"
             width: view.separatorSize.width

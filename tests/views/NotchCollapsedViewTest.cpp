@@ -238,4 +238,36 @@ TEST_F(NotchCollapsedViewTest, clickBesideTheWidgetsOpensThePanelThatWasActive) 
     EXPECT_EQ(notchState.activePanel, ActivePanel::time);
 }
 
+TEST_F(NotchCollapsedViewTest, AFullRowLeavesTextsOutBeforeSymbolsAndStaysInItsRoom) {
+    hideAll();
+    for (const char* id : {"weather", "battery", "time", "notes", "fileShelf"})
+        place(id, HoverWidgetPosition::rightWing);
+    weather.weather.update([](auto& data) {
+        data.locationName = "Oslo";
+        data.temperature = 72;
+    });
+    for (int count = 0; count < 12; ++count)
+        notes.addItem("note");
+    notes.isEnabled = true;
+    notchState.notchSize = Size{390, 32};
+    show(NotchExpandedState::hovering);
+    const auto wing = frameOf("rightWing");
+    const auto isTextShown = [&](const QString& widget) {
+        auto* text = item(item("widget." + widget), "text");
+        return text && text->isVisible();
+    };
+    EXPECT_FALSE(isTextShown("notes"));
+    EXPECT_FALSE(isTextShown("battery"));
+    int shown = 0;
+    for (const char* id : {"weather", "battery", "time", "notes", "fileShelf"}) {
+        auto* widget = item("widget." + QLatin1String(id));
+        if (!widget || !widget->isVisible())
+            continue;
+        ++shown;
+        EXPECT_GE(frameOf("widget." + QLatin1String(id)).left(), wing.left() - 0.5) << id;
+    }
+    EXPECT_GE(shown, 1);
+    picture("hover-full");
+}
+
 } // namespace orvelle

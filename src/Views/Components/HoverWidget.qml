@@ -11,6 +11,9 @@ TapTarget {
                                          + 2 * widget.padding
     // The part of that which may be cut.
     readonly property real titleWidth: content.item ? content.item.titleWidth : 0
+    // What can be left out of it, and how much of that has room.
+    readonly property var textWidths: content.item?.textWidths ?? []
+    property int keptTexts: textWidths.length
     signal picked
     signal playPause
 
@@ -31,6 +34,12 @@ TapTarget {
         Component.onCompleted: setSource(root.widget.source, {
             widget: Qt.binding(() => root.widget)
         })
+    }
+    Binding {
+        target: content.item
+        when: root.textWidths.length > 0
+        property: "keptTexts"
+        value: root.keptTexts
     }
     Connections {
         target: content.item

@@ -102,8 +102,22 @@ public:
     Q_INVOKABLE double fadeInOffset(double presence) const {
         return FadeInModifier::offset(presence);
     }
-    Q_INVOKABLE double widthCap(const QList<double>& widths, double room) const {
-        return orvelle::widthCap({widths.begin(), widths.end()}, room);
+    /// Takes maps with `fixed`, `texts` and `title`; gives one with `texts` and `titleCap`.
+    Q_INVOKABLE QVariantMap fittedRow(const QVariantList& parts, double gap, double room) const {
+        std::vector<RowPart> row;
+        for (const auto& part : parts) {
+            const auto map = part.toMap();
+            RowPart made;
+            made.fixed = map[QStringLiteral("fixed")].toDouble();
+            made.title = map[QStringLiteral("title")].toDouble();
+            for (const auto& text : map[QStringLiteral("texts")].toList())
+                made.texts.push_back(text.toDouble());
+            row.push_back(std::move(made));
+        }
+        const auto fitted = orvelle::fittedRow(row, gap, room);
+        return {{QStringLiteral("texts"),
+                 QVariant::fromValue(QList<int>(fitted.texts.begin(), fitted.texts.end()))},
+                {QStringLiteral("titleCap"), fitted.titleCap}};
     }
 };
 
