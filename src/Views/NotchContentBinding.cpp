@@ -124,6 +124,7 @@ void NotchContentBinding::attach(const ViewEnvironment& environment) {
 void NotchContentBinding::refresh() {
     show_stage(next(stage(), view_->stage()));
     show_wingWidth(view_->wingWidth());
+    show_showsSettingsButton(view_->showsSettingsButton());
     show_restingTab(orvelle::toQt(view_->tabLook(false)));
     show_activeTab(orvelle::toQt(view_->tabLook(true)));
     tabs_.show(toQt(view_->tabButtons()));

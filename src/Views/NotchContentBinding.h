@@ -136,6 +136,7 @@ class NotchContentBinding : public Binding {
     ORVELLE_CONSTANT(double, dividerPadding, NotchContentView)
     ORVELLE_CONSTANT(double, contentPadding, NotchContentView)
     ORVELLE_CONSTANT(double, wingTop, NotchContentView)
+    ORVELLE_CONSTANT(orvelle::SymbolValue, settingsButton, NotchContentView)
     ORVELLE_CONSTANT(double, hudFadeDuration, NotchContentView)
     ORVELLE_SHOWN(orvelle::StageValue, stage)
     ORVELLE_SHOWN(orvelle::PanelValue, panel)
@@ -143,6 +144,7 @@ class NotchContentBinding : public Binding {
     ORVELLE_SHOWN(orvelle::TabLookValue, activeTab)
     ORVELLE_SHOWN(orvelle::HUDValue, hud)
     ORVELLE_SHOWN(double, wingWidth)
+    ORVELLE_SHOWN(bool, showsSettingsButton)
     ORVELLE_LIST(TabValue, tabs)
     Q_PROPERTY(double panelResponse READ panelResponse CONSTANT FINAL)
     Q_PROPERTY(double panelDampingFraction READ panelDampingFraction CONSTANT FINAL)
@@ -152,6 +154,7 @@ public:
     double panelDampingFraction() const { return NotchAnimator::panelSwitch.dampingFraction; }
 
     Q_INVOKABLE void selectPanel(const QString& id);
+    Q_INVOKABLE void openSettings() const { view_->openSettings(); }
     /// For the keyboard.
     Q_INVOKABLE void close() const;
     /// Of the commands that the status item's menu shows with a key; false when none has this one.

@@ -122,6 +122,15 @@ std::vector<MenuEntry> NotchContentView::contextMenu() const {
     return {{"Settings...", openSettings_}};
 }
 
+bool NotchContentView::showsSettingsButton() const {
+    return openSettings_ && wingWidth() >= settingsButtonRoom;
+}
+
+void NotchContentView::openSettings() const {
+    if (openSettings_)
+        openSettings_();
+}
+
 std::optional<NotchContentView::HUDOverlay> NotchContentView::hudOverlay() const {
     const auto& state = environment_.notchState;
     const auto& type = state.hudType.get();

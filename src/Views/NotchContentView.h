@@ -3,9 +3,11 @@
 #include "App/Constants.h"
 #include "Core/Animation/NotchAnimator.h"
 #include "Core/NotchEnvironment.h"
+#include "Extensions/ColorTheme.h"
 #include "Foundation/Color.h"
 #include "Foundation/Geometry.h"
 #include "Models/NotchState.h"
+#include "Models/Symbol.h"
 #include "Platform/Platform.h"
 #include "Settings/Setting.h"
 #include "Views/Components/AnimatedSlider.h"
@@ -76,7 +78,9 @@ public:
     static constexpr double dividerPadding = 16; ///< on the left and right
     static constexpr double contentPadding = 12;
     static constexpr double wingTop = 7; ///< of what stands beside the notch, in the open panel
-    static constexpr Seconds hudFadeDuration = 0.2; ///< eased in and out
+    static constexpr StyledSymbol settingsButton{"gear"_symbol, 12, notchSecondary};
+    static constexpr double settingsButtonRoom = 40; ///< beside the notch
+    static constexpr Seconds hudFadeDuration = 0.2;  ///< eased in and out
 
     /// What the root draws in a state: one record, so that nobody sees the size of one state with
     /// the content of another.
@@ -122,6 +126,9 @@ public:
     /// What stands in a panel that has no view of its own.
     static FilePlaceholder panelPlaceholder(ActivePanel panel);
     std::vector<MenuEntry> contextMenu() const;
+    /// Where there is room beside the notch, and settings to open.
+    bool showsSettingsButton() const;
+    void openSettings() const;
 
     std::optional<HUDOverlay> hudOverlay() const;
     std::string_view hudIconName(HUDType type) const;

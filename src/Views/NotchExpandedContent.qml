@@ -65,6 +65,17 @@ FocusScope {
         textColor: Style.textColor
         onKeyboardLeft: panels.panel?.forceActiveFocus(Qt.TabFocusReason)
     }
+    PanelButton {
+        objectName: "settingsButton"
+        anchors.right: tabs.right
+        anchors.rightMargin: 8 // clear of the round corner
+        y: root.view.wingTop + (undoBar.implicitHeight - height) / 2
+        visible: root.view.showsSettingsButton
+        content: root.view.settingsButton
+        name: qsTr("Settings")
+        help: qsTr("Settings")
+        onClicked: root.view.openSettings()
+    }
     TabBar {
         id: tabs
         objectName: "tabBar"

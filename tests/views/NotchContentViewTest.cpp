@@ -261,4 +261,35 @@ TEST_F(NotchContentViewTest, LoadsThatWereNotMeasuredYetAreDimmed) {
     EXPECT_EQ(item("metric.CPU")->opacity(), 1);
 }
 
+TEST_F(NotchContentViewTest, TheSettingsAreFoundBesideTheNotchInEveryPanel) {
+    for (const double notch : {180.0, 320.0}) {
+        notchState.notchSize = Size{notch, 32};
+        for (const auto panel : {ActivePanel::media, ActivePanel::todo, ActivePanel::settings}) {
+            show(panel);
+            const auto button = frameOf("settingsButton");
+            EXPECT_TRUE(item("settingsButton")->isVisible());
+            EXPECT_GE(button.left() - 6, 283 + notch / 2) << "with what takes the click";
+            EXPECT_LE(button.right(), frameOf("tabBar").right());
+            EXPECT_LE(button.bottom(), frameOf("tabBar").top());
+        }
+    }
+    EXPECT_EQ(frameOf("tabBar"), QRectF(12, 36, 542, 24)) << "the tabs keep their place";
+    EXPECT_EQ(KeyboardWalk::name(item("settingsButton")), "Settings");
+    click("settingsButton");
+    EXPECT_EQ(settingsOpened, 1);
+    KeyboardWalk keyboard(window);
+    ASSERT_TRUE(keyboard.leadsTo(item("settingsButton"), Qt::Key_Backtab));
+    ASSERT_TRUE(eventually([&] { return item("help")->isVisible(); }));
+    EXPECT_EQ(item("help")->childItems().constFirst()->property("text").toString(), "Settings");
+    picture("settings-button");
+    keyboard.press(Qt::Key_Space);
+    EXPECT_EQ(settingsOpened, 2);
+}
+
+TEST_F(NotchContentViewTest, ANotchThatLeavesNoRoomHasNothingBesideIt) {
+    notchState.notchSize = Size{470, 32};
+    show(ActivePanel::media);
+    EXPECT_FALSE(item("settingsButton")->isVisible());
+}
+
 } // namespace orvelle
