@@ -118,7 +118,8 @@ TEST_F(KeyboardPanelsTest, EveryPanelsMenuIsLedThroughAndLeftByTheKeyboard) {
         auto* menu = openMenu();
         ASSERT_NE(menu, nullptr) << label(panel);
         KeyboardWalk inMenu(*menu);
-        const auto count = static_cast<int>(menu->property("entries").value<MenuValue>().entries.size());
+        const auto count =
+            static_cast<int>(menu->property("entries").value<MenuValue>().entries.size());
         for (int row = 0; row < count; ++row) {
             inMenu.press(Qt::Key_Down);
             EXPECT_EQ(menu->property("highlighted"), row) << label(panel);

@@ -253,18 +253,19 @@ TEST_F(NotchCollapsedViewTest, AFullRowLeavesTextsOutBeforeSymbolsAndStaysInItsR
     show(NotchExpandedState::hovering);
     const auto wing = frameOf("rightWing");
     const auto isTextShown = [&](const QString& widget) {
-        auto* text = item(item("widget." + widget), "text");
+        auto* text = item(item(QStringLiteral("widget.") + widget), QStringLiteral("text"));
         return text && text->isVisible();
     };
     EXPECT_FALSE(isTextShown("notes"));
     EXPECT_FALSE(isTextShown("battery"));
     int shown = 0;
     for (const char* id : {"weather", "battery", "time", "notes", "fileShelf"}) {
-        auto* widget = item("widget." + QLatin1String(id));
+        auto* widget = item(QStringLiteral("widget.") + QLatin1String(id));
         if (!widget || !widget->isVisible())
             continue;
         ++shown;
-        EXPECT_GE(frameOf("widget." + QLatin1String(id)).left(), wing.left() - 0.5) << id;
+        EXPECT_GE(frameOf(QStringLiteral("widget.") + QLatin1String(id)).left(), wing.left() - 0.5)
+            << id;
     }
     EXPECT_GE(shown, 1);
     picture("hover-full");

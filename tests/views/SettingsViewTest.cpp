@@ -437,6 +437,7 @@ TEST_F(SettingsViewTest, AResetIsRedAndUndoneWhereItWasDone) {
     const auto bar = button->mapRectToScene(button->boundingRect());
     auto* page = find(QStringLiteral("page"));
     EXPECT_FALSE(bar.intersects(page->mapRectToScene(page->boundingRect()))) << "it covers nothing";
+    EXPECT_TRUE(isInSight(reset)) << "the page makes room for it";
     ASSERT_TRUE(keyboard.leadsTo(button));
     EXPECT_TRUE(keyboard.canBeSeenOn(button));
     key(Qt::Key_Return);

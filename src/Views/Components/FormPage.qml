@@ -51,6 +51,7 @@ Flickable {
     boundsBehavior: Flickable.StopAtBounds
     clip: true
     onFocusedChanged: reveal(focused)
+    onHeightChanged: reveal(focused)
     Keys.onPressed: event => {
         if (event.key !== Qt.Key_PageUp && event.key !== Qt.Key_PageDown)
             return
