@@ -19,7 +19,7 @@ namespace {
 constexpr int texts = 48;
 constexpr std::size_t textLength = 1'000'000; // bytes
 constexpr double longestCapture = 5;          // milliseconds
-constexpr double longestKey = 30;        // milliseconds
+constexpr double longestKey = 30;             // milliseconds
 
 /// The simulated machine with a real loop and its threads.
 class Machine : public SimulatedPlatform {

@@ -41,7 +41,8 @@ QQuickItem* itemOf(QAccessibleInterface* interface) {
 std::string describe(QQuickItem* item) {
     if (!item)
         return "nothing";
-    return item->objectName().toStdString() + " '" + KeyboardWalk::name(item).toStdString() + "'";
+    return std::string(item->metaObject()->className()) + " " + item->objectName().toStdString() +
+           " '" + KeyboardWalk::name(item).toStdString() + "'";
 }
 
 /// All that is shown and can be used, parents first.
@@ -163,13 +164,13 @@ std::vector<std::string> KeyboardWalk::faults() {
             found.push_back("Tab does not lead to " + describe(item));
     }
     for (auto* stop : stops) {
-        if (!leadsTo(stop)) {
+        if (!stop || !leadsTo(stop)) {
             found.push_back("Tab does not lead back to " + describe(stop));
             continue;
         }
         if (!canBeSeenOn(stop))
             found.push_back("the keyboard is not seen on " + describe(stop));
-        checkRows(stop, found);
+        checkRows(stop, stops, found);
     }
     return found;
 }
@@ -199,21 +200,29 @@ void KeyboardWalk::checkRound(const std::vector<QQuickItem*>& stops,
         found.push_back("Tab jumps back from " + last);
 }
 
-/// Of the list that has this stop: every row has the keyboard in its turn.
-void KeyboardWalk::checkRows(QQuickItem* stop, std::vector<std::string>& found) {
-    if (isControl(told(stop)) && told(stop)->role() != QAccessible::List)
+/// Of the list that has this stop: every row has the keyboard in its turn, by Tab or by arrows.
+void KeyboardWalk::checkRows(QQuickItem* stop, const std::vector<QQuickItem*>& stops,
+                             std::vector<std::string>& found) {
+    auto* interface = told(stop);
+    if (interface && isControl(interface) && interface->role() != QAccessible::List)
         return; // in a row, with arrows of its own
     const auto all = allTold(&window_);
     const auto list = std::ranges::find_if(all, [&](auto* interface) {
         return interface->role() == QAccessible::List && isWithin(stop, itemOf(interface));
     });
-    if (list == all.end())
+    if (list == all.end()) {
+        if (!interface)
+            found.push_back("nobody is told of " + describe(stop));
         return;
+    }
     std::set<QQuickItem*> rows;
     std::set<QQuickItem*> reached;
     for (auto* interface : allTold((*list)->object()))
         if (interface->role() == QAccessible::ListItem)
             rows.insert(itemOf(interface));
+    for (auto* row : rows)
+        if (std::ranges::any_of(stops, [&](auto* other) { return isWithin(other, row); }))
+            reached.insert(row);
     const auto look = [&] {
         for (auto* row : rows)
             if (told(row)->state().focused || isWithin(window_.activeFocusItem(), row))

@@ -39,7 +39,8 @@ public:
 
 private:
     void checkRound(const std::vector<QQuickItem*>& stops, std::vector<std::string>& found);
-    void checkRows(QQuickItem* stop, std::vector<std::string>& found);
+    void checkRows(QQuickItem* stop, const std::vector<QQuickItem*>& stops,
+                   std::vector<std::string>& found);
 
     QQuickWindow& window_;
 };

@@ -1,8 +1,6 @@
 #include "Platform/Simulated/DemoPortrait.h"
 #include "views/ViewFixture.h"
 
-#include <qpa/qwindowsysteminterface.h>
-
 namespace orvelle {
 
 class MirrorPanelTest : public ViewFixture {
@@ -47,16 +45,6 @@ TEST_F(MirrorPanelTest, runsNoCameraWhileItsWindowIsAway) {
     EXPECT_FALSE(mirror.isSessionRunning);
     window.show();
     EXPECT_TRUE(eventually([&] { return mirror.isSessionRunning; }));
-}
-
-TEST_F(MirrorPanelTest, runsNoCameraInAWindowThatAnotherProgramTookAway) {
-    using Windows = QWindowSystemInterface;
-    show(ActivePanel::mirror);
-    Windows::handleExposeEvent<Windows::SynchronousDelivery>(&window, QRegion());
-    EXPECT_TRUE(window.isVisible()) << "as far as the window knows";
-    EXPECT_FALSE(mirror.isSessionRunning);
-    Windows::handleExposeEvent<Windows::SynchronousDelivery>(&window, QRect({}, window.size()));
-    EXPECT_TRUE(mirror.isSessionRunning);
 }
 
 TEST_F(MirrorPanelTest, runsNoCameraInAWindowThatIsNotShownYet) {

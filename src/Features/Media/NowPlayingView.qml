@@ -112,6 +112,7 @@ Item {
 
                         // The button's own word keeps the pointer alone away, and not the keys.
                         Item {
+                            id: loveKeys
                             anchors.fill: parent
                             enabled: view.loveButton.isEnabled
 
@@ -129,7 +130,8 @@ Item {
                         }
                         HelpSpot {
                             helpText: love.help
-                            subject: love
+                            subject: loveKeys
+                            isFocused: love.activeFocus
                         }
                     }
                     TransportButtons {
