@@ -172,6 +172,50 @@ TEST_F(ListFileTest, WhatAnotherProgramWroteIsMergedAndTold) {
     EXPECT_TRUE(merged.empty()) << "nobody else has written since";
 }
 
+TEST_F(ListFileTest, WhatTheDiskRefusesToTheVeryEndStaysReported) {
+    disk().writable = false;
+    save({1});
+    runPosted();
+    ASSERT_EQ(unsaved().size(), 1u);
+    file.reset();
+    EXPECT_EQ(unsaved().size(), 1u);
+    EXPECT_EQ(failures.size(), 1u) << "one reason is told once";
+}
+
+TEST_F(ListFileTest, AFailureThatComesBackAfterASaveIsToldAgain) {
+    disk().writable = false;
+    save({1});
+    runPosted();
+    disk().writable = true;
+    platform.runLoopPort.advance(600);
+    ASSERT_TRUE(unsaved().empty());
+    disk().writable = false;
+    save({1, 2});
+    runPosted();
+    EXPECT_EQ(failures.size(), 2u);
+}
+
+TEST_F(ListFileTest, AfterASaveTheNextRefusalIsTriedAgainAsSoonAsTheFirst) {
+    const auto firstRetry = [this](std::vector<std::int64_t> numbers) {
+        disk().writable = false;
+        save(std::move(numbers));
+        runPosted();
+        const int writes = disk().writeCount;
+        int seconds = 0;
+        while (disk().writeCount == writes && seconds < 600) {
+            platform.runLoopPort.advance(1);
+            ++seconds;
+        }
+        return seconds;
+    };
+    const int first = firstRetry({1});
+    platform.runLoopPort.advance(600); // it takes ever longer pauses
+    disk().writable = true;
+    platform.runLoopPort.advance(600);
+    ASSERT_TRUE(unsaved().empty());
+    EXPECT_EQ(firstRetry({1, 2}), first);
+}
+
 TEST_F(ListFileTest, AFileThatAnotherProgramRemovedIsWrittenAgain) {
     disk().files[numbersPath] = "[1,2]";
     load();
