@@ -62,6 +62,7 @@ FocusScope {
     }
     Toast {
         id: toast
+        standing: field.notice
     }
     Timer {
         interval: view.focusDelay * 1000

@@ -62,4 +62,7 @@ FocusScope {
             placeholder: stocks.placeholder
         }
     }
+    Toast {
+        standing: field.notice
+    }
 }

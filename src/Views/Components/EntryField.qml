@@ -15,6 +15,7 @@ FocusScope {
     property alias addButton: button.content
     property alias canAdd: button.enabled
     property alias text: box.text
+    readonly property alias notice: box.notice
     property alias box: box
     signal added(string text)
     signal pressed

@@ -68,6 +68,7 @@ FocusScope {
     }
     Toast {
         id: toast
+        standing: field.notice
     }
     Timer {
         interval: root.view.focusDelay * 1000

@@ -12,6 +12,7 @@ FocusScope {
     property alias prompt: field.prompt
     property alias promptColor: field.promptColor
     property alias text: field.text
+    readonly property alias notice: field.notice
     signal accepted
     signal pressed
 

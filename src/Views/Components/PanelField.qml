@@ -12,6 +12,10 @@ FocusScope {
     // The room beside the text takes presses for it.
     property real leftPadding: 0
     property real rightPadding: 0
+    // In words, once nothing more fits; what was pasted may have been cut.
+    readonly property string notice:
+        input.length < input.maximumLength ? "" :
+        qsTr("No more than %L1 characters fit").arg(input.maximumLength)
     signal accepted
     signal pressed
 

@@ -1,14 +1,17 @@
 import QtQuick
 import Orvelle
 
-// A word on what has just been done, gone again after a moment.
+// A word on what has just been done, gone again after a moment, or on what is so.
 Rectangle {
     id: root
+
+    property string standing // as long as it is no empty text
+    property string said
 
     function say(text) {
         if (text === "")
             return
-        caption.text = text
+        said = text
         moment.restart()
     }
 
@@ -16,7 +19,7 @@ Rectangle {
     anchors.horizontalCenter: parent.horizontalCenter
     anchors.bottom: parent.bottom
     z: 2
-    visible: moment.running
+    visible: caption.text !== ""
     width: caption.implicitWidth + 20
     height: caption.implicitHeight + 8
     radius: height / 2
@@ -28,6 +31,7 @@ Rectangle {
     Text {
         id: caption
         objectName: "toastText"
+        text: moment.running ? root.said : root.standing
         anchors.centerIn: parent
         textFormat: Text.PlainText
         font.pixelSize: 11
