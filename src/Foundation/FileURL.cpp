@@ -10,6 +10,8 @@ namespace orvelle::FileURL {
 namespace {
 
 constexpr std::string_view scheme = "file:";
+/// No system takes paths of more than 4096 bytes, each of which an address may write with three.
+constexpr std::size_t longestAddress = 3 * 4096 + 1024;
 
 char lowered(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
@@ -52,7 +54,7 @@ std::string ofPath(std::string_view path) {
 }
 
 std::optional<std::string> path(std::string_view url, std::string_view hostName) {
-    if (!equalIgnoringCase(url.substr(0, scheme.size()), scheme))
+    if (url.size() > longestAddress || !equalIgnoringCase(url.substr(0, scheme.size()), scheme))
         return std::nullopt;
     url.remove_prefix(scheme.size());
     if (url.starts_with("//")) {
@@ -69,9 +71,10 @@ std::optional<std::string> path(std::string_view url, std::string_view hostName)
     return bytes;
 }
 
-std::vector<std::string> list(std::string_view uriList, std::string_view hostName) {
+std::vector<std::string> list(std::string_view uriList, std::string_view hostName,
+                              std::size_t most) {
     std::vector<std::string> urls;
-    while (!uriList.empty()) {
+    while (!uriList.empty() && urls.size() < most) {
         const auto end = uriList.find_first_of("\r\n");
         if (const auto file = path(uriList.substr(0, end), hostName))
             urls.push_back(ofPath(*file));

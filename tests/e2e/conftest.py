@@ -4,6 +4,7 @@ Run with Debian's own Python, /usr/bin/python3. ORVELLE_BINARY names the program
 one of the preset "dev".
 """
 
+import contextlib
 import os
 import pathlib
 import subprocess
@@ -12,7 +13,7 @@ import pytest
 
 from accessible import wait_until_placed
 from app_windows import Settings, Wizard, open_settings
-from desktop import Desktop, Probe, Program, wait_until
+from desktop import Desktop, Probe, Program, end_process, wait_until
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 
@@ -40,36 +41,48 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 """
 
 
-@pytest.fixture
-def bus(tmp_path):
-    """A session bus of the test's own; gives its address."""
-    configuration = tmp_path / "session-bus.conf"
+@contextlib.contextmanager
+def session_bus(folder):
+    configuration = folder / "session-bus.conf"
     configuration.write_text(BUS_CONFIGURATION)
     daemon = subprocess.Popen(
         ["dbus-daemon", f"--config-file={configuration}", "--nofork", "--print-address=1"],
         stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-    yield daemon.stdout.readline().strip()
-    daemon.terminate()
-    daemon.wait(10)
+    try:
+        yield daemon.stdout.readline().strip()
+    finally:
+        end_process(daemon)
 
 
-@pytest.fixture
-def environment(tmp_path, bus):
-    """A home without history and a bus without services. Nothing of the caller's desktop is left."""
+def home(folder, bus):
+    """The variables of a home in this folder."""
     kept = ("PATH", "LANG", "LC_ALL", "TZ", "ASAN_OPTIONS", "TSAN_OPTIONS", "ORVELLE_RENDERER")
     variables = {name: os.environ[name] for name in kept if name in os.environ}
     for name in ("config", "data", "cache", "state", "runtime"):
-        folder = tmp_path / name
-        folder.mkdir(mode=0o700)
+        made = folder / name
+        made.mkdir(mode=0o700)
         key = "XDG_RUNTIME_DIR" if name == "runtime" else f"XDG_{name.upper()}_HOME"
-        variables[key] = str(folder)
-    variables["HOME"] = str(tmp_path)
+        variables[key] = str(made)
+    variables["HOME"] = str(folder)
     variables["DBUS_SESSION_BUS_ADDRESS"] = bus
     variables["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
     # No test reaches a service beyond this machine.
     for root in ("FORECAST", "GEOCODING", "CHART", "SITE"):
         variables[f"ORVELLE_{root}_ROOT"] = "http://127.0.0.1:9"
     return variables
+
+
+@pytest.fixture
+def bus(tmp_path):
+    """A session bus of the test's own; gives its address."""
+    with session_bus(tmp_path) as address:
+        yield address
+
+
+@pytest.fixture
+def environment(tmp_path, bus):
+    """A home without history and a bus without services. Nothing of the caller's desktop is left."""
+    return home(tmp_path, bus)
 
 
 @pytest.fixture

@@ -10,11 +10,15 @@ namespace orvelle {
 namespace {
 
 constexpr const char* dragSelectionName = "XdndSelection";
+/// A source that speaks a later version of the protocol than its target says something else.
+constexpr std::uint32_t latestVersion = 5;
 
 /// Whether the drag that the message announces offers the type of file lists. Three types fit into
 /// the message; where there are more, a property of the source holds them all.
 bool offersFiles(const xcb_client_message_event_t& enter) {
     const auto& data = enter.data.data32;
+    if (data[1] >> 24 > latestVersion)
+        return false;
     constexpr std::uint32_t hasList = 1;
     const auto types = data[1] & hasList ? X11::cardinals(data[0], X11::atom("XdndTypeList"))
                                          : std::vector<std::uint32_t>(data + 2, data + 5);

@@ -38,7 +38,10 @@ TEST(FileURL, AListIsLinesAmongWhichTheFilesCount) {
     EXPECT_EQ(FileURL::list("# comment\r\nfile:///b\r\nhttps://example.org/\r\nfile:///a%20c\n\r\n"
                             "file:///last"),
               (Urls{"file:///b", "file:///a%20c", "file:///last"}));
+    EXPECT_TRUE(FileURL::list("file:///" + std::string(1'000'000, 'a')).empty());
     EXPECT_TRUE(FileURL::list("").empty());
+    EXPECT_EQ(FileURL::list("file:///a\nfile:///b\nfile:///c\n", {}, 2),
+              (std::vector<std::string>{"file:///a", "file:///b"}));
     EXPECT_TRUE(FileURL::list("\r\n\n#file:///a").empty());
 }
 
