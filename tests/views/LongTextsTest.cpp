@@ -102,7 +102,8 @@ TEST_F(LongTextsTest, OfACopiedTextTheBeginningIsLaidOut) {
 TEST_F(LongTextsTest, OfAFileNameTheBeginningIsLaidOut) {
     show(ActivePanel::fileShelf);
     expectBeginning([&](const std::string& text) {
-        fileShelf.items = std::vector{ShelfItem("file:///" + text, 24, platform)};
+        const auto name = text.substr(0, 4000); // longer ones are no file's
+        fileShelf.items = std::vector{ShelfItem("file:///" + name, 24, platform)};
     });
 }
 
