@@ -203,15 +203,15 @@ void KeyboardWalk::checkRound(const std::vector<QQuickItem*>& stops,
 /// Of the list that has this stop: every row has the keyboard in its turn, by Tab or by arrows.
 void KeyboardWalk::checkRows(QQuickItem* stop, const std::vector<QQuickItem*>& stops,
                              std::vector<std::string>& found) {
-    auto* interface = told(stop);
-    if (interface && isControl(interface) && interface->role() != QAccessible::List)
+    auto* known = told(stop);
+    if (known && isControl(known) && known->role() != QAccessible::List)
         return; // in a row, with arrows of its own
     const auto all = allTold(&window_);
     const auto list = std::ranges::find_if(all, [&](auto* interface) {
         return interface->role() == QAccessible::List && isWithin(stop, itemOf(interface));
     });
     if (list == all.end()) {
-        if (!interface)
+        if (!known)
             found.push_back("nobody is told of " + describe(stop));
         return;
     }
