@@ -11,8 +11,10 @@ namespace orvelle {
 namespace {
 
 constexpr Seconds shutdownPatience = 1;
-/// For another process that saves the same list; its saves take milliseconds.
-constexpr Seconds lockPatience = 0.25;
+/// For another process that saves the same list: a save takes milliseconds, on a slow disk seconds,
+/// and one that overtakes it can be overwritten.
+constexpr Seconds lockPatience = 10;
+constexpr Seconds lastLockPatience = 0.25; // at the end of the program
 
 std::string describe(FileSystem::ReadFailure failure) {
     switch (failure) {
@@ -42,10 +44,10 @@ struct ListSaving::Job {
     std::shared_ptr<const Version> saved;
     std::shared_ptr<const Version> refused;
 
-    Outcome run() const {
+    Outcome run(Seconds patience) const {
         // Without a lock, on a file system that has none, another process can come only between
         // the reading and the writing.
-        const auto held = lockAmongWriters(files, path, maximumSize, lockPatience);
+        const auto held = lockAmongWriters(files, path, maximumSize, patience);
         auto own = encoding();
         Outcome outcome;
         outcome.version.own = bytesOf(own);
@@ -104,7 +106,7 @@ ListSaving::~ListSaving() {
         conclude(outcome);
     }
     if (isDue_) {
-        auto outcome = nextJob().run();
+        auto outcome = nextJob().run(lastLockPatience);
         conclude(outcome);
     }
     if (!isDue_)
@@ -137,7 +139,8 @@ ListSaving::Job ListSaving::nextJob() {
 
 void ListSaving::begin() {
     retry_.reset();
-    underWay_ = std::make_shared<Errand<Outcome>>([job = nextJob()] { return job.run(); });
+    underWay_ =
+        std::make_shared<Errand<Outcome>>([job = nextJob()] { return job.run(lockPatience); });
     completion_ =
         runLoop_.detachSaving([errand = underWay_] { errand->run(); }, [this] { adoptOutcome(); });
 }
