@@ -44,10 +44,10 @@ struct ListSaving::Job {
     std::shared_ptr<const Version> saved;
     std::shared_ptr<const Version> refused;
 
-    Outcome run(Seconds patience) const {
+    Outcome run(Seconds longestWait) const {
         // Without a lock, on a file system that has none, another process can come only between
         // the reading and the writing.
-        const auto held = lockAmongWriters(files, path, maximumSize, patience);
+        const auto held = lockAmongWriters(files, path, maximumSize, longestWait);
         auto own = encoding();
         Outcome outcome;
         outcome.version.own = bytesOf(own);

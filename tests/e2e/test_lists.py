@@ -270,7 +270,7 @@ def test_a_deleted_task_comes_back_byte_for_byte(start, openbox, environment):
                "the offer", program.describe)
     click_on(program, "push button", "Undo")
     assert wait_for_entries(path, 3) == before
-    openbox.keys("Delete")
+    openbox.keys("Up", "Delete")
     assert [item["title"] for item in json.loads(wait_for_entries(path, 2))] == ["one", "three"]
     openbox.keys("ctrl+z")
     assert wait_for_entries(path, 3) == before

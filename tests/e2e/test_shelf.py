@@ -379,7 +379,8 @@ def test_a_removed_file_comes_back_or_goes_with_the_offer(openbox, start, filled
     listing = (filled / ".shelf_metadata.json").read_bytes()
     remove_first(openbox, program)
     click_on(program, "push button", "Undo")
-    wait_until(lambda: listed(openbox) == ["a.txt", "b.txt"], "both files", program.describe)
+    wait_until(lambda: sorted(listed(openbox)) == ["a.txt", "b.txt"], "both files",
+               program.describe)
     assert (filled / "a.txt").read_text() == "a.txt"
     assert (filled / ".shelf_metadata.json").read_bytes() == listing
     remove_first(openbox, program)
