@@ -116,6 +116,8 @@ TEST_F(StockTickerPanelTest, aRowKeepsItsHeightWhenItsFiguresArrive) {
     turn();
     window.grabWindow();
     EXPECT_EQ(frameOf("row.1"), before);
+    for (const auto* figure : {"price", "change"})
+        EXPECT_TRUE(frameOf("row.0").contains(frameOf(figure))) << figure;
 }
 
 TEST_F(StockTickerPanelTest, aTypedSymbolIsAddedAndTheFieldIsReadyForTheNext) {

@@ -32,24 +32,23 @@ FocusScope {
         y: root.view.rowInset
         width: parent.width - 2 * x
         // As high as with a quote, so that no row moves when one comes.
-        height: Math.max(texts.height, blank.height) + 2 * root.view.rowVerticalPadding
+        height: Math.max(texts.height, blankPrice.implicitHeight + root.view.rowLineSpacing
+                         + blankChange.implicitHeight) + 2 * root.view.rowVerticalPadding
         focus: true
         background: root.view.rowBackground
         isHighlighted: root.activeFocus
         trailing: root.view.deleteAction
         onTrailingPerformed: root.view.removeTicker(root.entry.id)
 
-        Column {
-            id: blank
+        PanelText {
+            id: blankPrice
             visible: false
-            spacing: root.view.rowLineSpacing
-
-            PanelText {
-                content: root.view.blankFigures.price
-            }
-            PanelText {
-                content: root.view.blankFigures.change
-            }
+            content: root.view.blankFigures.price
+        }
+        PanelText {
+            id: blankChange
+            visible: false
+            content: root.view.blankFigures.change
         }
         Column {
             id: texts

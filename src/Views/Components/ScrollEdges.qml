@@ -9,6 +9,8 @@ WheelArea {
     required property Flickable list
     property Item area: list // that takes the wheel
     readonly property real fade: 14
+    readonly property bool cutsRows: pitch === 0
+                                     || Math.abs(whole(list.contentY) - list.contentY) > 0.5
     property real edge: 0 // between the list's last row and its end
     property real pitch: 0 // of the rows, where only whole ones are to be shown
     readonly property real first: list.originY - list.topMargin
@@ -23,6 +25,10 @@ WheelArea {
 
     function clamped(y) {
         return Math.max(first, Math.min(last, y))
+    }
+    // For an end with this much of the list behind it.
+    function shareOfFade(hidden) {
+        return cutsRows ? Math.max(0, Math.min(1, hidden / fade)) : 0
     }
     function whole(y) {
         return pitch > 0 ? first + Math.round((y - first) / pitch) * pitch : y
@@ -114,7 +120,7 @@ WheelArea {
             objectName: "upperFade"
             width: parent.width
             height: root.fade
-            opacity: Math.max(0, Math.min(1, (root.list.contentY - root.first) / height))
+            opacity: root.shareOfFade(root.list.contentY - root.first)
             visible: opacity > 0
             gradient: Gradient {
                 GradientStop { position: 0; color: "black" }
@@ -126,7 +132,7 @@ WheelArea {
             anchors.bottom: parent.bottom
             width: parent.width
             height: root.fade
-            opacity: Math.max(0, Math.min(1, (root.last - root.list.contentY) / height))
+            opacity: root.shareOfFade(root.last - root.list.contentY)
             visible: opacity > 0
             gradient: Gradient {
                 GradientStop { position: 0; color: "transparent" }
