@@ -17,18 +17,18 @@ const std::string lockTool =
     "/System/Library/CoreServices/Menu Extras/User.menu/Contents/Resources/CGSession";
 const QString loginName = QStringLiteral("org.freedesktop.login1");
 const QString loginPath = QStringLiteral("/org/freedesktop/login1");
-const QString manager = QStringLiteral("org.freedesktop.login1.Manager");
+const QString managerName = QStringLiteral("org.freedesktop.login1.Manager");
 
 /// A login manager whose one session stands at its own path.
 class LoginManager : public MockService {
 public:
     explicit LoginManager(PrivateBus& bus)
-        : MockService(bus, loginName, loginPath, empty(loginName, loginPath, manager)) {
+        : MockService(bus, loginName, loginPath, empty(loginName, loginPath, managerName)) {
         addMethod(QStringLiteral("org.freedesktop.login1.Session"), QStringLiteral("Lock"),
                   QString(), QString(), QString());
     }
     void findBy(const QString& method, const QString& input) {
-        addMethod(manager, method, input, QStringLiteral("o"),
+        addMethod(managerName, method, input, QStringLiteral("o"),
                   QStringLiteral("ret = '/org/freedesktop/login1'"));
     }
 };

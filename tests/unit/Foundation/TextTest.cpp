@@ -61,7 +61,7 @@ TEST(TextTest, APartIsFoundWhereverItStandsAndHoweverOftenItsLastByteComes) {
     EXPECT_FALSE(Text::contains("bc", "abc"));
     EXPECT_TRUE(Text::contains("a\u00e4\u00fc", "\u00fc"));
     EXPECT_FALSE(Text::contains("a\u00e4\u00f6", "\u00fc"));
-    for (const std::size_t before : {0, 1, 62, 63, 64, 65, 66, 1000}) {
+    for (const std::size_t before : {0u, 1u, 62u, 63u, 64u, 65u, 66u, 1000u}) {
         const std::string many(before, 'b');
         EXPECT_TRUE(Text::contains(many + "ab", "ab")) << before;
         EXPECT_TRUE(Text::contains(many + "ab" + many, "ab")) << before;
