@@ -1,4 +1,5 @@
 #include "Support/Replies.h"
+#include "Views/Qt/SymbolItem.h"
 #include "views/ViewFixture.h"
 
 #include <QImage>
@@ -22,6 +23,11 @@ protected:
     void save(int count) {
         for (int index = 0; index < count; ++index)
             weather.addSavedLocation({UUID::random(), "Oslo", 60, 10});
+    }
+    SymbolItem* symbolIn(const QString& name) {
+        auto* part = item(name);
+        auto* symbol = qobject_cast<SymbolItem*>(part);
+        return symbol ? symbol : part->findChild<SymbolItem*>();
     }
     QString valueOf(const QString& chip) {
         std::function<QQuickItem*(QQuickItem*)> find = [&](QQuickItem* at) -> QQuickItem* {
@@ -48,6 +54,17 @@ TEST_F(WeatherPanelTest, showsTheConditions) {
     EXPECT_EQ(valueOf("chip.Humid"), "41%");
     EXPECT_EQ(valueOf("chip.Wind"), "9");
     EXPECT_EQ(textOf("updatedAgo"), "Updated just now");
+}
+
+TEST_F(WeatherPanelTest, itsButtonsAreBoldAndItsSkyHasTwoTones) {
+    save(2);
+    show(ActivePanel::weather);
+    for (const auto* name : {"previousLocation", "nextLocation", "refreshButton"}) {
+        EXPECT_EQ(symbolIn(name)->weight(), QFont::Bold) << name;
+        EXPECT_FALSE(symbolIn(name)->isHierarchical()) << name;
+    }
+    EXPECT_TRUE(symbolIn("conditionIcon")->isHierarchical());
+    EXPECT_EQ(symbolIn("conditionIcon")->weight(), QFont::Normal);
 }
 
 TEST_F(WeatherPanelTest, everythingStandsOnTheCardInItsOrder) {
