@@ -243,8 +243,10 @@ TEST_F(RowPullTest, APressElsewhereClosesItAndActsThere) {
 }
 
 TEST_F(RowPullTest, ScrollingClosesIt) {
-    EXPECT_TRUE(wheel(frameOf("entries").center(), -60));
+    const auto* row = item("row.0");
+    EXPECT_TRUE(wheel(frameOf("entries").center(), -20));
     EXPECT_TRUE(comesTo("row.0", 0));
+    EXPECT_EQ(item("row.0"), row) << "the same row, still in sight";
 }
 
 TEST_F(RowPullTest, EscapeClosesItAndThenThePanel) {
