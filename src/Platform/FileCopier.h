@@ -43,9 +43,9 @@ public:
     /// meanwhile is copied to the length that it had.
     ///
     /// Refused are what is no file and no folder, a name that is no single component or is
-    /// `stagingName`, and a folder that holds `folder`. A symbolic link is followed; within a
-    /// folder links are copied as they are, and what is no file is left out. Gives up soon after
-    /// `cancelled` is set.
+    /// `stagingName`, a folder that holds `folder`, and what the kernel makes up. A symbolic link
+    /// is followed; within a folder links are copied as they are, and what is no file is left out.
+    /// Gives up soon after `cancelled` is set.
     virtual Outcome copy(const std::string& source, const std::string& folder,
                          const std::string& name, const std::atomic<bool>& cancelled) = 0;
     /// Removes a file, or a folder with all that is in it, following no link. False when something

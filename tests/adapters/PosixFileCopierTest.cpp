@@ -259,6 +259,26 @@ TEST_F(PosixFileCopierTest, AFolderThatHoldsTheShelfIsRefused) {
     expectOnShelf({});
 }
 
+TEST_F(PosixFileCopierTest, AFolderThatHoldsTheShelfIsRefusedBeforeAnythingIsCopied) {
+    home.write("share/a", "a");
+    const timespec longAgo[] = {{1, 0}, {1, 0}};
+    for (const auto& source :
+         {home.path(), home / "share", shelf, std::string("/proc/self/root")}) {
+        ASSERT_EQ(utimensat(AT_FDCWD, shelf.c_str(), longAgo, 0), 0);
+        EXPECT_TRUE(copy(source, "copied").failure) << source;
+        EXPECT_EQ(statusOf(shelf).st_mtim.tv_sec, 1) << source << " was begun";
+    }
+}
+
+TEST_F(PosixFileCopierTest, WhatTheKernelMakesUpIsNoFile) {
+    fs::create_symlink("/proc/self", home / "link");
+    for (const char* source : {"/proc/self/environ", "/proc/self", "/proc/sys/kernel/ostype",
+                               "/sys/kernel", "/sys/devices/system/cpu/online"})
+        EXPECT_TRUE(copy(source, "copied").failure) << source;
+    EXPECT_TRUE(copy(home / "link", "copied").failure);
+    expectOnShelf({});
+}
+
 TEST_F(PosixFileCopierTest, AnEndlesslyDeepFolderIsRefused) {
     std::string path = home / "deep";
     for (int depth = 0; depth < 150; ++depth)

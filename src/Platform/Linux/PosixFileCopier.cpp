@@ -6,13 +6,17 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <memory>
 #include <string_view>
 #include <system_error>
@@ -32,6 +36,34 @@ std::string describe(int error) {
     return std::generic_category().message(error);
 }
 
+/// Whether the kernel makes up what is read there, some of it without an end.
+bool isMadeUp(int file) {
+    struct statfs system {};
+    if (fstatfs(file, &system) != 0)
+        return false;
+    constexpr unsigned long madeUp[] = {PROC_SUPER_MAGIC, SYSFS_MAGIC,        DEBUGFS_MAGIC,
+                                        TRACEFS_MAGIC,    CGROUP_SUPER_MAGIC, CGROUP2_SUPER_MAGIC,
+                                        SECURITYFS_MAGIC};
+    return std::ranges::find(madeUp, static_cast<unsigned long>(system.f_type)) != std::end(madeUp);
+}
+
+bool isSame(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+/// Whether the folder, or one that it lies in, is the source: to copy that would have no end.
+bool holds(const struct stat& source, const std::string& folder) {
+    Descriptor at(open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    struct stat status {
+    }, above{};
+    while (at && fstat(at.get(), &status) == 0 && !isSame(status, source)) {
+        at = Descriptor(openat(at.get(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+        if (!at || fstat(at.get(), &above) != 0 || isSame(above, status))
+            return false; // the root, which is its own parent
+    }
+    return isSame(status, source);
+}
+
 /// Opens what can be copied, without waiting: opening a device can do something, so it is looked at
 /// first, and again after, when another may have taken its place. An error's number otherwise.
 int openSource(int folder, const char* name, int linkFlag, Descriptor& opened,
@@ -46,7 +78,7 @@ int openSource(int folder, const char* name, int linkFlag, Descriptor& opened,
         Descriptor(openat(folder, name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | noFollow));
     if (!opened || fstat(opened.get(), &status) != 0)
         return errno;
-    return isCopied() ? 0 : EINVAL;
+    return isCopied() && !isMadeUp(opened.get()) ? 0 : EINVAL;
 }
 
 /// One copy, from its source into the staging folder.
@@ -83,8 +115,7 @@ private:
         struct stat status {};
         if (fstat(source.get(), &status) != 0)
             return errno;
-        const bool isShelf = status.st_dev == shelf_.st_dev && status.st_ino == shelf_.st_ino;
-        if (isShelf || depth > deepestFolder)
+        if (isSame(status, shelf_) || depth > deepestFolder)
             return ELOOP;
         if (mkdirat(into, name, privateFolderMode) != 0)
             return errno;
@@ -187,6 +218,9 @@ FileCopier::Outcome PosixFileCopier::copy(const std::string& source, const std::
     Descriptor opened;
     if (const int failure = openSource(AT_FDCWD, source.c_str(), 0, opened, status))
         return failed(failure == EINVAL ? "It is neither a file nor a folder." : describe(failure));
+
+    if (S_ISDIR(status.st_mode) && holds(status, folder))
+        return failed("It holds the shelf itself.");
 
     const auto staging = folder + "/" + stagingName;
     const auto staged = staging + "/" + name;
