@@ -15,10 +15,12 @@
 #include <algorithm>
 #include <atomic>
 #include <ctime>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <thread>
+#include <utility>
 
 namespace orvelle {
 namespace {
@@ -45,6 +47,8 @@ public:
     std::vector<std::string> slowFolders; ///< set before anything is read
     mutable Gate slowness;
     std::atomic_bool refuses = false;
+    std::string meddledFolder;            ///< likewise
+    mutable std::function<void()> meddle; ///< done once, just before that folder is watched
     mutable std::atomic_int calls = 0;
     mutable std::atomic_int callsOnMainThread = 0;
 
@@ -73,6 +77,8 @@ public:
     }
     int watch(int inotify, const std::string& folder) const override {
         enter(folder);
+        if (folder == meddledFolder && meddle)
+            std::exchange(meddle, nullptr)();
         return CalendarDisk::watch(inotify, folder);
     }
 
@@ -179,6 +185,16 @@ TEST_F(IcalEventStoreTest, TellsOfWhatOtherProgramsDo) {
     EXPECT_TRUE(comeToShow({"B", "C"}));
     home.remove("data/khal");
     EXPECT_TRUE(comeToShow({}));
+}
+
+TEST_F(IcalEventStoreTest, WatchesAFolderThatIsMadeWhileItBeginsToWatch) {
+    home.write("data/khal/calendars/work/a.ics", presentEvent("A"));
+    disk->meddledFolder = home / "data/khal/calendars";
+    disk->meddle = [this] { home.write("data/khal/calendars/private/b.ics", presentEvent("B")); };
+    observe();
+    EXPECT_TRUE(comeToShow({"A", "B"}));
+    home.write("data/khal/calendars/private/c.ics", presentEvent("C"));
+    EXPECT_TRUE(comeToShow({"A", "B", "C"}));
 }
 
 TEST_F(IcalEventStoreTest, ReadsNothingBeforeSomeoneObserves) {

@@ -41,14 +41,19 @@ bool readAll(const Descriptor& file, IcalFile& calendar) {
 
 } // namespace
 
-/// What is read was watched before, so that no change comes between.
+/// What is read was watched before, so that no change comes between: also not the making of a
+/// folder that nobody watched yet.
 CalendarFolders CalendarReader::watchedFolders(const Descriptor& inotify,
                                                FolderWatch::Watches& watches) {
+    constexpr int mostTries = 10; // of folders that come and go; their own change calls again
     auto folders = CalendarFolders::find(place_, disk_);
-    watches = FolderWatch::add(inotify, folders.visited, disk_);
-    if (folders.visited != watched_)
+    for (int tries = 0; tries < mostTries; ++tries) {
+        watches = FolderWatch::add(inotify, folders.visited, disk_);
+        if (folders.visited == watched_)
+            break;
+        watched_ = folders.visited;
         folders = CalendarFolders::find(place_, disk_);
-    watched_ = folders.visited;
+    }
     return folders;
 }
 
