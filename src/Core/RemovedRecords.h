@@ -83,17 +83,17 @@ private:
     }
 };
 
-/// Takes records out of a manager's list, and offers them back.
+/// Takes records out of a manager's list, and offers them back where there is an `undo`.
 template <class Manager, class Take>
-void removeWithUndo(UndoOffer& undo, Manager& manager, std::string text, Take take) {
+void removeWithUndo(UndoOffer* undo, Manager& manager, std::string text, Take take) {
     using List = std::remove_cvref_t<decltype(manager.items.get())>;
     using Removed = RemovedRecords<typename List::value_type>;
     const auto before = manager.items.get();
     take();
     auto removed = Removed::between(before, manager.items.get());
-    if (removed.records.empty())
+    if (!undo || removed.records.empty())
         return;
-    undo.offer(
+    undo->offer(
         {std::move(text), [&manager, removed = std::move(removed)] { manager.restore(removed); }});
 }
 

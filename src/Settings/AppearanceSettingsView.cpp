@@ -15,7 +15,7 @@ constexpr SettingsRange fraction{0, 1, 0.01};
 
 } // namespace
 
-AppearanceSettingsView::AppearanceSettingsView(UndoOffer& undo, Platform& platform)
+AppearanceSettingsView::AppearanceSettingsView(Platform& platform, UndoOffer* undo)
     : SettingsPage(platform.userDefaults()), undo_(undo) {
     refresh();
 }

@@ -10,7 +10,8 @@ class UndoOffer;
 /// The appearance page of the settings.
 class AppearanceSettingsView : public SettingsPage {
 public:
-    explicit AppearanceSettingsView(UndoOffer& undo, Platform& platform = Platform::shared());
+    explicit AppearanceSettingsView(Platform& platform = Platform::shared(),
+                                    UndoOffer* undo = nullptr);
 
     /// The id of the row with the button.
     static constexpr std::string_view reset = "resetDefaults";
@@ -27,7 +28,7 @@ private:
     void appendMode(std::vector<SettingsRow>& list, std::string_view mode) const;
     SettingsRow colorRow(std::string label, const SettingKey<double>& key) const;
 
-    UndoOffer& undo_;
+    UndoOffer* undo_;
 };
 
 } // namespace orvelle

@@ -141,7 +141,7 @@ void GeneralSettingsView::pressed(std::string_view id) {
         environment_.reportBug();
     else if (id == reset)
         resetWithUndo(
-            defaults_, environment_.undo, "Settings reset", [this] { resetDefaults(); },
+            defaults_, &environment_.undo, "Settings reset", [this] { resetDefaults(); },
             // The page may be gone by then.
             [&platform = platform_] {
                 const auto& key = Settings::launchAtLogin.name;

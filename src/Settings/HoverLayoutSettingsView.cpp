@@ -64,7 +64,9 @@ void HoverLayoutSettingsView::setVisible(std::string_view id, bool isVisible) {
 void HoverLayoutSettingsView::reset() {
     const auto former = manager_.placements.get();
     manager_.resetToDefaults();
-    undo_.offer({"Hover bar reset", [&manager = manager_, former] { manager.restore(former); }});
+    if (undo_)
+        undo_->offer(
+            {"Hover bar reset", [&manager = manager_, former] { manager.restore(former); }});
 }
 
 } // namespace orvelle

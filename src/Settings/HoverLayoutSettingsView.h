@@ -36,7 +36,8 @@ public:
     static constexpr double pickerWidth = 120;
     static constexpr double resetTextSize = 11;
 
-    HoverLayoutSettingsView(HoverLayoutManager& manager, const ThemeManager& theme, UndoOffer& undo)
+    HoverLayoutSettingsView(HoverLayoutManager& manager, const ThemeManager& theme,
+                            UndoOffer* undo = nullptr)
         : manager_(manager), theme_(theme), undo_(undo) {}
 
     static std::string_view zoneName(HoverWidgetPosition zone);
@@ -55,7 +56,7 @@ private:
 
     HoverLayoutManager& manager_;
     const ThemeManager& theme_;
-    UndoOffer& undo_;
+    UndoOffer* undo_;
 };
 
 } // namespace orvelle

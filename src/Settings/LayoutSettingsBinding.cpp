@@ -14,7 +14,8 @@ std::optional<HoverWidgetPosition> zoneFrom(const QString& rawValue) {
 
 void HoverLayoutSettingsBinding::attach(const ViewEnvironment& environment) {
     theme_ = &environment.notch.themeManager;
-    view_.emplace(environment.notch.hoverLayoutManager, *theme_, environment.settings.value().undo);
+    view_.emplace(environment.notch.hoverLayoutManager, *theme_,
+                  &environment.settings.value().undo);
     QVariantList shown;
     for (const auto zone : allHoverWidgetPositions)
         shown.push_back(
@@ -67,7 +68,7 @@ void HoverLayoutSettingsBinding::setVisible(const QString& id, bool isVisible) {
 
 void PanelOrderSettingsBinding::attach(const ViewEnvironment& environment) {
     const auto& theme = environment.notch.themeManager;
-    view_.emplace(environment.notch.panelOrderManager, theme, environment.settings.value().undo);
+    view_.emplace(environment.notch.panelOrderManager, theme, &environment.settings.value().undo);
     follow(environment.notch.panelOrderManager.panelOrder, theme);
 }
 

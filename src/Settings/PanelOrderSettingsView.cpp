@@ -50,7 +50,8 @@ void PanelOrderSettingsView::toggleVisibility(std::string_view id) {
 void PanelOrderSettingsView::reset() {
     const auto former = manager_.panelOrder.get();
     manager_.resetToDefaults();
-    undo_.offer({"Panels reset", [&manager = manager_, former] { manager.restore(former); }});
+    if (undo_)
+        undo_->offer({"Panels reset", [&manager = manager_, former] { manager.restore(former); }});
 }
 
 } // namespace orvelle

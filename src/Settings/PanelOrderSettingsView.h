@@ -33,7 +33,8 @@ public:
     static constexpr double symbolWidth = 16;
     static constexpr double resetTextSize = 11;
 
-    PanelOrderSettingsView(PanelOrderManager& manager, const ThemeManager& theme, UndoOffer& undo)
+    PanelOrderSettingsView(PanelOrderManager& manager, const ThemeManager& theme,
+                           UndoOffer* undo = nullptr)
         : manager_(manager), theme_(theme), undo_(undo) {}
 
     std::vector<PanelRow> rows() const;
@@ -48,7 +49,7 @@ private:
 
     PanelOrderManager& manager_;
     const ThemeManager& theme_;
-    UndoOffer& undo_;
+    UndoOffer* undo_;
 };
 
 } // namespace orvelle

@@ -124,8 +124,8 @@ std::unique_ptr<SettingsPage> GeneralSettingsBinding::makePage(const ViewEnviron
 
 std::unique_ptr<SettingsPage>
 AppearanceSettingsBinding::makePage(const ViewEnvironment& environment) {
-    return std::make_unique<AppearanceSettingsView>(environment.settings.value().undo,
-                                                    environment.platform);
+    return std::make_unique<AppearanceSettingsView>(environment.platform,
+                                                    &environment.settings.value().undo);
 }
 
 std::unique_ptr<SettingsPage> FeatureSettingsBinding::makePage(const ViewEnvironment& environment) {

@@ -25,26 +25,28 @@ std::optional<DefaultsValue> valueIn(const Values& values, const std::string& ke
 
 } // namespace
 
-void resetWithUndo(UserDefaults& defaults, UndoOffer& undo, std::string text,
+void resetWithUndo(UserDefaults& defaults, UndoOffer* undo, std::string text,
                    const std::function<void()>& reset, std::function<void()> undone) {
+    if (!undo)
+        return reset();
     const auto before = valuesOf(defaults);
     reset();
     auto after = valuesOf(defaults);
     std::erase_if(after, [&](const auto& entry) {
         return valueIn(before, entry.first) == std::optional(entry.second);
     });
-    undo.offer({std::move(text), [&defaults, before, after, undone = std::move(undone)] {
-                    for (const auto& [key, value] : after) {
-                        if (defaults.object(key) != std::optional(value))
-                            continue;
-                        if (const auto former = valueIn(before, key))
-                            defaults.set(key, *former);
-                        else
-                            defaults.remove(key);
-                    }
-                    if (undone)
-                        undone();
-                }});
+    undo->offer({std::move(text), [&defaults, before, after, undone = std::move(undone)] {
+                     for (const auto& [key, value] : after) {
+                         if (defaults.object(key) != std::optional(value))
+                             continue;
+                         if (const auto former = valueIn(before, key))
+                             defaults.set(key, *former);
+                         else
+                             defaults.remove(key);
+                     }
+                     if (undone)
+                         undone();
+                 }});
 }
 
 } // namespace orvelle

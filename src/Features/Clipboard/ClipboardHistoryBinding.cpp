@@ -20,7 +20,7 @@ static ClipboardRowValue toQt(const ClipboardHistoryView::ClipboardItemRow& row)
 
 void ClipboardHistoryBinding::attach(const ViewEnvironment& environment) {
     auto& manager = environment.notch.clipboardManager;
-    view_.emplace(manager, environment.notch.undo, environment.platform);
+    view_.emplace(manager, environment.platform, &environment.notch.undo);
     follow(manager.items);
 }
 

@@ -43,8 +43,9 @@ public:
         bool operator==(const ClipboardItemRow&) const = default;
     };
 
-    ClipboardHistoryView(ClipboardManager& manager, UndoOffer& undo,
-                         Platform& platform = Platform::shared())
+    explicit ClipboardHistoryView(ClipboardManager& manager,
+                                  Platform& platform = Platform::shared(),
+                                  UndoOffer* undo = nullptr)
         : manager_(manager), undo_(undo), platform_(platform) {}
 
     static constexpr double spacing = 8;
@@ -74,7 +75,7 @@ private:
     ClipboardItemRow row(const ClipboardItem& item) const;
 
     ClipboardManager& manager_;
-    UndoOffer& undo_;
+    UndoOffer* undo_;
     Platform& platform_;
 };
 

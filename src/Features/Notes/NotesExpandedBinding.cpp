@@ -8,7 +8,7 @@ namespace orvelle {
 void NotesExpandedBinding::attach(const ViewEnvironment& environment) {
     auto& manager = environment.notch.notesManager;
     view_ =
-        std::make_unique<NotesExpandedView>(manager, environment.notch.undo, environment.platform);
+        std::make_unique<NotesExpandedView>(manager, environment.platform, &environment.notch.undo);
     follow(manager.items);
 }
 

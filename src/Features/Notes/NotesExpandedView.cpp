@@ -31,7 +31,7 @@ std::vector<EntryList::Row> NotesExpandedView::rows() const {
 }
 
 std::vector<MenuEntry> NotesExpandedView::contextMenu() const {
-    const auto clear = [&manager = manager_, &undo = undo_] {
+    const auto clear = [&manager = manager_, undo = undo_] {
         removeWithUndo(undo, manager, "All notes cleared", [&manager] { manager.clear(); });
     };
     return {{.title = "Clear All Notes", .perform = clear, .isDestructive = true}};

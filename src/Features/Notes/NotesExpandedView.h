@@ -12,8 +12,8 @@ class UndoOffer;
 /// The panel of the notes.
 class NotesExpandedView : public EntryList {
 public:
-    NotesExpandedView(NotesManager& manager, UndoOffer& undo,
-                      Platform& platform = Platform::shared())
+    explicit NotesExpandedView(NotesManager& manager, Platform& platform = Platform::shared(),
+                               UndoOffer* undo = nullptr)
         : manager_(manager), undo_(undo), platform_(platform) {}
 
     std::string_view prompt() const override { return "Add a note..."; }
@@ -32,7 +32,7 @@ private:
     void copyNote(UUID id);
 
     NotesManager& manager_;
-    UndoOffer& undo_;
+    UndoOffer* undo_;
     Platform& platform_;
 };
 

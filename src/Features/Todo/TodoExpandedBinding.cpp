@@ -7,7 +7,7 @@ namespace orvelle {
 
 void TodoExpandedBinding::attach(const ViewEnvironment& environment) {
     auto& manager = environment.notch.todoManager;
-    view_ = std::make_unique<TodoExpandedView>(manager, environment.notch.undo);
+    view_ = std::make_unique<TodoExpandedView>(manager, &environment.notch.undo);
     follow(manager.items);
 }
 

@@ -40,7 +40,7 @@ std::vector<MenuEntry> TodoExpandedView::contextMenu() const {
     if (std::none_of(items.begin(), items.end(),
                      [](const TodoItem& item) { return item.isCompleted; }))
         return {};
-    const auto clear = [&manager = manager_, &undo = undo_] {
+    const auto clear = [&manager = manager_, undo = undo_] {
         removeWithUndo(undo, manager, "Completed tasks cleared",
                        [&manager] { manager.clearCompleted(); });
     };

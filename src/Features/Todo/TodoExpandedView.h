@@ -11,7 +11,8 @@ class UndoOffer;
 /// The checklist's panel.
 class TodoExpandedView : public EntryList {
 public:
-    TodoExpandedView(TodoManager& manager, UndoOffer& undo) : manager_(manager), undo_(undo) {}
+    explicit TodoExpandedView(TodoManager& manager, UndoOffer* undo = nullptr)
+        : manager_(manager), undo_(undo) {}
 
     std::string_view prompt() const override { return "Add a task..."; }
     FilePlaceholder emptyState() const override;
@@ -27,7 +28,7 @@ private:
     static Row todoRowContent(const TodoItem& item);
 
     TodoManager& manager_;
-    UndoOffer& undo_;
+    UndoOffer* undo_;
 };
 
 } // namespace orvelle

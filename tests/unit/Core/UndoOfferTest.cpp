@@ -181,7 +181,7 @@ TEST_F(UndoneListsTest, TasksAreOnTheDiskAsBefore) {
         app.todoManager.addItem(title);
     app.todoManager.toggleItem(app.todoManager.items.get()[0]);
     app.todoManager.toggleItem(app.todoManager.items.get()[2]);
-    TodoExpandedView view(app.todoManager, app.panelUndo);
+    TodoExpandedView view(app.todoManager, &app.panelUndo);
     expectFileBack("todo_items.json", [&] { view.performTrailing(view.rows()[1].id); });
     expectFileBack("todo_items.json", [&] { view.contextMenu().front().perform(); });
 }
@@ -189,7 +189,7 @@ TEST_F(UndoneListsTest, TasksAreOnTheDiskAsBefore) {
 TEST_F(UndoneListsTest, NotesAreOnTheDiskAsBefore) {
     for (const char* text : {"a", "b", "c"})
         app.notesManager.addItem(text);
-    NotesExpandedView view(app.notesManager, app.panelUndo, platform);
+    NotesExpandedView view(app.notesManager, platform, &app.panelUndo);
     expectFileBack("note_items.json", [&] { view.performTrailing(view.rows()[2].id); });
     expectFileBack("note_items.json", [&] { view.contextMenu().front().perform(); });
 }
@@ -197,7 +197,7 @@ TEST_F(UndoneListsTest, NotesAreOnTheDiskAsBefore) {
 TEST_F(UndoneListsTest, ATaskComesBackBesideWhatAnotherProgramAddedMeanwhile) {
     app.todoManager.addItem("a");
     app.todoManager.addItem("b");
-    TodoExpandedView view(app.todoManager, app.panelUndo);
+    TodoExpandedView view(app.todoManager, &app.panelUndo);
     view.performTrailing(view.rows()[0].id);
     runPosted();
     const auto other = file("todo_items.json");
@@ -215,7 +215,7 @@ TEST_F(UndoneListsTest, ATaskComesBackBesideWhatAnotherProgramAddedMeanwhile) {
 
 TEST_F(UndoneListsTest, NothingToRemoveLeavesTheFormerOffer) {
     app.todoManager.addItem("a");
-    TodoExpandedView view(app.todoManager, app.panelUndo);
+    TodoExpandedView view(app.todoManager, &app.panelUndo);
     view.performTrailing(view.rows()[0].id);
     view.performTrailing(UUID::random());
     EXPECT_EQ(app.panelUndo.text.get(), "Task deleted");
@@ -239,7 +239,7 @@ protected:
         return joined;
     }
 
-    ClipboardHistoryView view{app.clipboardManager, app.panelUndo, platform};
+    ClipboardHistoryView view{app.clipboardManager, platform, &app.panelUndo};
 };
 
 TEST_F(UndoneTextsTest, ATextComesBackAtItsPlaceWithItsIdentifier) {
@@ -382,7 +382,7 @@ TEST_F(UndoneSettingsTest, AllSettingsAreAsBeforeUnsetOnesToo) {
     EXPECT_EQ(stored(), before);
     EXPECT_TRUE(platform.loginItemPort.isEnrolled);
 
-    AppearanceSettingsView appearance(app.settingsUndo, platform);
+    AppearanceSettingsView appearance(platform, &app.settingsUndo);
     appearance.press(AppearanceSettingsView::reset);
     EXPECT_NE(stored(), before);
     app.settingsUndo.undo();
@@ -414,13 +414,13 @@ TEST_F(UndoneSettingsTest, TheOrdersOfPanelsAndWidgetsComeBack) {
     app.panelOrderManager.reorder({3}, 0);
     app.hoverLayoutManager.toggleVisibility("media");
     const auto before = stored();
-    PanelOrderSettingsView panels(app.panelOrderManager, app.themeManager, app.settingsUndo);
+    PanelOrderSettingsView panels(app.panelOrderManager, app.themeManager, &app.settingsUndo);
     panels.reset();
     EXPECT_NE(stored(), before);
     app.settingsUndo.undo();
     EXPECT_EQ(stored(), before);
     EXPECT_EQ(app.panelOrderManager.allPanelsSorted()[0].id, "time");
-    HoverLayoutSettingsView widgets(app.hoverLayoutManager, app.themeManager, app.settingsUndo);
+    HoverLayoutSettingsView widgets(app.hoverLayoutManager, app.themeManager, &app.settingsUndo);
     widgets.reset();
     EXPECT_NE(stored(), before);
     app.settingsUndo.undo();

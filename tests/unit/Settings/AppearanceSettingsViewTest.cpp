@@ -14,7 +14,7 @@ using Labels = std::vector<std::string>;
 class AppearanceSettingsViewTest : public AppFixture {
 protected:
     UndoOffer undo{platform.runLoopPort};
-    AppearanceSettingsView page{undo, platform};
+    AppearanceSettingsView page{platform, &undo};
 
     SettingsRow row(std::string_view id) { return rowOf(page, id); }
     std::vector<std::pair<std::string, std::string>> choices(std::string_view id) {

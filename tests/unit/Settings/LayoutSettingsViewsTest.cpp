@@ -12,8 +12,8 @@ using Zone = HoverWidgetPosition;
 
 class LayoutSettingsViewsTest : public AppFixture {
 protected:
-    HoverLayoutSettingsView widgets{app.hoverLayoutManager, app.themeManager, app.settingsUndo};
-    PanelOrderSettingsView panels{app.panelOrderManager, app.themeManager, app.settingsUndo};
+    HoverLayoutSettingsView widgets{app.hoverLayoutManager, app.themeManager, &app.settingsUndo};
+    PanelOrderSettingsView panels{app.panelOrderManager, app.themeManager, &app.settingsUndo};
 
     template <class Rows>
     static Ids ids(const Rows& rows) {

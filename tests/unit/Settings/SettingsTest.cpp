@@ -71,7 +71,7 @@ TEST_F(SettingsTest, AGeneralResetWritesItsKeysAndNoOthers) {
 }
 
 TEST_F(SettingsTest, AnAppearanceResetWritesItsKeysAndNoOthers) {
-    AppearanceSettingsView(app.settingsUndo, platform).resetDefaults();
+    AppearanceSettingsView(platform).resetDefaults();
     EXPECT_EQ(
         defaults().keys(),
         (std::vector<std::string>{"animationSpeed", "customAccentHue", "customAccentSaturation",

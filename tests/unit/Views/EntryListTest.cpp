@@ -16,8 +16,8 @@ protected:
     TodoManager todo{platform};
     NotesManager notes{platform};
     UndoOffer undo{platform.runLoopPort};
-    TodoExpandedView todoView{todo, undo};
-    NotesExpandedView notesView{notes, undo, platform};
+    TodoExpandedView todoView{todo, &undo};
+    NotesExpandedView notesView{notes, platform, &undo};
 };
 
 TEST_F(EntryListTest, ATaskCanBeDoneAndACompletedOneUndone) {

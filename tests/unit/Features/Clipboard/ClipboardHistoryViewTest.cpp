@@ -30,7 +30,7 @@ protected:
     SimulatedPlatform platform;
     ClipboardManager manager{platform};
     UndoOffer undo{platform.runLoopPort};
-    ClipboardHistoryView view{manager, undo, platform};
+    ClipboardHistoryView view{manager, platform, &undo};
 };
 
 TEST_F(ClipboardHistoryViewTest, TheSearchDisregardsCaseAndLooksAtTheContentAlone) {
